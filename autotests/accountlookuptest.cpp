@@ -1,0 +1,320 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "accountfixtures.h"
+#include "describe.h"
+#include "messagerecorder.h"
+#include "sandbox.h"
+
+#include <UserInfo>
+
+#include <QTest>
+
+#include <cstdlib>
+
+#include <dlfcn.h>
+#include <grp.h>
+#include <pwd.h>
+
+// What one public call asks of the C library, seen by standing in for its functions.
+
+namespace
+{
+struct Calls {
+    QStringList opened;
+    int closed = 0;
+    QVector<gid_t> groupIds;
+    QStringList groupNames;
+};
+
+Calls *s_calls = nullptr;
+bool s_failNextIdBuffer = false;
+bool s_failResize = false;
+int s_freedIdBuffers = 0;
+void *s_idBuffer = nullptr;
+
+constexpr size_t idBufferSize = 16 * sizeof(gid_t);
+
+template<typename Function> Function *original(Function *, const char *name)
+{
+    return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
+}
+}
+
+extern "C" Q_DECL_EXPORT FILE *fopen(const char *path, const char *mode)
+{
+    static const auto next = original(fopen, "fopen");
+    if (s_calls) {
+        s_calls->opened.append(QStringLiteral("%1 %2").arg(QLatin1String(path), QLatin1String(mode)));
+    }
+    return next(path, mode);
+}
+
+extern "C" Q_DECL_EXPORT int fclose(FILE *file)
+{
+    static const auto next = original(fclose, "fclose");
+    if (s_calls) {
+        ++s_calls->closed;
+    }
+    return next(file);
+}
+
+extern "C" Q_DECL_EXPORT group *getgrgid(gid_t gid)
+{
+    static const auto next = original(getgrgid, "getgrgid");
+    if (s_calls) {
+        s_calls->groupIds.append(gid);
+    }
+    return next(gid);
+}
+
+extern "C" Q_DECL_EXPORT group *getgrnam(const char *name)
+{
+    static const auto next = original(getgrnam, "getgrnam");
+    if (s_calls) {
+        s_calls->groupNames.append(QString::fromLatin1(name));
+    }
+    return next(name);
+}
+
+extern "C" Q_DECL_EXPORT void *malloc(size_t size) noexcept
+{
+    static const auto next = original(malloc, "malloc");
+    if (s_failNextIdBuffer && size == idBufferSize) {
+        s_failNextIdBuffer = false;
+        return nullptr;
+    }
+    void *memory = next(size);
+    if (s_failResize && size == idBufferSize && !s_idBuffer) {
+        s_idBuffer = memory;
+    }
+    return memory;
+}
+
+extern "C" Q_DECL_EXPORT void *realloc(void *memory, size_t size) noexcept
+{
+    static const auto next = original(realloc, "realloc");
+    if (s_failResize && memory && memory == s_idBuffer) {
+        return nullptr;
+    }
+    return next(memory, size);
+}
+
+extern "C" Q_DECL_EXPORT void free(void *memory) noexcept
+{
+    static const auto next = original(free, "free");
+    if (s_failResize && memory && memory == s_idBuffer) {
+        ++s_freedIdBuffers;
+    }
+    next(memory);
+}
+
+namespace
+{
+/** Records the calls of the library while it lives. */
+class CallRecorder : public Calls
+{
+public:
+    CallRecorder()
+    {
+        s_calls = this;
+    }
+
+    ~CallRecorder()
+    {
+        s_calls = nullptr;
+    }
+
+private:
+    Q_DISABLE_COPY(CallRecorder)
+};
+
+QString opens(const QString &path)
+{
+    return path + QLatin1String(" r");
+}
+
+QStringList sorted(QStringList list)
+{
+    list.sort();
+    return list;
+}
+}
+
+class AccountLookupTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void readsPasswdOnceForAllUsers();
+    void readsPasswdOnceForOneUser();
+    void readsPasswdOnceForUserGroups();
+    void readsPasswdOnceOnReload();
+    void readsEachFileOnceForAllGroups();
+    void readsNothingForEntryOfGroup();
+    void asksOnceForEachGroup();
+    void sharesTextsAndMembers();
+    void closesEveryFile();
+    void looksAgainOnTheNextCall();
+
+    void listsNoGroupsWithoutMemory();
+    void listsNoGroupsWithoutMemoryForMore();
+};
+
+void AccountLookupTest::init()
+{
+    Sandbox::setAccounts("root:x:0:0::/:\n"
+                         "alice:x:1000:1000::/:/bin/sh\n"
+                         "bob:x:1001:50::/:/bin/sh\n"
+                         "carol:x:1002:50::/:/bin/sh\n",
+                         "root:x:0:\n"
+                         "ormel-admin:x:27:alice,bob\n"
+                         "staff:x:50:alice\n"
+                         "alice:x:1000:\n");
+    Sandbox::removeExtraAccounts();
+}
+
+void AccountLookupTest::readsPasswdOnceForAllUsers()
+{
+    CallRecorder calls;
+    QCOMPARE(UserInfo::getUsers().size(), 4);
+    QCOMPARE(calls.opened, QStringList({opens(passwdPath()), opens(passwdPath())}));
+}
+
+void AccountLookupTest::readsPasswdOnceForOneUser()
+{
+    CallRecorder calls;
+    UserInfo::getUser(QStringLiteral("alice"));
+    QCOMPARE(calls.opened, QStringList(opens(passwdPath())));
+}
+
+void AccountLookupTest::readsPasswdOnceForUserGroups()
+{
+    CallRecorder calls;
+    UserInfo::getUserGroups(getpwnam("alice"));
+    QCOMPARE(calls.opened, QStringList(opens(passwdPath())));
+}
+
+void AccountLookupTest::readsPasswdOnceOnReload()
+{
+    UserInfo alice = UserInfo::getUser(QStringLiteral("alice"));
+    CallRecorder calls;
+    alice.reload();
+    QCOMPARE(calls.opened, QStringList(opens(passwdPath())));
+}
+
+void AccountLookupTest::readsEachFileOnceForAllGroups()
+{
+    CallRecorder calls;
+    QCOMPARE(GroupInfo::getGroups().size(), 4);
+    QCOMPARE(calls.opened, QStringList({opens(groupPath()), opens(passwdPath())}));
+    QCOMPARE(calls.groupNames, QStringList());
+}
+
+void AccountLookupTest::readsNothingForEntryOfGroup()
+{
+    group *entry = getgrnam("staff");
+    CallRecorder calls;
+    GroupInfo::getGroup(entry);
+    QCOMPARE(calls.opened, QStringList());
+}
+
+void AccountLookupTest::asksOnceForEachGroup()
+{
+    CallRecorder calls;
+    UserInfo::getUsers();
+    QCOMPARE(calls.groupIds, QVector<gid_t>({0, 1000, 27, 50}));
+    QCOMPARE(sorted(calls.groupNames),
+             QStringList({
+                 QStringLiteral("alice"),
+                 QStringLiteral("ormel-admin"),
+                 QStringLiteral("root"),
+                 QStringLiteral("staff"),
+             }));
+}
+
+void AccountLookupTest::sharesTextsAndMembers()
+{
+    const QList<UserInfo> users = UserInfo::getUsers();
+    const UserInfo alice = users.at(1);
+    const UserInfo bob = users.at(2);
+    const UserInfo carol = users.at(3);
+
+    QCOMPARE(bob.primaryGroup().users(), carol.primaryGroup().users());
+    QVERIFY(bob.primaryGroup().users().isSharedWith(carol.primaryGroup().users()));
+    QVERIFY(bob.primaryGroup().users().isSharedWith(bob.groups().first().users()));
+    QCOMPARE(bob.primaryGroup().name().constData(), carol.primaryGroup().name().constData());
+    QCOMPARE(bob.shell().constData(), carol.shell().constData());
+    QCOMPARE(alice.primaryGroup().users().first().constData(), alice.name().constData());
+    QCOMPARE(bob.primaryGroup().users().first().constData(), alice.name().constData());
+}
+
+void AccountLookupTest::closesEveryFile()
+{
+    CallRecorder calls;
+    UserInfo::getUsers();
+    GroupInfo::getGroups();
+    GroupInfo::getPrimaryGroups();
+    GroupInfo::getGroup(50u);
+    QCOMPARE(calls.opened.size(), 6);
+    QCOMPARE(calls.closed, calls.opened.size());
+}
+
+void AccountLookupTest::looksAgainOnTheNextCall()
+{
+    const UserInfo before = UserInfo::getUser(QStringLiteral("alice"));
+    Sandbox::write(passwdPath(), "alice:x:1000:1000::/:\nzoe:x:1003:50::/:\n");
+    const UserInfo after = UserInfo::getUser(QStringLiteral("alice"));
+
+    QCOMPARE(describe(before.groups().last()), QStringLiteral("staff(50: alice bob carol)"));
+    QCOMPARE(describe(after.groups().last()), QStringLiteral("staff(50: alice zoe)"));
+}
+
+void AccountLookupTest::listsNoGroupsWithoutMemory()
+{
+    passwd *entry = getpwnam("alice");
+    MessageRecorder recorder;
+
+    s_failNextIdBuffer = true;
+    const UserInfo alice = UserInfo::getUser(entry);
+    QVERIFY(!s_failNextIdBuffer);
+    QCOMPARE(describe(alice),
+             QStringLiteral("alice | 1000 | 1000 |  | / | /bin/sh | "
+                            "primary alice(1000: alice) | groups  | no admin"));
+
+    s_failNextIdBuffer = true;
+    QVERIFY(UserInfo::getUserGroups(getpwnam("alice")).isEmpty());
+    QVERIFY(!s_failNextIdBuffer);
+    QCOMPARE(recorder.takeTexts(), QStringList());
+}
+
+void AccountLookupTest::listsNoGroupsWithoutMemoryForMore()
+{
+    QByteArray groups = "alice:x:1000:\n";
+    for (int gid = 100; gid < 120; ++gid) {
+        groups += 'g' + QByteArray::number(gid) + ":x:" + QByteArray::number(gid) + ":alice\n";
+    }
+    Sandbox::write(groupPath(), groups);
+    QCOMPARE(UserInfo::getUserGroups(getpwnam("alice")).size(), 21);
+    passwd *entry = getpwnam("alice");
+    MessageRecorder recorder;
+
+    s_freedIdBuffers = 0;
+    s_idBuffer = nullptr;
+    s_failResize = true;
+    const QList<GroupInfo> none = UserInfo::getUserGroups(entry);
+    s_failResize = false;
+
+    QVERIFY(none.isEmpty());
+    QVERIFY(s_idBuffer);
+    QCOMPARE(s_freedIdBuffers, 1);
+    QCOMPARE(recorder.takeTexts(), QStringList());
+}
+
+QTEST_GUILESS_MAIN(AccountLookupTest)
+
+#include "accountlookuptest.moc"

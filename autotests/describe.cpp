@@ -1,0 +1,36 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "describe.h"
+
+namespace
+{
+QString field(const QString &text)
+{
+    return text.isNull() ? QStringLiteral("null") : text;
+}
+}
+
+QString describe(const GroupInfo &group)
+{
+    return QStringLiteral("%1(%2: %3)")
+        .arg(field(group.name()), QString::number(group.gid()), group.users().join(QLatin1Char(' ')));
+}
+
+QString describe(const UserInfo &user)
+{
+    const QStringList fields{
+        field(user.name()),
+        QString::number(user.uid()),
+        QString::number(user.gid()),
+        field(user.gecos()),
+        field(user.home()),
+        field(user.shell()),
+        QStringLiteral("primary %1").arg(describe(user.primaryGroup())),
+        QStringLiteral("groups %1").arg(describe(user.groups()).join(QLatin1String(", "))),
+        user.isOrmelAdmin() ? QStringLiteral("admin") : QStringLiteral("no admin"),
+    };
+    return fields.join(QLatin1String(" | "));
+}

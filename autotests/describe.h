@@ -1,0 +1,25 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef DESCRIBE_H
+#define DESCRIBE_H
+
+#include <GroupInfo>
+#include <UserInfo>
+
+/** A record as one line of text: what a failed comparison shows. Null strings read "null". */
+QString describe(const GroupInfo &group);
+QString describe(const UserInfo &user);
+
+template<typename Record> QStringList describe(const QList<Record> &records)
+{
+    QStringList lines;
+    for (const Record &record : records) {
+        lines.append(describe(record));
+    }
+    return lines;
+}
+
+#endif

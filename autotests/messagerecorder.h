@@ -1,0 +1,44 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef MESSAGERECORDER_H
+#define MESSAGERECORDER_H
+
+#include <QByteArray>
+#include <QStringList>
+#include <QVector>
+
+/** Takes what is logged while it lives. One at a time. */
+class MessageRecorder
+{
+public:
+    struct Message {
+        QtMsgType type = QtDebugMsg;
+        QByteArray category;
+        QByteArray file;
+        QByteArray function;
+        int line = 0;
+        QString text;
+    };
+
+    MessageRecorder();
+    ~MessageRecorder();
+
+    const QVector<Message> &messages() const;
+
+    /** The texts recorded so far, which are forgotten. */
+    QStringList takeTexts();
+
+private:
+    Q_DISABLE_COPY(MessageRecorder)
+
+    static void record(QtMsgType type, const QMessageLogContext &context, const QString &text);
+
+    static MessageRecorder *s_current;
+    QtMessageHandler m_previous;
+    QVector<Message> m_messages;
+};
+
+#endif
