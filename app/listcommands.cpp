@@ -1,0 +1,131 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "listcommands.h"
+
+#include "texttable.h"
+
+#include <GroupInfo>
+#include <UserInfo>
+
+#include <KLocalizedString>
+
+#include <QCommandLineParser>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace
+{
+QString jsonOption()
+{
+    return QStringLiteral("json");
+}
+
+QString yesOrNo(bool value)
+{
+    return value ? i18n("yes") : i18n("no");
+}
+
+QString joined(const QStringList &names)
+{
+    return names.join(QLatin1Char(','));
+}
+
+int printJson(const QJsonArray &array)
+{
+    return print(QJsonDocument(array).toJson());
+}
+
+QJsonObject toJson(const UserInfo &user)
+{
+    return {
+        {QStringLiteral("name"), user.name()},
+        {QStringLiteral("uid"), qint64(user.uid())},
+        {QStringLiteral("gid"), qint64(user.gid())},
+        {QStringLiteral("gecos"), user.gecos()},
+        {QStringLiteral("home"), user.home()},
+        {QStringLiteral("shell"), user.shell()},
+        {QStringLiteral("primaryGroup"), user.primaryGroup().name()},
+        {QStringLiteral("groups"), QJsonArray::fromStringList(user.groupNames())},
+        {QStringLiteral("admin"), user.isOrmelAdmin()},
+        {QStringLiteral("system"), user.isSystem()},
+    };
+}
+
+QJsonObject toJson(const GroupInfo &group)
+{
+    return {
+        {QStringLiteral("name"), group.name()},
+        {QStringLiteral("gid"), qint64(group.gid())},
+        {QStringLiteral("members"), QJsonArray::fromStringList(group.users())},
+        {QStringLiteral("system"), group.isSystem()},
+    };
+}
+
+template<typename Record> QJsonArray toJson(const QList<Record> &records)
+{
+    QJsonArray array;
+    for (const Record &record : records) {
+        array.append(toJson(record));
+    }
+    return array;
+}
+}
+
+QList<QCommandLineOption> listOptions()
+{
+    return {QCommandLineOption(jsonOption(), i18n("Print JSON instead of a table."))};
+}
+
+int listUsers(const QCommandLineParser &options, const QString & /*operand*/)
+{
+    const QList<UserInfo> users = UserInfo::getUsers();
+    if (options.isSet(jsonOption())) {
+        return printJson(toJson(users));
+    }
+    TextTable table({
+        {i18n("Name")},
+        {i18n("UID"), Qt::AlignRight},
+        {i18n("Primary group")},
+        {i18n("Groups")},
+        {i18n("Admin")},
+        {i18n("System")},
+    });
+    for (const UserInfo &user : users) {
+        table.addRow({
+            user.name(),
+            QString::number(user.uid()),
+            user.primaryGroup().name(),
+            joined(user.groupNames()),
+            yesOrNo(user.isOrmelAdmin()),
+            yesOrNo(user.isSystem()),
+        });
+    }
+    return print(table.toString());
+}
+
+int listGroups(const QCommandLineParser &options, const QString & /*operand*/)
+{
+    const QList<GroupInfo> groups = GroupInfo::getGroups();
+    if (options.isSet(jsonOption())) {
+        return printJson(toJson(groups));
+    }
+    TextTable table({
+        {i18n("Name")},
+        {i18n("GID"), Qt::AlignRight},
+        {i18n("Members")},
+        {i18n("System")},
+    });
+    for (const GroupInfo &group : groups) {
+        table.addRow({
+            group.name(),
+            QString::number(group.gid()),
+            joined(group.users()),
+            yesOrNo(group.isSystem()),
+        });
+    }
+    return print(table.toString());
+}

@@ -1,0 +1,105 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "command.h"
+#include "listcommands.h"
+
+#include <KLocalizedString>
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QSet>
+
+#include <algorithm>
+#include <memory>
+
+namespace
+{
+using Interface = Command::Interface;
+
+const Command commands[] = {
+    {"users", "", kli18n("List the user accounts of /etc/passwd."), Interface::Terminal, listOptions, listUsers},
+    {"groups", "", kli18n("List the groups of /etc/group."), Interface::Terminal, listOptions, listGroups},
+};
+
+const Command *findCommand(const QString &name)
+{
+    const auto found = std::find_if(std::begin(commands), std::end(commands), [&name](const Command &command) {
+        return name == QLatin1String(command.name);
+    });
+    return found == std::end(commands) ? nullptr : found;
+}
+
+std::unique_ptr<QCoreApplication> makeApplication(Interface interface, int &argc, char **argv)
+{
+    if (interface == Interface::Window) {
+        return std::make_unique<QApplication>(argc, argv);
+    }
+    return std::make_unique<QCoreApplication>(argc, argv);
+}
+
+/** Shows each message of the library once: a missing administrators group is reported for every account. */
+void showOnce(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    Q_UNUSED(type)
+    Q_UNUSED(context)
+    static QSet<QString> shown;
+    if (!shown.contains(message)) {
+        shown.insert(message);
+        printError(message);
+    }
+}
+
+QString description()
+{
+    QString text = i18n("Shows the user accounts and groups of this machine.") + QLatin1String("\n\n");
+    text += i18n("Commands:");
+    for (const Command &command : commands) {
+        text += QStringLiteral("\n  %1 %2").arg(QLatin1String(command.name), -8).arg(command.summary.toString());
+    }
+    return text;
+}
+
+/** The command line without a command: help and version. */
+int runPlain(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    const QCommandLineOption help = helpOption();
+    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")}, i18n("Show the version."));
+    parser.addOptions({help, version});
+    parser.setApplicationDescription(description());
+    parser.addPositionalArgument(QStringLiteral("command"),
+                                 i18n("One of the commands above; 'command --help' shows its options."),
+                                 i18n("command [options]"));
+    if (!parser.parse(arguments)) {
+        return usageError(parser.errorText());
+    }
+    if (parser.isSet(help)) {
+        return print(parser.helpText());
+    }
+    if (parser.isSet(version)) {
+        return print(QStringLiteral("%1 %2\n").arg(QCoreApplication::applicationName(), QStringLiteral(VERSION)));
+    }
+    return usageError(i18n("No command was given."));
+}
+}
+
+int main(int argc, char **argv)
+{
+    const QString word = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
+    const Command *command = findCommand(word);
+    const auto application = makeApplication(command ? command->interface : Interface::Terminal, argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("ormel-users"));
+    KLocalizedString::setApplicationDomain(TRANSLATION_DOMAIN);
+    qInstallMessageHandler(showOnce);
+
+    if (command) {
+        return run(*command, QCoreApplication::arguments());
+    }
+    if (word.isEmpty() || word.startsWith(QLatin1Char('-'))) {
+        return runPlain(QCoreApplication::arguments());
+    }
+    return usageError(i18n("Unknown command '%1'.", word));
+}
