@@ -1,0 +1,36 @@
+#!/bin/bash
+# SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+# SPDX-License-Identifier: LGPL-2.1-or-later
+#
+# exportedsymbols.sh LIBRARY CLASS...: the library exports these classes, each with something, and
+# nothing else but what templates of the toolkit leave weak.
+set -euo pipefail
+
+library=$1
+shift
+symbols=$(nm -DC --defined-only "$library")
+
+classes=$(IFS='|'; echo "$*")
+strays=$(grep -vE "^[0-9a-f]+ [TBDRVW] ((vtable|typeinfo|typeinfo name) for )?($classes)(::|$)" <<<"$symbols" |
+    grep -vE '^[0-9a-f]+ [VWu] ' || true)
+if [ -n "$strays" ]; then
+    echo "Exported, but not part of the interface:"
+    echo "$strays"
+    exit 1
+fi
+for class in "$@"; do
+    if ! grep -qE " T $class::" <<<"$symbols"; then
+        echo "Not exported: $class"
+        exit 1
+    fi
+done
+
+# Applications take the address of exported data, and the C library's functions stay interposable.
+if readelf -d "$library" | grep -qE 'SYMBOLIC'; then
+    echo "Linked with -Bsymbolic"
+    exit 1
+fi
+if readelf --dyn-syms "$library" | grep -q ' PROTECTED '; then
+    echo "Symbols with protected visibility"
+    exit 1
+fi
