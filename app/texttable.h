@@ -24,9 +24,9 @@ public:
     void addRow(const QStringList &cells);
 
     /**
-     * The title row and the rows below it, one a line. A cell that is longer than a screen line
-     * pushes the rest of its row to the right, so that the other rows need not follow. Control
-     * characters, which could steer a terminal, are shown as U+FFFD.
+     * The title row and the rows below it, one a line. A very long cell pushes the rest of its own
+     * row to the right instead of widening its column. Control characters, which could steer a
+     * terminal, are shown as U+FFFD.
      */
     QString toString() const;
 

@@ -1,0 +1,31 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef PROGRAM_H
+#define PROGRAM_H
+
+#include <QByteArray>
+#include <QStringList>
+
+/** Runs ormel-users and other programs to their end. */
+namespace Program
+{
+struct Result {
+    /** The exit status; -1 when the program could not be started, crashed or took over a minute. */
+    int status = -1;
+    QByteArray output;
+    QByteArray errors;
+};
+
+/** The path of ormel-users. */
+QString path();
+
+/** Runs ormel-users, giving it @p input. */
+Result run(const QStringList &arguments, const QByteArray &input = QByteArray());
+
+Result run(const QString &program, const QStringList &arguments, const QByteArray &input = QByteArray());
+}
+
+#endif
