@@ -26,7 +26,7 @@ const Command commands[] = {
 
 const Command *findCommand(const QString &name)
 {
-    const auto found = std::find_if(std::begin(commands), std::end(commands), [&name](const Command &command) {
+    const auto *const found = std::find_if(std::begin(commands), std::end(commands), [&name](const Command &command) {
         return name == QLatin1String(command.name);
     });
     return found == std::end(commands) ? nullptr : found;

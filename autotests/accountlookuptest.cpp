@@ -37,7 +37,7 @@ void *s_idBuffer = nullptr;
 
 constexpr size_t idBufferSize = 16 * sizeof(gid_t);
 
-template<typename Function> Function *original(Function *, const char *name)
+template<typename Function> Function *original(Function * /*standIn*/, const char *name)
 {
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
 }
@@ -240,9 +240,9 @@ void AccountLookupTest::asksOnceForEachGroup()
 void AccountLookupTest::sharesTextsAndMembers()
 {
     const QList<UserInfo> users = UserInfo::getUsers();
-    const UserInfo alice = users.at(1);
-    const UserInfo bob = users.at(2);
-    const UserInfo carol = users.at(3);
+    const UserInfo &alice = users.at(1);
+    const UserInfo &bob = users.at(2);
+    const UserInfo &carol = users.at(3);
 
     QCOMPARE(bob.primaryGroup().users(), carol.primaryGroup().users());
     QVERIFY(bob.primaryGroup().users().isSharedWith(carol.primaryGroup().users()));
@@ -280,7 +280,7 @@ void AccountLookupTest::listsNoGroupsWithoutMemory()
     MessageRecorder recorder;
 
     s_failNextIdBuffer = true;
-    const UserInfo alice = UserInfo::getUser(entry);
+    const UserInfo &alice = UserInfo::getUser(entry);
     QVERIFY(!s_failNextIdBuffer);
     QCOMPARE(describe(alice),
              QStringLiteral("alice | 1000 | 1000 |  | / | /bin/sh | "

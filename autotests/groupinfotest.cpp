@@ -17,10 +17,10 @@
 
 namespace
 {
-const QByteArray threeUsers = "root:x:0:0:root:/root:/bin/bash\n"
-                              "alice:x:1000:1000::/home/alice:/bin/bash\n"
-                              "bob:x:1001:50::/home/bob:/bin/bash\n"
-                              "carol:x:1002:50::/home/carol:/bin/bash\n";
+const char threeUsers[] = "root:x:0:0:root:/root:/bin/bash\n"
+                          "alice:x:1000:1000::/home/alice:/bin/bash\n"
+                          "bob:x:1001:50::/home/bob:/bin/bash\n"
+                          "carol:x:1002:50::/home/carol:/bin/bash\n";
 
 GroupInfo groupWithId(uint gid)
 {
@@ -255,7 +255,7 @@ void GroupInfoTest::warnsOfUnknownName_data()
     QTest::addColumn<QString>("name");
 
     QTest::newRow("unknown") << QStringLiteral("nosuchgroup");
-    QTest::newRow("empty") << QStringLiteral("");
+    QTest::newRow("empty") << QString(QLatin1String(""));
     QTest::newRow("null") << QString();
     QTest::newRow("with a placeholder") << QStringLiteral("%s%n%1");
     QTest::newRow("Latin-1") << QStringLiteral(u"caf\u00e9");

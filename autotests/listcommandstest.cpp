@@ -99,7 +99,7 @@ void ListCommandsTest::compareUsersWithGetentAndId()
     QVERIFY(!names.isEmpty());
 
     for (int i = 0; i < names.size(); ++i) {
-        const QString name = names.at(i);
+        const QString &name = names.at(i);
         const QJsonObject user = array.at(i).toObject();
         const QByteArray entry =
             Program::run(QStringLiteral("/usr/bin/getent"), {QStringLiteral("passwd"), name}).output;
@@ -254,8 +254,8 @@ void ListCommandsTest::printsHeadingOnlyWithoutFiles()
 void ListCommandsTest::hidesControlCharacters()
 {
     Sandbox::setAccounts(usersFile, "ormel-admin:x:27:\nstaff\x1b[2J:x:50:al\tice\n");
-    QCOMPARE(lines(Program::run({QStringLiteral("groups")}).output).last(),
-             QStringLiteral(u"staff\ufffd[2J     50  al\ufffdice   yes"));
+    const QStringList table = lines(Program::run({QStringLiteral("groups")}).output);
+    QCOMPARE(table.last(), QStringLiteral(u"staff\ufffd[2J     50  al\ufffdice   yes"));
 }
 
 void ListCommandsTest::letsLongCellsStickOut()

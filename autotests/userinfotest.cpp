@@ -188,7 +188,9 @@ void UserInfoTest::decodesFields_data()
         << QByteArray("X:/home/ren\xc3\xa9:/bin/sh") << "X" << QStringLiteral(u"/home/ren\u00c3\u00a9") << shell;
     QTest::newRow("Latin-1 shell") << QByteArray("X:/home/x:/bin/\xe9") << "X" << home
                                    << QStringLiteral(u"/bin/\u00e9");
-    QTest::newRow("empty fields") << QByteArray("::") << "" << QStringLiteral("") << QStringLiteral("");
+    QTest::newRow("empty fields") << QByteArray("::") << ""
+                                  << ""
+                                  << "";
 }
 
 void UserInfoTest::decodesFields()
@@ -421,8 +423,8 @@ void UserInfoTest::listsGroupsOfStaticEntry()
     const QStringList expected = describe(user("zed").groups());
     FILE *file = fopen("/etc/passwd", "r");
     QVERIFY(file);
+    QVERIFY(fgetpwent(file));
     passwd *entry = fgetpwent(file);
-    entry = fgetpwent(file);
     QCOMPARE(QByteArray(entry->pw_name), QByteArray("zed"));
     QCOMPARE(describe(UserInfo::getUserGroups(entry)), expected);
     fclose(file);
