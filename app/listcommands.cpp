@@ -65,7 +65,8 @@ QJsonObject toJson(const GroupInfo &group)
     };
 }
 
-template<typename Record> QJsonArray toJson(const QList<Record> &records)
+template<typename Record>
+QJsonArray toJson(const QList<Record> &records)
 {
     QJsonArray array;
     for (const Record &record : records) {

@@ -5,16 +5,13 @@
 
 #include "accountfixtures.h"
 #include "describe.h"
-#include "messagerecorder.h"
 #include "sandbox.h"
+#include "standin.h"
 
 #include <UserInfo>
 
 #include <QTest>
 
-#include <cstdlib>
-
-#include <dlfcn.h>
 #include <grp.h>
 #include <pwd.h>
 
@@ -30,17 +27,6 @@ struct Calls {
 };
 
 Calls *s_calls = nullptr;
-bool s_failNextIdBuffer = false;
-bool s_failResize = false;
-int s_freedIdBuffers = 0;
-void *s_idBuffer = nullptr;
-
-constexpr size_t idBufferSize = 16 * sizeof(gid_t);
-
-template<typename Function> Function *original(Function * /*standIn*/, const char *name)
-{
-    return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
-}
 }
 
 extern "C" Q_DECL_EXPORT FILE *fopen(const char *path, const char *mode)
@@ -77,38 +63,6 @@ extern "C" Q_DECL_EXPORT group *getgrnam(const char *name)
         s_calls->groupNames.append(QString::fromLatin1(name));
     }
     return next(name);
-}
-
-extern "C" Q_DECL_EXPORT void *malloc(size_t size) noexcept
-{
-    static const auto next = original(malloc, "malloc");
-    if (s_failNextIdBuffer && size == idBufferSize) {
-        s_failNextIdBuffer = false;
-        return nullptr;
-    }
-    void *memory = next(size);
-    if (s_failResize && size == idBufferSize && !s_idBuffer) {
-        s_idBuffer = memory;
-    }
-    return memory;
-}
-
-extern "C" Q_DECL_EXPORT void *realloc(void *memory, size_t size) noexcept
-{
-    static const auto next = original(realloc, "realloc");
-    if (s_failResize && memory && memory == s_idBuffer) {
-        return nullptr;
-    }
-    return next(memory, size);
-}
-
-extern "C" Q_DECL_EXPORT void free(void *memory) noexcept
-{
-    static const auto next = original(free, "free");
-    if (s_failResize && memory && memory == s_idBuffer) {
-        ++s_freedIdBuffers;
-    }
-    next(memory);
 }
 
 namespace
@@ -160,9 +114,6 @@ private Q_SLOTS:
     void sharesTextsAndMembers();
     void closesEveryFile();
     void looksAgainOnTheNextCall();
-
-    void listsNoGroupsWithoutMemory();
-    void listsNoGroupsWithoutMemoryForMore();
 };
 
 void AccountLookupTest::init()
@@ -272,47 +223,6 @@ void AccountLookupTest::looksAgainOnTheNextCall()
 
     QCOMPARE(describe(before.groups().last()), QStringLiteral("staff(50: alice bob carol)"));
     QCOMPARE(describe(after.groups().last()), QStringLiteral("staff(50: alice zoe)"));
-}
-
-void AccountLookupTest::listsNoGroupsWithoutMemory()
-{
-    passwd *entry = getpwnam("alice");
-    MessageRecorder recorder;
-
-    s_failNextIdBuffer = true;
-    const UserInfo &alice = UserInfo::getUser(entry);
-    QVERIFY(!s_failNextIdBuffer);
-    QCOMPARE(describe(alice),
-             QStringLiteral("alice | 1000 | 1000 |  | / | /bin/sh | "
-                            "primary alice(1000: alice) | groups  | no admin"));
-
-    s_failNextIdBuffer = true;
-    QVERIFY(UserInfo::getUserGroups(getpwnam("alice")).isEmpty());
-    QVERIFY(!s_failNextIdBuffer);
-    QCOMPARE(recorder.takeTexts(), QStringList());
-}
-
-void AccountLookupTest::listsNoGroupsWithoutMemoryForMore()
-{
-    QByteArray groups = "alice:x:1000:\n";
-    for (int gid = 100; gid < 120; ++gid) {
-        groups += 'g' + QByteArray::number(gid) + ":x:" + QByteArray::number(gid) + ":alice\n";
-    }
-    Sandbox::write(groupPath(), groups);
-    QCOMPARE(UserInfo::getUserGroups(getpwnam("alice")).size(), 21);
-    passwd *entry = getpwnam("alice");
-    MessageRecorder recorder;
-
-    s_freedIdBuffers = 0;
-    s_idBuffer = nullptr;
-    s_failResize = true;
-    const QList<GroupInfo> none = UserInfo::getUserGroups(entry);
-    s_failResize = false;
-
-    QVERIFY(none.isEmpty());
-    QVERIFY(s_idBuffer);
-    QCOMPARE(s_freedIdBuffers, 1);
-    QCOMPARE(recorder.takeTexts(), QStringList());
 }
 
 QTEST_GUILESS_MAIN(AccountLookupTest)

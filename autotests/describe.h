@@ -13,7 +13,8 @@
 QString describe(const GroupInfo &group);
 QString describe(const UserInfo &user);
 
-template<typename Record> QStringList describe(const QList<Record> &records)
+template<typename Record>
+QStringList describe(const QList<Record> &records)
 {
     QStringList lines;
     for (const Record &record : records) {

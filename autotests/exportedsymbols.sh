@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
 # exportedsymbols.sh LIBRARY CLASS...: the library exports these classes, each with something, and
-# nothing else but what templates of the toolkit leave weak.
+# nothing else but what templates of the toolkit leave weak and the linker's own marks.
 set -euo pipefail
 
 library=$1
@@ -12,7 +12,7 @@ symbols=$(nm -DC --defined-only "$library")
 
 classes=$(IFS='|'; echo "$*")
 strays=$(grep -vE "^[0-9a-f]+ [TBDRVW] ((vtable|typeinfo|typeinfo name) for )?($classes)(::|$)" <<<"$symbols" |
-    grep -vE '^[0-9a-f]+ [VWu] ' || true)
+    grep -vE '^[0-9a-f]+ ([VWu] |[BD] (__bss_start|_edata|_end)$)' || true)
 if [ -n "$strays" ]; then
     echo "Exported, but not part of the interface:"
     echo "$strays"
