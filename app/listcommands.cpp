@@ -24,10 +24,19 @@ QString jsonOption()
     return QStringLiteral("json");
 }
 
-QString yesOrNo(bool value)
+/** The words for a truth value, translated once for all rows. */
+class YesOrNo
 {
-    return value ? i18n("yes") : i18n("no");
-}
+public:
+    QString operator()(bool value) const
+    {
+        return value ? m_yes : m_no;
+    }
+
+private:
+    const QString m_yes = i18n("yes");
+    const QString m_no = i18n("no");
+};
 
 QString joined(const QStringList &names)
 {
@@ -95,6 +104,7 @@ int listUsers(const QCommandLineParser &options, const QString & /*operand*/)
         {i18n("Admin")},
         {i18n("System")},
     });
+    const YesOrNo yesOrNo;
     for (const UserInfo &user : users) {
         table.addRow({
             user.name(),
@@ -120,6 +130,7 @@ int listGroups(const QCommandLineParser &options, const QString & /*operand*/)
         {i18n("Members")},
         {i18n("System")},
     });
+    const YesOrNo yesOrNo;
     for (const GroupInfo &group : groups) {
         table.addRow({
             group.name(),

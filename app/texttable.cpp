@@ -11,14 +11,18 @@ namespace
 {
 constexpr int widestColumn = 60;
 
-QString printable(QString text)
+bool isControl(QChar character)
 {
-    for (QChar &character : text) {
-        if (character.category() == QChar::Other_Control) {
-            character = QChar::ReplacementCharacter;
-        }
+    return character.category() == QChar::Other_Control;
+}
+
+QString printable(const QString &text)
+{
+    QString result = text;
+    if (std::any_of(text.begin(), text.end(), isControl)) {
+        std::replace_if(result.begin(), result.end(), isControl, QChar(QChar::ReplacementCharacter));
     }
-    return text;
+    return result;
 }
 }
 
