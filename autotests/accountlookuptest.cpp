@@ -5,6 +5,7 @@
 
 #include "accountfixtures.h"
 #include "describe.h"
+#include "messagerecorder.h"
 #include "sandbox.h"
 #include "standin.h"
 
@@ -27,6 +28,7 @@ struct Calls {
 };
 
 Calls *s_calls = nullptr;
+QByteArray s_groupHiddenByName;
 }
 
 extern "C" Q_DECL_EXPORT FILE *fopen(const char *path, const char *mode)
@@ -62,7 +64,7 @@ extern "C" Q_DECL_EXPORT group *getgrnam(const char *name)
     if (s_calls) {
         s_calls->groupNames.append(QString::fromLatin1(name));
     }
-    return next(name);
+    return s_groupHiddenByName == name ? nullptr : next(name);
 }
 
 namespace
@@ -114,6 +116,8 @@ private Q_SLOTS:
     void sharesTextsAndMembers();
     void closesEveryFile();
     void looksAgainOnTheNextCall();
+    void opensMissingPasswdOnce();
+    void listsEmptyRecordOfGroupNotFoundByName();
 };
 
 void AccountLookupTest::init()
@@ -223,6 +227,32 @@ void AccountLookupTest::looksAgainOnTheNextCall()
 
     QCOMPARE(describe(before.groups().last()), QStringLiteral("staff(50: alice bob carol)"));
     QCOMPARE(describe(after.groups().last()), QStringLiteral("staff(50: alice zoe)"));
+}
+
+void AccountLookupTest::opensMissingPasswdOnce()
+{
+    Sandbox::setExtraAccounts("extra:x:3000:3000::/:\n", "extra:x:3000:\nteam:x:3001:extra\n");
+    Sandbox::remove(passwdPath());
+    MessageRecorder recorder;
+
+    CallRecorder calls;
+    UserInfo::getUser(QStringLiteral("extra"));
+    QCOMPARE(calls.opened.count(opens(passwdPath())), 1);
+    QCOMPARE(recorder.takeTexts().count(groupUnableToOpen(passwdPath())), 4);
+}
+
+void AccountLookupTest::listsEmptyRecordOfGroupNotFoundByName()
+{
+    Sandbox::write(groupPath(), "staff:x:50:alice\nalice:x:1000:\n");
+    MessageRecorder recorder;
+
+    s_groupHiddenByName = "staff";
+    const UserInfo alice = UserInfo::getUser(QStringLiteral("alice"));
+    s_groupHiddenByName.clear();
+
+    QCOMPARE(describe(alice.groups()), QStringList({QStringLiteral("alice(1000: alice)"), describe(GroupInfo())}));
+    QVERIFY(!alice.isOrmelAdmin());
+    QCOMPARE(recorder.takeTexts(), QStringList({groupNotFound(QStringLiteral("staff")), noAdministrators()}));
 }
 
 QTEST_GUILESS_MAIN(AccountLookupTest)
