@@ -1,0 +1,56 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "barelookups.h"
+
+#include <cstdio>
+#include <string>
+
+#include <grp.h>
+#include <pwd.h>
+
+namespace
+{
+/** The sum of what @p count gives for every entry that @p next reads from the file @p path. */
+template<typename Entry, typename Count>
+int sum(const char *path, Entry *(*next)(FILE *), const Count &count)
+{
+    int sum = 0;
+    FILE *file = fopen(path, "r");
+    while (const Entry *entry = next(file)) {
+        sum += count(entry);
+    }
+    fclose(file);
+    return sum;
+}
+}
+
+int BareLookups::countMemberships()
+{
+    return sum("/etc/passwd", fgetpwent, [](const passwd *entry) {
+        gid_t ids[64];
+        int count = 64;
+        getgrouplist(entry->pw_name, entry->pw_gid, ids, &count);
+        return count;
+    });
+}
+
+int BareLookups::lookUpGroups()
+{
+    return sum("/etc/group", fgetgrent, [](const group *entry) {
+        const std::string name = getgrgid(entry->gr_gid)->gr_name;
+        return getgrnam(name.c_str()) ? 1 : 0;
+    });
+}
+
+int BareLookups::countUsers()
+{
+    return sum("/etc/passwd", fgetpwent, [](const passwd * /*entry*/) { return 1; });
+}
+
+int BareLookups::countGroups()
+{
+    return sum("/etc/group", fgetgrent, [](const group * /*entry*/) { return 1; });
+}

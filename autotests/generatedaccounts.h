@@ -1,0 +1,24 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef GENERATEDACCOUNTS_H
+#define GENERATEDACCOUNTS_H
+
+/** Accounts in any number, always the same ones. */
+namespace GeneratedAccounts
+{
+inline constexpr int sharedGroups = 20;
+inline constexpr int memberships = 3;
+
+/**
+ * Replaces the account files, inside the sandbox, by @p count accounts. Each has a primary group of
+ * its own and is in a few of the shared groups. These and the administrators group, which has no
+ * member, stand last: getgrgid and getgrnam, unlike getgrouplist, parse the members of every line
+ * that they pass.
+ */
+void write(int count);
+}
+
+#endif
