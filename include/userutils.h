@@ -1,0 +1,121 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef USERUTILS_H
+#define USERUTILS_H
+
+#include "ormelusersqt_export.h"
+
+#include <QString>
+
+class QObject;
+class QValidator;
+
+/**
+ * @class UserUtils userutils.h <UserUtils>
+ *
+ * What editors of accounts need besides the records: checks of typed names, password hashes and
+ * stock pictures. A class of static operations; there are no objects of it.
+ *
+ * @code
+ * nameEdit->setValidator(UserUtils::createUserNameValidator(nameEdit));
+ *
+ * const QString hash = UserUtils::saltPassword(passwordEdit->text(), false);
+ * if (hash.isEmpty() || hash.startsWith(QLatin1Char('*'))) {
+ *     // not hashed
+ * }
+ * @endcode
+ *
+ * Nothing is cached and nothing is logged. The validators and saltPassword() are for one thread
+ * at a time.
+ */
+class ORMELUSERSQT_EXPORT UserUtils
+{
+public:
+    UserUtils() = delete;
+
+    /**
+     * Creates a validator for the login names of new users: at most 32 characters that match, as
+     * a whole, the pattern NAME_REGEX of @c /etc/adduser.conf or, without one,
+     * <tt>[a-z][a-z0-9\_\-]*</tt>.
+     *
+     * The file is read on each call, as Latin-1. The pattern is taken from a line that starts with
+     * @c NAME_REGEX= in the first column and has its value in one pair of double quotes, with no
+     * further @c = or quote in the line. The last such line counts; if it has nothing between its
+     * quotes, there is no pattern. Other lines are passed over, and so is a file that cannot be read.
+     *
+     * The pattern is not checked. An invalid one makes a validator that accepts no name.
+     *
+     * A text of more than 32 characters (QString::size()) is @c QValidator::Invalid at once, so
+     * that a line edit does not take the 33rd character.
+     *
+     * @return a new QRegularExpressionValidator, owned by @p parent or, without one, by the caller.
+     */
+    static QValidator *createUserNameValidator(QObject *parent);
+
+    /**
+     * Creates a validator for group names: at most 32 characters that match, as a whole,
+     * <tt>[a-z_][a-z0-9_-]*[$]?</tt>. Otherwise as createUserNameValidator(), but no file is read.
+     */
+    static QValidator *createGroupNameValidator(QObject *parent);
+
+    /**
+     * Creates a validator for the GECOS field: any text with at most four commas, that is five
+     * subfields, of any length.
+     *
+     * @return a new QRegularExpressionValidator, owned by @p parent or, without one, by the caller.
+     */
+    static QValidator *createGecosValidator(QObject *parent);
+
+    /**
+     * Draws one of the 64 characters of which salts are made (letters, digits, "." and "/"), each
+     * with the same probability, from the operating system's secure random source.
+     */
+    static char saltCharacter();
+
+    /**
+     * Hashes @p password for the password field of the shadow file, with a fresh salt of 16
+     * characters on each call.
+     *
+     * @param password the clear text, hashed over its UTF-8 bytes up to the first null character;
+     * an empty password is hashed like any other. Copies of it stay in freed memory.
+     * @param useGost whether to hash with @c gost_crypt of @c libgost.so.2 and the method
+     * @c $gost12512hash$ (GOST R 34.11-2012, 512 bits) instead of with @c crypt and the method
+     * @c $6$ (SHA-512)
+     *
+     * @return the whole string the hash function gave, method and salt included; null when it gave
+     * nothing, as it does where no GOST library is installed.
+     *
+     * @c crypt may also report a failure, for instance a password that is too long for it, by a
+     * string that is no hash, @c "*0" or @c "*1". It is returned like a hash, and nobody could log
+     * in with it: take an empty string and one that starts with @c "*" for a failure.
+     *
+     * Takes some milliseconds, by intent.
+     */
+    static QString saltPassword(const QString &password, bool useGost);
+
+    /** @return the directory of the stock user pictures, @c /usr/share/kiv/faces, whether or not it exists. */
+    static QString userIconPath();
+
+    /**
+     * Picks a picture for a new account from userIconPath() and its direct subdirectories.
+     *
+     * Every file that is not hidden counts as a picture. The directory is listed as one of its own
+     * subdirectories, so that its files are twice as likely as those further down, and its parent
+     * directory @c /usr/share/kiv is listed too.
+     *
+     * @param preferDefault whether to return the stock default picture, the first one whose file
+     * name begins with "default-user-red.", if there is one. Otherwise the pick is random and the
+     * default picture is avoided: a pick of a file whose name contains "default-user-red." moves
+     * to the next file, once, even if that is a default picture too.
+     *
+     * @return the absolute path of the picture; null when there is none or no such directory.
+     *
+     * Lists the directories on each call.
+     */
+    static QString getRandomUserIcon(bool preferDefault);
+};
+
+#endif

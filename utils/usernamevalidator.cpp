@@ -1,0 +1,15 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "usernamevalidator_p.h"
+
+#include "namelength_p.h"
+
+UserNameValidator::~UserNameValidator() = default;
+
+QValidator::State UserNameValidator::validate(QString &input, int &pos) const
+{
+    return isNameTooLong(input) ? Invalid : QRegularExpressionValidator::validate(input, pos);
+}
