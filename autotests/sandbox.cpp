@@ -5,6 +5,7 @@
 
 #include "sandbox.h"
 
+#include <QDir>
 #include <QFile>
 
 namespace
@@ -35,6 +36,20 @@ void Sandbox::remove(const QString &path)
 {
     requireSandbox();
     QFile::remove(path);
+}
+
+void Sandbox::clear(const QString &directory)
+{
+    requireSandbox();
+    const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    const QFileInfoList entries = QDir(directory).entryInfoList(all);
+    for (const QFileInfo &entry : entries) {
+        const QString path = entry.absoluteFilePath();
+        const bool removed = entry.isDir() && !entry.isSymLink() ? QDir(path).removeRecursively() : QFile::remove(path);
+        if (!removed) {
+            qFatal("Cannot remove %s", qPrintable(path));
+        }
+    }
 }
 
 void Sandbox::setAccounts(const QByteArray &passwd, const QByteArray &group)
