@@ -3,7 +3,9 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "checkcommands.h"
 #include "command.h"
+#include "hashcommand.h"
 #include "listcommands.h"
 
 #include <KLocalizedString>
@@ -22,6 +24,10 @@ using Interface = Command::Interface;
 const Command commands[] = {
     {"users", "", kli18n("List the user accounts of /etc/passwd."), Interface::Terminal, listOptions, listUsers},
     {"groups", "", kli18n("List the groups of /etc/group."), Interface::Terminal, listOptions, listGroups},
+    {"check-name", "NAME", kli18n("Check a login name for a new user."), Interface::Terminal, noOptions, checkName},
+    {"check-group", "NAME", kli18n("Check a group name."), Interface::Terminal, noOptions, checkGroup},
+    {"check-gecos", "TEXT", kli18n("Check a GECOS field."), Interface::Terminal, noOptions, checkGecos},
+    {"hash", "", kli18n("Hash a password from standard input."), Interface::Terminal, hashOptions, hashPassword},
 };
 
 const Command *findCommand(const QString &name)
@@ -57,7 +63,7 @@ QString description()
     QString text = i18n("Shows the user accounts and groups of this machine.") + QLatin1String("\n\n");
     text += i18n("Commands:");
     for (const Command &command : commands) {
-        text += QStringLiteral("\n  %1 %2").arg(QLatin1String(command.name), -8).arg(command.summary.toString());
+        text += QStringLiteral("\n  %1 %2").arg(QLatin1String(command.name), -12).arg(command.summary.toString());
     }
     return text;
 }

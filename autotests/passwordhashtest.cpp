@@ -5,6 +5,7 @@
 
 #include "messagerecorder.h"
 #include "randomscript.h"
+#include "saltdraws.h"
 #include "sandbox.h"
 
 #include <UserUtils>
@@ -65,18 +66,6 @@ extern "C" Q_DECL_EXPORT char *gost_crypt(const char *key, const char *setting)
 
 namespace
 {
-constexpr char saltAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz./0123456789";
-
-/** The draws for which the salt becomes @p salt. */
-QVector<quint32> drawsFor(const QByteArray &salt)
-{
-    QVector<quint32> draws;
-    for (const char c : salt) {
-        draws.append(quint32(strchr(saltAlphabet, c) - saltAlphabet) << 26);
-    }
-    return draws;
-}
-
 void addMethods()
 {
     QTest::addColumn<bool>("useGost");
@@ -253,7 +242,7 @@ void PasswordHashTest::drawsEachSaltCharacterOnce()
     QFETCH(QByteArray, prefix);
 
     m_functions.standIn = true;
-    const RandomScript random(drawsFor("AZaz./0918Kuerst"));
+    const RandomScript random(saltDraws("AZaz./0918Kuerst"));
     UserUtils::saltPassword(QStringLiteral("secret"), useGost);
     QCOMPARE(m_functions.calls.first().setting, QByteArray(prefix + "AZaz./0918Kuerst$"));
     QCOMPARE(random.systemDraws(), 16);
@@ -405,7 +394,7 @@ void PasswordHashTest::givesKnownGostHash()
         skipWithoutGostLibrary();
         return;
     }
-    const RandomScript random(drawsFor("KrmcHbeQmxiP/Ipl"));
+    const RandomScript random(saltDraws("KrmcHbeQmxiP/Ipl"));
     QCOMPARE(UserUtils::saltPassword(QStringLiteral("password"), true),
              QStringLiteral("$gost12512hash$KrmcHbeQmxiP/Ipl$uNmEQvpJ7B0jTcCkIh1IQEIRoyAXzliyt2S7VAz/"
                             "xA8GNjBbFeE.c98elVBwad6y40qPNKYqYNkWZJFxpGw620"));

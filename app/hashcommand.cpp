@@ -1,0 +1,51 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "hashcommand.h"
+
+#include "passwordinput.h"
+
+#include <UserUtils>
+
+#include <KLocalizedString>
+
+#include <QCommandLineParser>
+
+namespace
+{
+QString gostOption()
+{
+    return QStringLiteral("gost");
+}
+
+int fail(const QString &message)
+{
+    printError(message);
+    return Failure;
+}
+}
+
+QList<QCommandLineOption> hashOptions()
+{
+    return {QCommandLineOption(gostOption(), i18n("Hash by GOST R 34.11-2012 instead of SHA-512."))};
+}
+
+int hashPassword(const QCommandLineParser &options, const QString & /*operand*/)
+{
+    const QByteArray line = readPassword(i18n("Password: "));
+    if (line.isNull()) {
+        return fail(i18n("No password was given."));
+    }
+    // A hash of something else than what was given would lock the user out.
+    const QString password = QString::fromUtf8(line);
+    if (password.toUtf8() != line || line.contains('\0')) {
+        return fail(i18n("The password is not UTF-8 text."));
+    }
+    const QString hash = UserUtils::saltPassword(password, options.isSet(gostOption()));
+    if (hash.isEmpty() || hash.startsWith(QLatin1Char('*'))) {
+        return fail(i18n("The password cannot be hashed."));
+    }
+    return print(QString(hash + QLatin1Char('\n')));
+}
