@@ -43,7 +43,7 @@ void GostLibraryTest::isCalledThroughDynamicLinker()
 {
     const QByteArray symbols = readelf(QStringLiteral("--dyn-syms"), QStringLiteral("libormel-users-qt.so.1"));
     QVERIFY(symbols.contains("GLOBAL DEFAULT  UND gost_crypt\n"));
-    QVERIFY(symbols.contains("GLOBAL DEFAULT  UND crypt@XCRYPT_2.0"));
+    QVERIFY(symbols.contains("GLOBAL DEFAULT  UND crypt"));
 }
 
 void GostLibraryTest::exportsOneFunction()
@@ -56,7 +56,7 @@ void GostLibraryTest::exportsOneFunction()
     QByteArrayList defined;
     const QByteArrayList symbols =
         readelf(QStringLiteral("--dyn-syms"), QStringLiteral("libgost.so.2")).simplified().split(' ');
-    for (int i = 0; i + 3 < symbols.size(); ++i) {
+    for (int i = 0; i + 2 < symbols.size(); ++i) {
         if (symbols.at(i) == "DEFAULT" && symbols.at(i + 1) != "UND") {
             defined.append(symbols.at(i + 2));
         }
