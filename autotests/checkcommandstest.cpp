@@ -3,7 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
-#include "runprogram.h"
+#include "program.h"
 #include "sandbox.h"
 
 #include <QTest>
@@ -15,9 +15,9 @@ QString adduserConf()
     return QStringLiteral("/etc/adduser.conf");
 }
 
-ProgramResult run(const QStringList &arguments)
+Program::Result run(const QStringList &arguments)
 {
-    return runProgram(builtFile(QStringLiteral("ormel-users")), arguments);
+    return Program::run(Program::path(), arguments);
 }
 }
 
@@ -81,26 +81,26 @@ void CheckCommandsTest::tellsStateAndRule()
     QFETCH(int, exitStatus);
     QFETCH(QByteArray, output);
 
-    const ProgramResult result = run(arguments);
+    const Program::Result result = run(arguments);
     QCOMPARE(result.output, output);
-    QCOMPARE(result.exitStatus, exitStatus);
+    QCOMPARE(result.status, exitStatus);
     QCOMPARE(result.errors, QByteArray());
 }
 
 void CheckCommandsTest::tellsPatternOfConfiguration()
 {
     Sandbox::write(adduserConf(), "NAME_REGEX=\"[a-z]+-[0-9]\"\n");
-    const ProgramResult result = run({QStringLiteral("check-name"), QStringLiteral("user")});
+    const Program::Result result = run({QStringLiteral("check-name"), QStringLiteral("user")});
     QCOMPARE(result.output, QByteArray("unfinished: the whole text has to match [a-z]+-[0-9]\n"));
-    QCOMPARE(result.exitStatus, 1);
+    QCOMPARE(result.status, 1);
 }
 
 void CheckCommandsTest::rejectsWithInvalidPattern()
 {
     Sandbox::write(adduserConf(), "NAME_REGEX=\"[a-z\"\n");
-    const ProgramResult result = run({QStringLiteral("check-name"), QStringLiteral("user")});
+    const Program::Result result = run({QStringLiteral("check-name"), QStringLiteral("user")});
     QCOMPARE(result.output, QByteArray("rejected: the whole text has to match [a-z\n"));
-    QCOMPARE(result.exitStatus, 2);
+    QCOMPARE(result.status, 2);
 }
 
 void CheckCommandsTest::wantsOneArgument_data()
@@ -116,10 +116,10 @@ void CheckCommandsTest::wantsOneArgument()
     QFETCH(QStringList, operands);
 
     for (const char *command : {"check-name", "check-group", "check-gecos"}) {
-        const ProgramResult result = run(QStringList(QLatin1String(command)) + operands);
+        const Program::Result result = run(QStringList(QLatin1String(command)) + operands);
         QCOMPARE(result.output, QByteArray());
         QVERIFY(result.errors.contains("argument"));
-        QCOMPARE(result.exitStatus, 2);
+        QCOMPARE(result.status, 2);
     }
 }
 

@@ -3,22 +3,21 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
-#include "runprogram.h"
+#include "program.h"
 
 #include <QDir>
 #include <QTest>
 
 namespace
 {
-ProgramResult hash(const QStringList &options, const QStringList &variables)
+Program::Result hash(const QStringList &options, const QStringList &variables)
 {
-    return runProgram(
-        builtFile(QStringLiteral("ormel-users")), QStringList(QStringLiteral("hash")) + options, "secret\n", variables);
+    return Program::run(Program::path(), QStringList(QStringLiteral("hash")) + options, "secret\n", variables);
 }
 
 QByteArray readelf(const QString &option, const QString &library)
 {
-    return runProgram(QStringLiteral("readelf"), {QStringLiteral("-W"), option, builtFile(library)}).output;
+    return Program::run(QStringLiteral("readelf"), {QStringLiteral("-W"), option, Program::builtFile(library)}).output;
 }
 }
 
@@ -48,7 +47,7 @@ void GostLibraryTest::isCalledThroughDynamicLinker()
 
 void GostLibraryTest::exportsOneFunction()
 {
-    if (!QFile::exists(builtFile(QStringLiteral("libgost.so.2")))) {
+    if (!QFile::exists(Program::builtFile(QStringLiteral("libgost.so.2")))) {
         QTest::qSkip("The platform has a library of its own.", __FILE__, __LINE__);
         return;
     }
@@ -71,16 +70,16 @@ void GostLibraryTest::isTheOneFoundFirst()
     const QStringList first{QStringLiteral("LD_LIBRARY_PATH=") + standIns};
 
     const QStringList gost{QStringLiteral("--gost")};
-    const ProgramResult plain = hash(gost, {});
-    QCOMPARE(plain.exitStatus, 0);
+    const Program::Result plain = hash(gost, {});
+    QCOMPARE(plain.status, 0);
     QVERIFY2(plain.output.startsWith("$gost12512hash$"), plain.errors.constData());
 
-    const ProgramResult replaced = hash(gost, first);
-    QCOMPARE(replaced.exitStatus, 0);
+    const Program::Result replaced = hash(gost, first);
+    QCOMPARE(replaced.status, 0);
     QVERIFY2(replaced.output.startsWith("stand-in secret $gost12512hash$"), replaced.output.constData());
 
-    const ProgramResult other = hash({}, first);
-    QCOMPARE(other.exitStatus, 0);
+    const Program::Result other = hash({}, first);
+    QCOMPARE(other.status, 0);
     QVERIFY2(other.output.startsWith("$6$"), other.output.constData());
 }
 

@@ -3,7 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
-#include "runprogram.h"
+#include "program.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -23,12 +23,12 @@ namespace
 {
 QString program()
 {
-    return builtFile(QStringLiteral("ormel-users"));
+    return Program::path();
 }
 
-ProgramResult hash(const QByteArray &input, const QStringList &options = {}, const QStringList &variables = {})
+Program::Result hash(const QByteArray &input, const QStringList &options = {}, const QStringList &variables = {})
 {
-    return runProgram(program(), QStringList(QStringLiteral("hash")) + options, input, variables);
+    return Program::run(program(), QStringList(QStringLiteral("hash")) + options, input, variables);
 }
 
 /**
@@ -48,7 +48,7 @@ QByteArray otherHash(const QByteArray &password, const QByteArray &hash)
         salt,
         QString::fromUtf8(password),
     };
-    return runProgram(QStringLiteral("openssl"), arguments).output;
+    return Program::run(QStringLiteral("openssl"), arguments).output;
 }
 
 /** A shell command, the hash command if it is not another one, on a terminal of its own. */
@@ -190,9 +190,9 @@ void HashCommandTest::hashesFirstLine()
     QFETCH(QByteArray, password);
 
     for (const char *locale : {"LC_ALL=C.UTF-8", "LC_ALL=C"}) {
-        const ProgramResult result = hash(input, {}, {QLatin1String(locale)});
+        const Program::Result result = hash(input, {}, {QLatin1String(locale)});
         QCOMPARE(result.errors, QByteArray());
-        QCOMPARE(result.exitStatus, 0);
+        QCOMPARE(result.status, 0);
         QVERIFY2(QRegularExpression(QStringLiteral("\\A\\$6\\$[A-Za-z0-9./]{16}\\$[A-Za-z0-9./]{86}\\n\\z"))
                      .match(QString::fromLatin1(result.output))
                      .hasMatch(),
@@ -205,15 +205,15 @@ void HashCommandTest::hashesFirstLine()
 void HashCommandTest::waitsForWholeLine()
 {
     const QString command = QStringLiteral("(printf sec; sleep 0.3; printf 'ret\\nother') | \"$0\" hash");
-    const ProgramResult result = runProgram(QStringLiteral("sh"), {QStringLiteral("-c"), command, program()});
-    QCOMPARE(result.exitStatus, 0);
+    const Program::Result result = Program::run(QStringLiteral("sh"), {QStringLiteral("-c"), command, program()});
+    QCOMPARE(result.status, 0);
     QCOMPARE(otherHash("secret", result.output), result.output);
 }
 
 void HashCommandTest::hashesByGostMethod()
 {
-    const ProgramResult result = hash("secret\n", {QStringLiteral("--gost")});
-    QCOMPARE(result.exitStatus, 0);
+    const Program::Result result = hash("secret\n", {QStringLiteral("--gost")});
+    QCOMPARE(result.status, 0);
     QVERIFY2(QRegularExpression(QStringLiteral("\\A\\$gost12512hash\\$[A-Za-z0-9./]{16}\\$[A-Za-z0-9./]{86}\\n\\z"))
                  .match(QString::fromLatin1(result.output))
                  .hasMatch(),
@@ -222,13 +222,13 @@ void HashCommandTest::hashesByGostMethod()
 
 void HashCommandTest::givesKnownGostHash()
 {
-    const ProgramResult result = hash("password\n",
-                                      {QStringLiteral("--gost")},
-                                      {
-                                          QStringLiteral("LD_PRELOAD=" FIXED_SALT_LIBRARY),
-                                          QStringLiteral("FIXED_SALT=KrmcHbeQmxiP/Ipl"),
-                                          QStringLiteral("ASAN_OPTIONS=verify_asan_link_order=0"),
-                                      });
+    const Program::Result result = hash("password\n",
+                                        {QStringLiteral("--gost")},
+                                        {
+                                            QStringLiteral("LD_PRELOAD=" FIXED_SALT_LIBRARY),
+                                            QStringLiteral("FIXED_SALT=KrmcHbeQmxiP/Ipl"),
+                                            QStringLiteral("ASAN_OPTIONS=verify_asan_link_order=0"),
+                                        });
     QCOMPARE(result.errors, QByteArray());
     QCOMPARE(result.output,
              QByteArray("$gost12512hash$KrmcHbeQmxiP/Ipl$uNmEQvpJ7B0jTcCkIh1IQEIRoyAXzliyt2S7VAz/"
@@ -252,18 +252,18 @@ void HashCommandTest::refusesInput()
     QFETCH(QByteArray, input);
     QFETCH(QByteArray, message);
 
-    const ProgramResult result = hash(input);
+    const Program::Result result = hash(input);
     QCOMPARE(result.output, QByteArray());
     QCOMPARE(result.errors, message);
-    QCOMPARE(result.exitStatus, 1);
+    QCOMPARE(result.status, 1);
 }
 
 void HashCommandTest::failsWhenNotHashed()
 {
-    const ProgramResult result = hash(QByteArray(600, 'a') + '\n');
+    const Program::Result result = hash(QByteArray(600, 'a') + '\n');
     QCOMPARE(result.output, QByteArray());
     QCOMPARE(result.errors, QByteArray("ormel-users: The password cannot be hashed.\n"));
-    QCOMPARE(result.exitStatus, 1);
+    QCOMPARE(result.status, 1);
 }
 
 void HashCommandTest::doesNotShowWhatIsTyped()

@@ -68,7 +68,8 @@ struct Check {
     QValidator::State state;
 };
 
-template<int count> void addRows(const Check (&checks)[count])
+template<int count>
+void addRows(const Check (&checks)[count])
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QValidator::State>("state");

@@ -284,13 +284,12 @@ void ListCommandsTest::helps_data()
     QTest::addColumn<QString>("line");
 
     QTest::newRow("--help") << QStringList(QStringLiteral("--help"))
-                            << QStringLiteral("  users    List the user accounts of /etc/passwd.");
-    QTest::newRow("-h") << QStringList(QStringLiteral("-h"))
-                        << QStringLiteral("  groups   List the groups of /etc/group.");
+                            << QStringLiteral("users List the user accounts of /etc/passwd.");
+    QTest::newRow("-h") << QStringList(QStringLiteral("-h")) << QStringLiteral("groups List the groups of /etc/group.");
     QTest::newRow("users --help") << QStringList({QStringLiteral("users"), QStringLiteral("--help")})
-                                  << QStringLiteral("  --json      Print JSON instead of a table.");
+                                  << QStringLiteral("--json Print JSON instead of a table.");
     QTest::newRow("groups -h") << QStringList({QStringLiteral("groups"), QStringLiteral("-h")})
-                               << QStringLiteral("  --json      Print JSON instead of a table.");
+                               << QStringLiteral("--json Print JSON instead of a table.");
 }
 
 void ListCommandsTest::helps()
@@ -299,7 +298,11 @@ void ListCommandsTest::helps()
     QFETCH(QString, line);
 
     const Program::Result result = Program::run(arguments);
-    QVERIFY2(lines(result.output).contains(line), result.output.constData());
+    QStringList help;
+    for (const QString &helpLine : lines(result.output)) {
+        help.append(helpLine.simplified());
+    }
+    QVERIFY2(help.contains(line), result.output.constData());
     QCOMPARE(result.errors, QByteArray());
     QCOMPARE(result.status, 0);
 }

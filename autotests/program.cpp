@@ -5,11 +5,17 @@
 
 #include "program.h"
 
+#include <QCoreApplication>
 #include <QProcess>
 
 QString Program::path()
 {
-    return QStringLiteral(ORMEL_USERS);
+    return builtFile(QStringLiteral("ormel-users"));
+}
+
+QString Program::builtFile(const QString &name)
+{
+    return QCoreApplication::applicationDirPath() + QLatin1Char('/') + name;
 }
 
 Program::Result Program::run(const QStringList &arguments, const QByteArray &input)
@@ -17,9 +23,17 @@ Program::Result Program::run(const QStringList &arguments, const QByteArray &inp
     return run(path(), arguments, input);
 }
 
-Program::Result Program::run(const QString &program, const QStringList &arguments, const QByteArray &input)
+Program::Result Program::run(const QString &program,
+                             const QStringList &arguments,
+                             const QByteArray &input,
+                             const QStringList &variables)
 {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const QString &variable : variables) {
+        environment.insert(variable.section(QLatin1Char('='), 0, 0), variable.section(QLatin1Char('='), 1));
+    }
     QProcess process;
+    process.setProcessEnvironment(environment);
     process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();

@@ -22,10 +22,17 @@ struct Result {
 /** The path of ormel-users. */
 QString path();
 
-/** Runs ormel-users, giving it @p input. */
-Result run(const QStringList &arguments, const QByteArray &input = QByteArray());
+/** The path of another program or library that is built here. */
+QString builtFile(const QString &name);
 
-Result run(const QString &program, const QStringList &arguments, const QByteArray &input = QByteArray());
+/** Runs ormel-users, giving it @p input. */
+Result run(const QStringList &arguments, const QByteArray &input = {});
+
+/** Runs @p program with @p variables ("NAME=value") set in its environment. */
+Result run(const QString &program,
+           const QStringList &arguments,
+           const QByteArray &input = {},
+           const QStringList &variables = {});
 }
 
 #endif
