@@ -5,6 +5,7 @@
 
 #include "sandbox.h"
 
+#include <QDir>
 #include <QFile>
 
 namespace
@@ -35,6 +36,15 @@ void Sandbox::remove(const QString &path)
 {
     requireSandbox();
     QFile::remove(path);
+}
+
+void Sandbox::clearDirectory(const QString &directory)
+{
+    requireSandbox();
+    QDir dir(directory);
+    if (!dir.removeRecursively() || !dir.mkpath(QStringLiteral("."))) {
+        qFatal("Cannot clear %s", qPrintable(directory));
+    }
 }
 
 void Sandbox::setAccounts(const QByteArray &passwd, const QByteArray &group)

@@ -18,6 +18,9 @@ namespace Sandbox
 void write(const QString &path, const QByteArray &content);
 void remove(const QString &path);
 
+/** Makes @p directory exist, and be empty. */
+void clearDirectory(const QString &directory);
+
 /** Replaces /etc/passwd and /etc/group. */
 void setAccounts(const QByteArray &passwd, const QByteArray &group);
 
