@@ -4,6 +4,7 @@
 */
 
 #include "command.h"
+#include "limitscommands.h"
 #include "listcommands.h"
 
 #include <KLocalizedString>
@@ -22,6 +23,12 @@ using Interface = Command::Interface;
 const Command commands[] = {
     {"users", "", kli18n("List the user accounts of /etc/passwd."), Interface::Terminal, listOptions, listUsers},
     {"groups", "", kli18n("List the groups of /etc/group."), Interface::Terminal, listOptions, listGroups},
+    {"limits",
+     "",
+     kli18n("Show the resource limits of /etc/security."),
+     Interface::Terminal,
+     limitsOptions,
+     showLimits},
 };
 
 const Command *findCommand(const QString &name)
