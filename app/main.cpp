@@ -6,6 +6,7 @@
 #include "checkcommands.h"
 #include "command.h"
 #include "hashcommand.h"
+#include "limitscommands.h"
 #include "listcommands.h"
 
 #include <KLocalizedString>
@@ -28,6 +29,12 @@ const Command commands[] = {
     {"check-group", "NAME", kli18n("Check a group name."), Interface::Terminal, noOptions, checkGroup},
     {"check-gecos", "TEXT", kli18n("Check a GECOS field."), Interface::Terminal, noOptions, checkGecos},
     {"hash", "", kli18n("Hash a password from standard input."), Interface::Terminal, hashOptions, hashPassword},
+    {"limits",
+     "",
+     kli18n("Show the resource limits of /etc/security."),
+     Interface::Terminal,
+     limitsOptions,
+     showLimits},
 };
 
 const Command *findCommand(const QString &name)

@@ -34,3 +34,34 @@ QString describe(const UserInfo &user)
     };
     return fields.join(QLatin1String(" | "));
 }
+
+QString describe(const LimitsParser::Field &rule)
+{
+    const QStringList fields{
+        field(rule.domain),
+        field(rule.type),
+        field(rule.item),
+        describe(rule.value),
+        QString::number(rule.valueType),
+    };
+    return fields.join(QLatin1String(" | "));
+}
+
+QString describe(const LimitsParser::FieldDescriptor &descriptor)
+{
+    const QStringList fields{
+        QString::number(descriptor.minValue),
+        QString::number(descriptor.maxValue),
+        QString::number(descriptor.valueType),
+        descriptor.hardOnly ? QStringLiteral("hard only") : QStringLiteral("any type"),
+        field(descriptor.defaultType),
+        field(descriptor.description),
+    };
+    return fields.join(QLatin1String(" | "));
+}
+
+QString describe(const QVariant &value)
+{
+    return value.isNull() ? QStringLiteral("null")
+                          : QStringLiteral("%1 %2").arg(QLatin1String(value.typeName()), value.toString());
+}

@@ -7,11 +7,17 @@
 #define DESCRIBE_H
 
 #include <GroupInfo>
+#include <LimitsParser>
 #include <UserInfo>
 
 /** A record as one line of text: what a failed comparison shows. Null strings read "null". */
 QString describe(const GroupInfo &group);
 QString describe(const UserInfo &user);
+QString describe(const LimitsParser::Field &rule);
+QString describe(const LimitsParser::FieldDescriptor &descriptor);
+
+/** The type of a value and its text. */
+QString describe(const QVariant &value);
 
 template<typename Record>
 QStringList describe(const QList<Record> &records)

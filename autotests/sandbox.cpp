@@ -41,6 +41,7 @@ void Sandbox::remove(const QString &path)
 void Sandbox::clear(const QString &directory)
 {
     requireSandbox();
+    QDir().mkpath(directory);
     const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
     const QFileInfoList entries = QDir(directory).entryInfoList(all);
     for (const QFileInfo &entry : entries) {

@@ -18,7 +18,7 @@ namespace Sandbox
 void write(const QString &path, const QByteArray &content);
 void remove(const QString &path);
 
-/** Removes everything in @p directory. */
+/** Makes @p directory exist, with nothing in it. */
 void clear(const QString &directory);
 
 /** Replaces /etc/passwd and /etc/group. */

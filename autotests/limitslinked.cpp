@@ -1,0 +1,16 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include <QCoreApplication>
+
+extern "C" void printTexts();
+
+// The library is there before the application object.
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    printTexts();
+    return 0;
+}

@@ -1,0 +1,25 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <dlfcn.h>
+
+// The application object is there before the library, which comes along with the module to load.
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    if (dlopen("libormel-users-qt.so.1", RTLD_NOLOAD | RTLD_NOW)) {
+        qFatal("The library is there already");
+    }
+    void *module = dlopen(QFile::encodeName(QCoreApplication::arguments().at(1)).constData(), RTLD_NOW);
+    if (!module) {
+        qFatal("%s", dlerror());
+    }
+    const auto printTexts = reinterpret_cast<void (*)()>(dlsym(module, "printTexts"));
+    printTexts();
+    return dlclose(module);
+}
