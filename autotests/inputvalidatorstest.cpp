@@ -16,8 +16,11 @@
 #include <QTest>
 
 #include <memory>
+#include <type_traits>
 
 Q_DECLARE_METATYPE(QValidator::State)
+
+static_assert(!std::is_default_constructible_v<UserUtils> && !std::is_destructible_v<UserUtils>);
 
 namespace
 {
@@ -305,7 +308,8 @@ void InputValidatorsTest::matchesWholeNameWithConfiguredPattern_data()
     QTest::addColumn<QValidator::State>("state");
 
     const auto add = [](const char *pattern, const QString &text, QValidator::State state) {
-        QTest::addRow("%s with %s", qPrintable(text), pattern) << QByteArray(pattern) << text << state;
+        QTest::addRow("%s with %s", qPrintable(text), qPrintable(QString::fromLatin1(pattern)))
+            << QByteArray(pattern) << text << state;
     };
     add("[a-z]+", QStringLiteral("abc"), Accepted);
     add("[a-z]+", QStringLiteral("abc1"), Rejected);

@@ -28,13 +28,13 @@ class QValidator;
  * }
  * @endcode
  *
- * Nothing is cached and nothing is logged. The validators and saltPassword() are for one thread
- * at a time.
+ * No result is cached and nothing is logged.
  */
 class ORMELUSERSQT_EXPORT UserUtils
 {
 public:
     UserUtils() = delete;
+    ~UserUtils() = delete;
 
     /**
      * Creates a validator for the login names of new users: at most 32 characters that match, as
@@ -92,7 +92,8 @@ public:
      * string that is no hash, @c "*0" or @c "*1". It is returned like a hash, and nobody could log
      * in with it: take an empty string and one that starts with @c "*" for a failure.
      *
-     * Takes some milliseconds, by intent.
+     * Takes some milliseconds, by intent. For one thread at a time: the hash functions keep their
+     * result in static storage.
      */
     static QString saltPassword(const QString &password, bool useGost);
 
