@@ -94,7 +94,7 @@ void IconSelectWidgetSpeedTest::shouldDragLargeImagesFluently()
         dragging = std::min(dragging, timer.nsecsElapsed());
         stage.release(corner);
     }
-    qInfo("%.2f ms for drawing the image, %.2f ms for a step of a drag", drawing / 1e6, dragging / 1e6);
+    qInfo("%.2f ms for drawing the image, %.2f ms for a step of a drag", double(drawing) / 1e6, double(dragging) / 1e6);
     QVERIFY(dragging <= 2 * drawing);
 }
 
