@@ -6,6 +6,7 @@
 #include "checkcommands.h"
 #include "command.h"
 #include "hashcommand.h"
+#include "iconcommands.h"
 #include "listcommands.h"
 
 #include <KLocalizedString>
@@ -28,6 +29,12 @@ const Command commands[] = {
     {"check-group", "NAME", kli18n("Check a group name."), Interface::Terminal, noOptions, checkGroup},
     {"check-gecos", "TEXT", kli18n("Check a GECOS field."), Interface::Terminal, noOptions, checkGecos},
     {"hash", "", kli18n("Hash a password from standard input."), Interface::Terminal, hashOptions, hashPassword},
+    {"pick-icon",
+     "[FILE]",
+     kli18n("Cut a square icon out of a picture."),
+     Interface::Window,
+     pickIconOptions,
+     pickIcon},
 };
 
 const Command *findCommand(const QString &name)

@@ -35,7 +35,8 @@ class UserIconDialog;
  * The picture comes from the caller, from a file or from the clipboard, and can be turned and
  * mirrored; a square is marked in it with the mouse. The dialog starts without a picture and with
  * Ok disabled. Ok is enabled as soon as a picture was set or chosen, and stays so: a file that
- * cannot be read counts as well, shows nothing and makes selectedPixmap() null.
+ * cannot be read, or holds more than 2^28 pixels, counts as well, shows nothing and makes
+ * selectedPixmap() null.
  *
  * The file dialog starts in UserUtils::userIconPath() each time. A clipboard without an image is
  * ignored.
