@@ -298,6 +298,8 @@ void SelectionGeometryTest::shouldDragHandle_data()
     bottom("bottom, shrinks at the left edge") << atLeft << QPoint(0, 190) << edges(19, 110, 100, 190);
     bottom("bottom, grows at the right edge") << atRight << QPoint(0, 210) << ignored();
     bottom("bottom, is pulled in at the left edge") << nearLeft << QPoint(0, 229) << edges(10, 110, 119, 219);
+    bottom("bottom, is pulled in by one pixel")
+        << edges(11, 110, 110, 209) << QPoint(0, 213) << edges(10, 110, 111, 211);
     bottom("bottom, is pulled in at the right edge") << nearRight << QPoint(0, 229) << edges(200, 110, 309, 219);
 
     const QRect atTop = edges(100, 20, 199, 119);
