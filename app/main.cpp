@@ -7,6 +7,7 @@
 #include "command.h"
 #include "hashcommand.h"
 #include "limitscommands.h"
+#include "iconcommands.h"
 #include "listcommands.h"
 
 #include <KLocalizedString>
@@ -35,6 +36,12 @@ const Command commands[] = {
      Interface::Terminal,
      limitsOptions,
      showLimits},
+    {"pick-icon",
+     "[FILE]",
+     kli18n("Cut a square icon out of a picture."),
+     Interface::Window,
+     pickIconOptions,
+     pickIcon},
 };
 
 const Command *findCommand(const QString &name)

@@ -11,7 +11,7 @@ shift
 symbols=$(nm -DC --defined-only "$library")
 
 classes=$(IFS='|'; echo "$*")
-strays=$(grep -vE "^[0-9a-f]+ [TBDRVW] ((vtable|typeinfo|typeinfo name) for )?($classes)(::|$)" <<<"$symbols" |
+strays=$(grep -vE "^[0-9a-f]+ [TBDRVW] ((vtable|typeinfo|typeinfo name) for |non-virtual thunk to )?($classes)(::|$)" <<<"$symbols" |
     grep -vE '^[0-9a-f]+ ([VWu] |[BD] (__bss_start|_edata|_end)$)' || true)
 if [ -n "$strays" ]; then
     echo "Exported, but not part of the interface:"

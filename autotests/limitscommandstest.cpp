@@ -3,8 +3,8 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
-#include "program.h"
 #include "limitsfixtures.h"
+#include "program.h"
 
 #include <QTest>
 

@@ -26,8 +26,8 @@ inline QString dropInPath(const QString &name)
 /** Leaves an empty limits.conf and no drop-ins. */
 inline void clearLimits()
 {
-    Sandbox::clearDirectory(QStringLiteral("/etc/security"));
-    Sandbox::clearDirectory(dropInPath(QString()));
+    Sandbox::clear(QStringLiteral("/etc/security"));
+    Sandbox::clear(dropInPath(QString()));
     Sandbox::write(limitsPath(), QByteArray());
 }
 

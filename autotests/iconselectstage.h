@@ -1,0 +1,44 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef ICONSELECTSTAGE_H
+#define ICONSELECTSTAGE_H
+
+#include "iconselectwidget_p.h"
+
+#include <QWidget>
+
+/** An image in which no two neighbours have the same colour. */
+QImage patterned(const QSize &size, QImage::Format format = QImage::Format_RGB32);
+
+/**
+ * An IconSelectWidget in a window of its own, which takes the mouse events as the window system
+ * delivers them. Being a child it can have any size.
+ */
+class Stage
+{
+public:
+    static constexpr int noCursor = -1;
+
+    explicit Stage(const QSize &size, const QImage &image = QImage());
+
+    void press(const QPoint &position, Qt::MouseButton button = Qt::LeftButton);
+    void move(const QPoint &position);
+    void release(const QPoint &position, Qt::MouseButton button = Qt::LeftButton);
+    void drag(const QPoint &from, const QPoint &to);
+
+    /** The shape of the cursor that the widget asks for; noCursor when it leaves it to its parent. */
+    int cursor() const;
+
+private:
+    QPoint inWindow(const QPoint &position) const;
+
+    QWidget m_window;
+
+public:
+    IconSelectWidget widget;
+};
+
+#endif

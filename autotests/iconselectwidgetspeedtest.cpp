@@ -1,0 +1,103 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "iconselectstage.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTest>
+#include <algorithm>
+#include <limits>
+
+namespace
+{
+/** The peak of the memory that this process had resident since resetPeakMemory(), in bytes. */
+qint64 peakMemory()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (status.open(QIODevice::ReadOnly)) {
+        const QList<QByteArray> lines = status.readAll().split('\n');
+        for (const QByteArray &line : lines) {
+            if (line.startsWith("VmHWM:")) {
+                return line.mid(6).replace("kB", "").trimmed().toLongLong() * 1024;
+            }
+        }
+    }
+    qFatal("The peak of the memory is unknown");
+}
+
+void resetPeakMemory()
+{
+    QFile file(QStringLiteral("/proc/self/clear_refs"));
+    if (!file.open(QIODevice::WriteOnly) || file.write("5") != 1 || !file.flush()) {
+        qFatal("The peak of the memory cannot be reset");
+    }
+}
+}
+
+class IconSelectWidgetSpeedTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void shouldNotAllocateForLargeImages();
+    void shouldDragLargeImagesFluently();
+};
+
+void IconSelectWidgetSpeedTest::shouldNotAllocateForLargeImages()
+{
+    QImage image(6000, 4000, QImage::Format_RGB32);
+    image.fill(Qt::gray);
+    Stage stage(QSize(440, 360), image);
+    stage.widget.repaint();
+
+    resetPeakMemory();
+    const qint64 before = peakMemory();
+    stage.widget.selectAll();
+    stage.press(stage.widget.selection().bottomRight());
+    for (int i = 0; i < 20; ++i) {
+        stage.move(stage.widget.selection().bottomRight() - QPoint(5, 5));
+        stage.widget.repaint();
+    }
+    stage.release(QPoint(0, 0));
+    const qint64 grown = peakMemory() - before;
+    QVERIFY2(grown < image.sizeInBytes() / 20, QByteArray::number(grown).constData());
+}
+
+void IconSelectWidgetSpeedTest::shouldDragLargeImagesFluently()
+{
+    const QImage image = patterned(QSize(600, 400)).scaled(6000, 4000);
+    Stage stage(QSize(800, 600), image);
+    QImage canvas(stage.widget.size(), QImage::Format_ARGB32_Premultiplied);
+
+    qint64 drawing = std::numeric_limits<qint64>::max();
+    qint64 dragging = drawing;
+    const QPoint corner = stage.widget.selection().bottomRight();
+    QElapsedTimer timer;
+    for (int i = 0; i < 30; ++i) {
+        timer.start();
+        QPainter painter(&canvas);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(stage.widget.imageRect(), image);
+        painter.end();
+        drawing = std::min(drawing, timer.nsecsElapsed());
+
+        stage.press(stage.widget.selection().bottomRight());
+        QMouseEvent step(QEvent::MouseMove, corner - QPoint(i, i), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        timer.start();
+        QCoreApplication::sendEvent(&stage.widget, &step);
+        stage.widget.repaint();
+        dragging = std::min(dragging, timer.nsecsElapsed());
+        stage.release(corner);
+    }
+    qInfo("%.2f ms for drawing the image, %.2f ms for a step of a drag", double(drawing) / 1e6, double(dragging) / 1e6);
+    QVERIFY(dragging <= 2 * drawing);
+}
+
+QTEST_MAIN(IconSelectWidgetSpeedTest)
+
+#include "iconselectwidgetspeedtest.moc"

@@ -1,0 +1,682 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "messagerecorder.h"
+#include "sandbox.h"
+
+#include <UserIconDialog>
+#include <UserUtils>
+
+#include <QBoxLayout>
+#include <QBuffer>
+#include <QClipboard>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFrame>
+#include <QGuiApplication>
+#include <QImageWriter>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+#include <functional>
+#include <random>
+
+namespace
+{
+/** A picture with another colour in each pixel. */
+QImage gradient(const QSize &size)
+{
+    QImage image(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            image.setPixel(x, y, qRgb(x % 256, y % 256, x / 256 * 16 + y / 256));
+        }
+    }
+    return image;
+}
+
+QByteArray encoded(const QImage &image, const char *format)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, format);
+    if (!writer.write(image)) {
+        qFatal("Cannot write %s", format);
+    }
+    return bytes;
+}
+
+/** A picture that cannot be compressed to next to nothing. */
+QImage noise(const QSize &size)
+{
+    std::mt19937 random(1);
+    QImage image(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            image.setPixel(x, y, 0xff000000 | random());
+        }
+    }
+    return image;
+}
+
+QByteArray svg(const char *size)
+{
+    return QByteArray(
+               R"(<svg xmlns="http://www.w3.org/2000/svg" width="%" height="%"><rect width="9" height="9"/></svg>)")
+        .replace('%', size);
+}
+
+/** A file of each format that can be chosen, and of some that can only be named. */
+void addFormats()
+{
+    QTest::addColumn<QByteArray>("whole");
+
+    const QImage image = noise(QSize(100, 100));
+    for (const char *format : {"png", "xpm", "jpg", "bmp", "ico"}) {
+        QTest::newRow(format) << encoded(image, format);
+    }
+    QTest::newRow("svg") << svg("100");
+}
+
+template<typename Widget>
+Widget *child(const UserIconDialog &dialog, const char *name)
+{
+    auto *widget = dialog.findChild<Widget *>(QLatin1String(name));
+    if (!widget) {
+        qFatal("There is no %s", name);
+    }
+    return widget;
+}
+
+QPushButton *okButton(const UserIconDialog &dialog)
+{
+    return child<QDialogButtonBox>(dialog, "buttonBox")->button(QDialogButtonBox::Ok);
+}
+
+/** The widget in the preview frame. */
+QWidget *preview(const UserIconDialog &dialog)
+{
+    const QLayout *layout = child<QFrame>(dialog, "previewFrame")->layout();
+    return layout && layout->count() == 1 ? layout->itemAt(0)->widget() : nullptr;
+}
+
+/** Presses the file button and does @p work with the file dialog, which should close it. */
+void withFileDialog(const UserIconDialog &dialog, const std::function<void(QFileDialog *)> &work)
+{
+    bool done = false;
+    QTimer timer; // fires in the event loop of the file dialog
+    timer.setSingleShot(true);
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        auto *fileDialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        if (!fileDialog) {
+            qFatal("No file dialog appears");
+        }
+        work(fileDialog);
+        if (fileDialog->isVisible()) { // a comparison that fails in there leaves it open
+            fileDialog->reject();
+        }
+        done = true;
+    });
+    timer.start(0);
+    child<QToolButton>(dialog, "fileButton")->click();
+    if (!done) {
+        qFatal("The file dialog was not shown");
+    }
+}
+
+void chooseFile(const UserIconDialog &dialog, const QString &path)
+{
+    withFileDialog(dialog, [&path](QFileDialog *fileDialog) {
+        fileDialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(path);
+        fileDialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Open)->click();
+    });
+}
+}
+
+class UserIconDialogTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void shouldBuildForm();
+    void shouldStackFrameButtonsAndButtonBox();
+    void shouldOfferToolButtons_data();
+    void shouldOfferToolButtons();
+    void shouldTakeIconsFromTheme();
+    void shouldLeaveIconsEmptyWithoutTheme();
+    void shouldPutWidgetIntoPreviewFrame();
+    void shouldStartWithoutPicture();
+    void shouldAcceptAndReject();
+    void shouldSelectLargestCentredSquareAtOwnResolution_data();
+    void shouldSelectLargestCentredSquareAtOwnResolution();
+    void shouldReturnSquareMarkedWithMouse();
+    void shouldReturnWholePictureForLessThanAPixel();
+    void shouldTakeNullPixmap();
+    void shouldTurnMirrorAndReset();
+    void shouldAskForImageFile();
+    void shouldOpenFileDialogInIconDirectoryEachTime();
+    void shouldLoadChosenFile();
+    void shouldChangeNothingWhenFileDialogIsCancelled();
+    void shouldTakeAnyFile_data();
+    void shouldTakeAnyFile();
+    void shouldTakeTruncatedFile_data();
+    void shouldTakeTruncatedFile();
+    void shouldTakeDamagedFile_data();
+    void shouldTakeDamagedFile();
+    void shouldTakeUnreadableFile();
+    void shouldPasteImage();
+    void shouldIgnoreClipboardWithoutImage();
+    void shouldPasteImageThatCannotBeConverted();
+    void shouldReplacePictureAndSelection();
+
+private:
+    QString write(const char *name, const QByteArray &content) const
+    {
+        QString path = m_directory.filePath(QLatin1String(name));
+        Sandbox::write(path, content);
+        return path;
+    }
+
+    QTemporaryDir m_directory;
+};
+
+void UserIconDialogTest::initTestCase()
+{
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QVERIFY(m_directory.isValid());
+    QVERIFY(QDir().mkpath(UserUtils::userIconPath()));
+}
+
+void UserIconDialogTest::init()
+{
+    QGuiApplication::clipboard()->clear();
+    QIcon::setThemeName(QString());
+}
+
+void UserIconDialogTest::shouldBuildForm()
+{
+    const UserIconDialog dialog;
+
+    QCOMPARE(dialog.objectName(), QStringLiteral("UserIconDialog"));
+    QCOMPARE(dialog.size(), QSize(460, 483));
+    QCOMPARE(dialog.windowTitle(), QStringLiteral("Select User Icon"));
+    QVERIFY(!dialog.isModal());
+
+    const auto *frame = child<QFrame>(dialog, "previewFrame");
+    QCOMPARE(frame->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding));
+    QCOMPARE(frame->minimumSize(), QSize(250, 250));
+    QCOMPARE(frame->frameShape(), QFrame::StyledPanel);
+    QCOMPARE(frame->frameShadow(), QFrame::Sunken);
+
+    const auto *buttonBox = child<QDialogButtonBox>(dialog, "buttonBox");
+    QCOMPARE(buttonBox->orientation(), Qt::Horizontal);
+    QCOMPARE(buttonBox->standardButtons(), QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+}
+
+void UserIconDialogTest::shouldStackFrameButtonsAndButtonBox()
+{
+    const UserIconDialog dialog;
+
+    const auto *rows = qobject_cast<QVBoxLayout *>(dialog.layout());
+    QVERIFY(rows);
+    QCOMPARE(rows->objectName(), QStringLiteral("verticalLayout"));
+    QCOMPARE(rows->count(), 3);
+    QCOMPARE(rows->itemAt(0)->widget(), child<QFrame>(dialog, "previewFrame"));
+    const auto *buttons = qobject_cast<QHBoxLayout *>(rows->itemAt(1)->layout());
+    QVERIFY(buttons);
+    QCOMPARE(rows->itemAt(2)->widget(), child<QDialogButtonBox>(dialog, "buttonBox"));
+
+    QCOMPARE(buttons->objectName(), QStringLiteral("horizontalLayout"));
+    QCOMPARE(buttons->count(), 9);
+    for (const int end : {0, 8}) {
+        const QSpacerItem *spacer = buttons->itemAt(end)->spacerItem();
+        QVERIFY(spacer);
+        QCOMPARE(spacer->sizeHint(), QSize(40, 20));
+        QCOMPARE(spacer->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum));
+    }
+}
+
+void UserIconDialogTest::shouldOfferToolButtons_data()
+{
+    QTest::addColumn<int>("place");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("fileButton") << 1 << QStringLiteral("Open file");
+    QTest::newRow("clipboardButton") << 2 << QStringLiteral("Paste from clipboard");
+    QTest::newRow("selectAllButton") << 3 << QStringLiteral("Reset selection");
+    QTest::newRow("rotateClockwiseButton") << 4 << QStringLiteral("Rotate clockwise");
+    QTest::newRow("rotateCounterClockwiseButton") << 5 << QStringLiteral("Rotate counterclockwise");
+    QTest::newRow("horizontalMirrorButton") << 6 << QStringLiteral("Mirror horizontally");
+    QTest::newRow("verticalMirrorButton") << 7 << QStringLiteral("Mirror vertically");
+}
+
+void UserIconDialogTest::shouldOfferToolButtons()
+{
+    QFETCH(int, place);
+    QFETCH(QString, text);
+
+    const UserIconDialog dialog;
+    const auto *button = child<QToolButton>(dialog, QTest::currentDataTag());
+    QCOMPARE(dialog.layout()->itemAt(1)->layout()->itemAt(place)->widget(), button);
+    QCOMPARE(button->text(), text);
+    QCOMPARE(button->toolTip(), text);
+    QVERIFY(button->isEnabled());
+}
+
+void UserIconDialogTest::shouldTakeIconsFromTheme()
+{
+    const QMap<QString, QString> expected{
+        {QStringLiteral("fileButton"), QStringLiteral("document-open")},
+        {QStringLiteral("clipboardButton"), QStringLiteral("edit-paste")},
+        {QStringLiteral("selectAllButton"), QStringLiteral("edit-select-all")},
+        {QStringLiteral("rotateClockwiseButton"), QStringLiteral("object-rotate-right")},
+        {QStringLiteral("rotateCounterClockwiseButton"), QStringLiteral("object-rotate-left")},
+        {QStringLiteral("horizontalMirrorButton"), QStringLiteral("object-flip-horizontal")},
+        {QStringLiteral("verticalMirrorButton"), QStringLiteral("object-flip-vertical")},
+    };
+    QIcon::setThemeSearchPaths({QStringLiteral("/usr/share/icons")});
+    QIcon::setThemeName(QStringLiteral("breeze"));
+
+    const UserIconDialog dialog;
+    QMap<QString, QString> actual;
+    const auto buttons = dialog.findChildren<QToolButton *>();
+    for (const QToolButton *button : buttons) {
+        actual.insert(button->objectName(), button->icon().name());
+        QVERIFY(!button->icon().pixmap(16).isNull());
+    }
+    QCOMPARE(actual, expected);
+}
+
+void UserIconDialogTest::shouldLeaveIconsEmptyWithoutTheme()
+{
+    QIcon::setThemeSearchPaths({m_directory.path()});
+
+    const UserIconDialog dialog;
+    const auto buttons = dialog.findChildren<QToolButton *>();
+    QCOMPARE(buttons.size(), 7);
+    for (const QToolButton *button : buttons) {
+        QVERIFY(button->icon().pixmap(16).isNull());
+    }
+    QVERIFY(child<QToolButton>(dialog, "selectAllButton")->icon().isNull());
+}
+
+void UserIconDialogTest::shouldPutWidgetIntoPreviewFrame()
+{
+    const UserIconDialog dialog;
+
+    QVERIFY(qobject_cast<QHBoxLayout *>(child<QFrame>(dialog, "previewFrame")->layout()));
+    QVERIFY(preview(dialog));
+    QCOMPARE(preview(dialog)->metaObject()->className(), "IconSelectWidget");
+}
+
+void UserIconDialogTest::shouldStartWithoutPicture()
+{
+    const UserIconDialog dialog;
+
+    QVERIFY(!okButton(dialog)->isEnabled());
+    QVERIFY(dialog.selectedPixmap().isNull());
+}
+
+void UserIconDialogTest::shouldAcceptAndReject()
+{
+    UserIconDialog dialog;
+    const QSignalSpy accepted(&dialog, &QDialog::accepted);
+    const QSignalSpy rejected(&dialog, &QDialog::rejected);
+    QVERIFY(accepted.isValid());
+    QVERIFY(rejected.isValid());
+
+    dialog.setPixmap(QPixmap(10, 10));
+    okButton(dialog)->click();
+    QCOMPARE(accepted.count(), 1);
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
+
+    child<QDialogButtonBox>(dialog, "buttonBox")->button(QDialogButtonBox::Cancel)->click();
+    QCOMPARE(rejected.count(), 1);
+    QCOMPARE(dialog.result(), int(QDialog::Rejected));
+}
+
+void UserIconDialogTest::shouldSelectLargestCentredSquareAtOwnResolution_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QRect>("square");
+
+    // Sizes at which the scale to the preview, which is 400 pixels wide and high, leaves no rest.
+    QTest::newRow("wide") << QSize(1600, 800) << QRect(400, 0, 800, 800);
+    QTest::newRow("tall") << QSize(800, 1600) << QRect(0, 400, 800, 800);
+    QTest::newRow("square") << QSize(1600, 1600) << QRect(0, 0, 1600, 1600);
+    QTest::newRow("small") << QSize(4, 2) << QRect(1, 0, 2, 2);
+    QTest::newRow("one pixel") << QSize(1, 1) << QRect(0, 0, 1, 1);
+}
+
+void UserIconDialogTest::shouldSelectLargestCentredSquareAtOwnResolution()
+{
+    QFETCH(QSize, size);
+    QFETCH(QRect, square);
+
+    UserIconDialog dialog;
+    preview(dialog)->setFixedSize(400, 400);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const QImage image = gradient(size);
+    dialog.setPixmap(QPixmap::fromImage(image));
+
+    QVERIFY(okButton(dialog)->isEnabled());
+    QCOMPARE(dialog.selectedPixmap().toImage(), image.copy(square));
+}
+
+void UserIconDialogTest::shouldReturnSquareMarkedWithMouse()
+{
+    UserIconDialog dialog;
+    preview(dialog)->setFixedSize(400, 400);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const QImage image = gradient(QSize(1600, 800));
+    dialog.setPixmap(QPixmap::fromImage(image));
+
+    const auto drag = [&](const QPoint &from, const QPoint &to) {
+        const auto inWindow = [&](const QPoint &point) { return preview(dialog)->mapTo(&dialog, point); };
+        QTest::mousePress(dialog.windowHandle(), Qt::LeftButton, {}, inWindow(from));
+        QTest::mouseMove(dialog.windowHandle(), inWindow(to));
+        QTest::mouseRelease(dialog.windowHandle(), Qt::LeftButton, {}, inWindow(to));
+    };
+    // The selection goes from (100, 100) to (299, 299), a quarter of the picture's size.
+    drag(QPoint(299, 299), QPoint(199, 199));
+    QCOMPARE(dialog.selectedPixmap().toImage(), image.copy(400, 0, 400, 400));
+    drag(QPoint(150, 150), QPoint(60, 155));
+    QCOMPARE(dialog.selectedPixmap().toImage(), image.copy(40, 20, 400, 400));
+    child<QToolButton>(dialog, "selectAllButton")->click();
+    QCOMPARE(dialog.selectedPixmap().toImage(), image.copy(400, 0, 800, 800));
+}
+
+void UserIconDialogTest::shouldReturnWholePictureForLessThanAPixel()
+{
+    UserIconDialog dialog;
+    preview(dialog)->setFixedSize(400, 400);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const QImage image = gradient(QSize(2, 2));
+    dialog.setPixmap(QPixmap::fromImage(image));
+
+    const QPoint corner = preview(dialog)->mapTo(&dialog, QPoint(399, 399));
+    QTest::mousePress(dialog.windowHandle(), Qt::LeftButton, {}, corner);
+    QTest::mouseMove(dialog.windowHandle(), corner - QPoint(300, 300));
+    QTest::mouseRelease(dialog.windowHandle(), Qt::LeftButton, {}, corner - QPoint(300, 300));
+    QCOMPARE(dialog.selectedPixmap().toImage(), image);
+}
+
+void UserIconDialogTest::shouldTakeNullPixmap()
+{
+    UserIconDialog dialog;
+    dialog.setPixmap(QPixmap());
+    QVERIFY(okButton(dialog)->isEnabled());
+    QVERIFY(dialog.selectedPixmap().isNull());
+
+    dialog.setPixmap(QPixmap::fromImage(gradient(QSize(10, 10))));
+    dialog.setPixmap(QPixmap());
+    QVERIFY(okButton(dialog)->isEnabled());
+    QVERIFY(dialog.selectedPixmap().isNull());
+}
+
+void UserIconDialogTest::shouldTurnMirrorAndReset()
+{
+    UserIconDialog dialog;
+    preview(dialog)->setFixedSize(400, 400);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const QImage image = gradient(QSize(200, 200));
+    dialog.setPixmap(QPixmap::fromImage(image));
+    const auto afterPressing = [&dialog](const char *button) {
+        child<QToolButton>(dialog, button)->click();
+        return dialog.selectedPixmap().toImage();
+    };
+
+    const QImage mirrored = image.mirrored(true, false);
+    QCOMPARE(afterPressing("horizontalMirrorButton"), mirrored);
+    QCOMPARE(afterPressing("verticalMirrorButton"), mirrored.mirrored(false, true));
+    QCOMPARE(afterPressing("horizontalMirrorButton"), image.mirrored(false, true));
+    QCOMPARE(afterPressing("verticalMirrorButton"), image);
+
+    const QImage clockwise = afterPressing("rotateClockwiseButton");
+    QCOMPARE(clockwise.pixel(199, 0), image.pixel(0, 0));
+    QCOMPARE(clockwise.pixel(199, 50), image.pixel(50, 0));
+    QCOMPARE(afterPressing("rotateCounterClockwiseButton"), image);
+    const QImage counterClockwise = afterPressing("rotateCounterClockwiseButton");
+    QCOMPARE(counterClockwise.pixel(0, 199), image.pixel(0, 0));
+    QCOMPARE(counterClockwise.pixel(0, 149), image.pixel(50, 0));
+    QCOMPARE(afterPressing("selectAllButton"), counterClockwise);
+}
+
+void UserIconDialogTest::shouldAskForImageFile()
+{
+    const UserIconDialog dialog;
+    withFileDialog(dialog, [&dialog](QFileDialog *fileDialog) {
+        QCOMPARE(fileDialog->parentWidget(), &dialog);
+        QCOMPARE(fileDialog->windowTitle(), QStringLiteral("Select Image"));
+        QCOMPARE(fileDialog->directory().path(), QStringLiteral("/usr/share/kiv/faces"));
+        QCOMPARE(fileDialog->nameFilters(),
+                 QStringList(QStringLiteral("Images (*.png *.xpm *.jpg *.jpeg *.icon *.svg)")));
+        QCOMPARE(fileDialog->acceptMode(), QFileDialog::AcceptOpen);
+        QCOMPARE(fileDialog->fileMode(), QFileDialog::ExistingFile);
+        fileDialog->reject();
+    });
+}
+
+void UserIconDialogTest::shouldOpenFileDialogInIconDirectoryEachTime()
+{
+    const UserIconDialog dialog;
+    chooseFile(dialog, write("elsewhere.png", encoded(gradient(QSize(10, 10)), "png")));
+    for (int i = 0; i < 2; ++i) {
+        withFileDialog(dialog, [](QFileDialog *fileDialog) {
+            QCOMPARE(fileDialog->directory().path(), QStringLiteral("/usr/share/kiv/faces"));
+            fileDialog->setDirectory(QStringLiteral("/"));
+            fileDialog->reject();
+        });
+    }
+}
+
+void UserIconDialogTest::shouldLoadChosenFile()
+{
+    const UserIconDialog dialog;
+    const QImage image = gradient(QSize(20, 20));
+    chooseFile(dialog, write("picture.png", encoded(image, "png")));
+    QVERIFY(okButton(dialog)->isEnabled());
+    QCOMPARE(dialog.selectedPixmap().toImage(), image);
+}
+
+void UserIconDialogTest::shouldChangeNothingWhenFileDialogIsCancelled()
+{
+    UserIconDialog dialog;
+    withFileDialog(dialog, [](QFileDialog *fileDialog) { fileDialog->reject(); });
+    QVERIFY(!okButton(dialog)->isEnabled());
+    QVERIFY(dialog.selectedPixmap().isNull());
+
+    const QImage image = gradient(QSize(20, 20));
+    dialog.setPixmap(QPixmap::fromImage(image));
+    withFileDialog(dialog, [](QFileDialog *fileDialog) { fileDialog->reject(); });
+    QVERIFY(okButton(dialog)->isEnabled());
+    QCOMPARE(dialog.selectedPixmap().toImage(), image);
+}
+
+void UserIconDialogTest::shouldTakeAnyFile_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<bool>("isPicture");
+
+    const QImage image = noise(QSize(100, 100));
+    const char *const suffixes[] = {"png", "xpm", "jpg", "jpeg", "svg", "icon", "bmp", "gif"};
+    for (const char *suffix : suffixes) {
+        QTest::addRow("empty.%s", suffix) << QByteArray() << false;
+        QTest::addRow("text.%s", suffix) << QByteArray("This is no picture.\n") << false;
+        QTest::addRow("zeros.%s", suffix) << QByteArray(10000, '\0') << false;
+        QTest::addRow("png.%s", suffix) << encoded(image, "png") << true; // what counts is the content
+    }
+    for (const char *format : {"png", "xpm", "jpg", "bmp", "ico"}) {
+        const QByteArray whole = encoded(image, format);
+        QTest::addRow("whole.%s", format) << whole << true;
+        QTest::addRow("start.%s", format) << whole.left(20) << false;
+    }
+    QTest::newRow("whole.svg") << svg("100") << true;
+    QTest::newRow("start.svg") << svg("100").left(20) << false;
+    QTest::newRow("zero.xpm") << QByteArray("/* XPM */\nstatic char *x[] = {\n\"0 0 1 1\",\n\"a c #000000\"};\n")
+                              << false;
+    QTest::newRow("missingplugin.tiff") << QByteArray("II*\0\x08\0\0\0", 8) + QByteArray(100, '\0') << false;
+
+    // More pixels than are taken
+    QTest::newRow("toolarge.svg") << svg("16385") << false;
+    const QByteArray hugePng = QByteArray::fromHex("89504e470d0a1a0a0000000d4948445200030d4000030d40080200000076591f5d"
+                                                   "0000000c49444154789c6360a00c000000400001b7347cef"
+                                                   "0000000049454e44ae426082");
+    QTest::newRow("huge.png") << hugePng << false;
+    QTest::newRow("huge.svg") << svg("200000") << false;
+    QTest::newRow("huge.xpm") << QByteArray(
+        "/* XPM */\nstatic char *x[] = {\n\"200000 200000 1 1\",\n\"a c #000000\",\n\"aaaa\"};\n")
+                              << false;
+    QByteArray hugeJpeg = encoded(image, "jpg");
+    const int frameHeader = hugeJpeg.indexOf("\xff\xc0");
+    hugeJpeg.replace(frameHeader + 5, 4, QByteArray("\xff\xdc\xff\xdc"));
+    QTest::newRow("huge.jpg") << hugeJpeg << false;
+}
+
+void UserIconDialogTest::shouldTakeAnyFile()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(bool, isPicture);
+
+    const MessageRecorder decoderMessages;
+    const UserIconDialog dialog;
+    chooseFile(dialog, write(QTest::currentDataTag(), content));
+    QVERIFY(okButton(dialog)->isEnabled());
+    QCOMPARE(!dialog.selectedPixmap().isNull(), isPicture);
+}
+
+void UserIconDialogTest::shouldTakeTruncatedFile_data()
+{
+    addFormats();
+}
+
+/** How much of a truncated picture is shown is up to its format. */
+void UserIconDialogTest::shouldTakeTruncatedFile()
+{
+    QFETCH(QByteArray, whole);
+
+    const MessageRecorder decoderMessages;
+    const UserIconDialog dialog;
+    for (int eighth = 1; eighth < 8; ++eighth) {
+        const QString path = write(QTest::currentDataTag(), whole.left(whole.size() * eighth / 8));
+        chooseFile(dialog, path);
+        QVERIFY(okButton(dialog)->isEnabled());
+        QCOMPARE(dialog.selectedPixmap().isNull(), QImage(path).isNull());
+    }
+}
+
+void UserIconDialogTest::shouldTakeDamagedFile_data()
+{
+    addFormats();
+}
+
+void UserIconDialogTest::shouldTakeDamagedFile()
+{
+    QFETCH(QByteArray, whole);
+
+    std::mt19937 random(1);
+    const MessageRecorder decoderMessages;
+    const UserIconDialog dialog;
+    for (int i = 0; i < 7; ++i) {
+        QByteArray damaged = whole;
+        for (int j = 0; j < 20; ++j) {
+            // The head, which tells the size, is damaged above.
+            const int place = 64 + static_cast<int>(random() % static_cast<unsigned>(damaged.size() - 64));
+            damaged[place] = static_cast<char>(random());
+        }
+        const QString path = write(QTest::currentDataTag(), damaged);
+        chooseFile(dialog, path);
+        QVERIFY(okButton(dialog)->isEnabled());
+        QCOMPARE(dialog.selectedPixmap().isNull(), QImage(path).isNull());
+    }
+}
+
+void UserIconDialogTest::shouldTakeUnreadableFile()
+{
+    UserIconDialog dialog;
+    dialog.setPixmap(QPixmap::fromImage(gradient(QSize(20, 20))));
+    const QString path = write("secret.png", encoded(gradient(QSize(20, 20)), "png"));
+    QVERIFY(QFile::setPermissions(path, {}));
+    chooseFile(dialog, path);
+    QVERIFY(okButton(dialog)->isEnabled());
+    QVERIFY(dialog.selectedPixmap().isNull());
+}
+
+void UserIconDialogTest::shouldPasteImage()
+{
+    const UserIconDialog dialog;
+    const QImage image = gradient(QSize(20, 20));
+    QGuiApplication::clipboard()->setImage(image);
+    child<QToolButton>(dialog, "clipboardButton")->click();
+    QVERIFY(okButton(dialog)->isEnabled());
+    QCOMPARE(dialog.selectedPixmap().toImage(), image);
+}
+
+void UserIconDialogTest::shouldIgnoreClipboardWithoutImage()
+{
+    UserIconDialog dialog;
+    QClipboard *clipboard = QGuiApplication::clipboard();
+    if (clipboard->supportsSelection()) {
+        clipboard->setImage(gradient(QSize(5, 5)), QClipboard::Selection);
+    }
+    child<QToolButton>(dialog, "clipboardButton")->click();
+    QVERIFY(!okButton(dialog)->isEnabled());
+
+    clipboard->setText(QStringLiteral("text"));
+    child<QToolButton>(dialog, "clipboardButton")->click();
+    QVERIFY(!okButton(dialog)->isEnabled());
+    QVERIFY(dialog.selectedPixmap().isNull());
+    QVERIFY(child<QToolButton>(dialog, "clipboardButton")->isEnabled());
+
+    const QImage image = gradient(QSize(20, 20));
+    dialog.setPixmap(QPixmap::fromImage(image));
+    child<QToolButton>(dialog, "clipboardButton")->click();
+    QCOMPARE(dialog.selectedPixmap().toImage(), image);
+}
+
+void UserIconDialogTest::shouldPasteImageThatCannotBeConverted()
+{
+    const UserIconDialog dialog;
+    auto *data = new QMimeData;
+    data->setImageData(QStringLiteral("no image"));
+    QGuiApplication::clipboard()->setMimeData(data);
+    child<QToolButton>(dialog, "clipboardButton")->click();
+    QVERIFY(okButton(dialog)->isEnabled());
+    QVERIFY(dialog.selectedPixmap().isNull());
+}
+
+void UserIconDialogTest::shouldReplacePictureAndSelection()
+{
+    UserIconDialog dialog;
+    const QImage first = gradient(QSize(20, 20));
+    const QImage second = gradient(QSize(30, 30));
+    dialog.setPixmap(QPixmap::fromImage(first));
+    chooseFile(dialog, write("second.png", encoded(second, "png")));
+    QCOMPARE(dialog.selectedPixmap().toImage(), second);
+    QGuiApplication::clipboard()->setImage(first);
+    child<QToolButton>(dialog, "clipboardButton")->click();
+    QCOMPARE(dialog.selectedPixmap().toImage(), first);
+    dialog.setPixmap(QPixmap::fromImage(second));
+    QCOMPARE(dialog.selectedPixmap().toImage(), second);
+}
+
+QTEST_MAIN(UserIconDialogTest)
+
+#include "usericondialogtest.moc"

@@ -1,0 +1,95 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "usericondialog.h"
+
+#include "iconselectwidget_p.h"
+#include "ui_usericondialog.h"
+#include "userutils.h"
+
+#include <KLocalizedString>
+
+#include <QClipboard>
+#include <QFileDialog>
+#include <QImageReader>
+#include <QMimeData>
+#include <QPushButton>
+
+namespace
+{
+/** In pixels: 1 GiB in memory. A file of a few bytes can claim more than the machine has. */
+constexpr qint64 largestImage = qint64(1) << 28;
+
+/** The image in a file of any format and name; null when it cannot be read or is too large. */
+QImage readImage(const QString &fileName)
+{
+    QImageReader reader(fileName);
+    const QSize size = reader.size();
+    if (qint64(size.width()) * size.height() > largestImage) {
+        return {};
+    }
+    return reader.read();
+}
+}
+
+UserIconDialog::UserIconDialog(QWidget *parent)
+    : QDialog(parent)
+    , ui(new Ui::UserIconDialog)
+{
+    ui->setupUi(this);
+    m_iconWidget = new IconSelectWidget(this);
+    auto *previewLayout = new QHBoxLayout;
+    previewLayout->addWidget(m_iconWidget);
+    ui->previewFrame->setLayout(previewLayout);
+    ui->buttonBox->button(QDialogButtonBox::Ok)->setEnabled(false);
+
+    const auto connectButton = [this](const QToolButton *button, void (IconSelectWidget::*slot)()) {
+        connect(button, &QToolButton::clicked, m_iconWidget, slot);
+    };
+    connectButton(ui->selectAllButton, &IconSelectWidget::selectAll);
+    connectButton(ui->rotateClockwiseButton, &IconSelectWidget::rotateClockwise);
+    connectButton(ui->rotateCounterClockwiseButton, &IconSelectWidget::rotateCounterClockwise);
+    connectButton(ui->horizontalMirrorButton, &IconSelectWidget::horizontalMirror);
+    connectButton(ui->verticalMirrorButton, &IconSelectWidget::verticalMirror);
+}
+
+UserIconDialog::~UserIconDialog()
+{
+    delete ui;
+}
+
+void UserIconDialog::setPixmap(const QPixmap &pixmap)
+{
+    showImage(pixmap.toImage());
+}
+
+QPixmap UserIconDialog::selectedPixmap() const
+{
+    return QPixmap::fromImage(m_iconWidget->image().copy(m_iconWidget->imageSelection()));
+}
+
+void UserIconDialog::on_fileButton_clicked(bool /*checked*/)
+{
+    const QString fileName = QFileDialog::getOpenFileName(
+        this, i18n("Select Image"), UserUtils::userIconPath(), i18n("Images (*.png *.xpm *.jpg *.jpeg *.icon *.svg)"));
+    if (!fileName.isEmpty()) {
+        showImage(readImage(fileName));
+    }
+}
+
+void UserIconDialog::on_clipboardButton_clicked()
+{
+    const QClipboard *clipboard = QGuiApplication::clipboard();
+    const QMimeData *data = clipboard->mimeData(QClipboard::Clipboard);
+    if (data && data->hasImage()) {
+        showImage(clipboard->image(QClipboard::Clipboard));
+    }
+}
+
+void UserIconDialog::showImage(const QImage &image)
+{
+    m_iconWidget->setImage(image);
+    ui->buttonBox->button(QDialogButtonBox::Ok)->setEnabled(true);
+}

@@ -1,0 +1,77 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef USERICONDIALOG_H
+#define USERICONDIALOG_H
+
+#include "ormelusersqt_export.h"
+
+#include <QDialog>
+#include <QPixmap>
+
+class IconSelectWidget;
+class QImage;
+
+namespace Ui
+{
+class UserIconDialog;
+}
+
+/**
+ * @class UserIconDialog usericondialog.h <UserIconDialog>
+ *
+ * Lets the operator cut a square icon out of a picture.
+ *
+ * @code
+ * UserIconDialog dialog(this);
+ * dialog.setPixmap(QPixmap(QDir::homePath() + QStringLiteral("/.face")));
+ * if (dialog.exec() == QDialog::Accepted && !dialog.selectedPixmap().isNull()) {
+ *     useIcon(dialog.selectedPixmap());
+ * }
+ * @endcode
+ *
+ * The picture comes from the caller, from a file or from the clipboard, and can be turned and
+ * mirrored; a square is marked in it with the mouse. The dialog starts without a picture and with
+ * Ok disabled. Ok is enabled as soon as a picture was set or chosen, and stays so: a file that
+ * cannot be read, or holds more than 2^28 pixels, counts as well, shows nothing and makes
+ * selectedPixmap() null.
+ *
+ * The file dialog starts in UserUtils::userIconPath() each time. A clipboard without an image is
+ * ignored.
+ *
+ * The dialog sets no modality. Like all widgets it belongs to the GUI thread.
+ */
+class ORMELUSERSQT_EXPORT UserIconDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit UserIconDialog(QWidget *parent = nullptr);
+    ~UserIconDialog() override;
+
+    /** Shows @p pixmap with the largest square in its middle selected, and enables Ok; null shows nothing. */
+    void setPixmap(const QPixmap &pixmap);
+
+    /**
+     * @return the selected square of the picture, turned and mirrored as shown, at the picture's
+     * own resolution; null when the picture is null. What rounding puts beyond the picture's
+     * edges is transparent or black.
+     *
+     * Copies the square out of the picture on each call.
+     */
+    QPixmap selectedPixmap() const;
+
+private Q_SLOTS:
+    void on_fileButton_clicked(bool checked); // clazy:exclude=connect-by-name
+    void on_clipboardButton_clicked(); // clazy:exclude=connect-by-name
+
+private:
+    ORMELUSERSQT_NO_EXPORT void showImage(const QImage &image);
+
+    Ui::UserIconDialog *ui;
+    IconSelectWidget *m_iconWidget;
+};
+
+#endif
