@@ -38,4 +38,16 @@ inline QString userUnableToOpen(const QString &path)
     return QStringLiteral("UserInfo: unable to open ") + path;
 }
 
+/** Lines of /etc/passwd for user0 with the uid 1000, user1 with 1001 and so on, of the group staff. */
+inline QByteArray manyUsers(int count)
+{
+    QByteArray lines;
+    for (int i = 0; i < count; ++i) {
+        const QByteArray number = QByteArray::number(i);
+        lines += "user" + number + ":x:" + QByteArray::number(1000 + i) + ":50:User " + number + ":/home/user" + number
+            + ":/bin/bash\n";
+    }
+    return lines;
+}
+
 #endif
