@@ -791,11 +791,7 @@ void GroupListModelTest::reloadsGroupThatIsGone()
 
 void GroupListModelTest::handlesTenThousandGroups()
 {
-    QByteArray group;
-    for (int i = 0; i < 10000; ++i) {
-        group += "group" + QByteArray::number(i) + ":x:" + QByteArray::number(1000 + i) + ":\n";
-    }
-    Sandbox::setAccounts(usersFile, group);
+    Sandbox::setAccounts(usersFile, manyGroups(10000));
     Model model(text("group42"), words("group9999 group0 group42"));
     const TableTester tester(&model);
 
