@@ -169,7 +169,7 @@ void GroupSelectDialogTest::setsUpWidgets()
     QVERIFY(dialog.view->itemsExpandable());
 
     QCOMPARE(dialog.buttonBox->orientation(), Qt::Horizontal);
-    QCOMPARE(dialog.buttonBox->standardButtons(), QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    QCOMPARE(int(dialog.buttonBox->standardButtons()), int(QDialogButtonBox::Ok | QDialogButtonBox::Cancel));
 }
 
 void GroupSelectDialogTest::offersFilters()
