@@ -5,6 +5,7 @@
 
 #include "command.h"
 #include "listcommands.h"
+#include "pickcommands.h"
 
 #include <KLocalizedString>
 
@@ -22,6 +23,8 @@ using Interface = Command::Interface;
 const Command commands[] = {
     {"users", "", kli18n("List the user accounts of /etc/passwd."), Interface::Terminal, listOptions, listUsers},
     {"groups", "", kli18n("List the groups of /etc/group."), Interface::Terminal, listOptions, listGroups},
+    {"pick-users", "", kli18n("Pick users in a dialog."), Interface::Window, pickUsersOptions, pickUsers},
+    {"pick-groups", "", kli18n("Pick groups in a dialog."), Interface::Window, pickGroupsOptions, pickGroups},
 };
 
 const Command *findCommand(const QString &name)
@@ -57,7 +60,7 @@ QString description()
     QString text = i18n("Shows the user accounts and groups of this machine.") + QLatin1String("\n\n");
     text += i18n("Commands:");
     for (const Command &command : commands) {
-        text += QStringLiteral("\n  %1 %2").arg(QLatin1String(command.name), -8).arg(command.summary.toString());
+        text += QStringLiteral("\n  %1 %2").arg(QLatin1String(command.name), -12).arg(command.summary.toString());
     }
     return text;
 }
