@@ -39,9 +39,16 @@ QPoint centre(QAbstractItemView &view, const QString &text, QStyle::SubElement e
     return CellOption().part(view, index, element).center();
 }
 
+/** Views do not report that they can have the focus. */
+bool isFocusable(const QAccessibleInterface &element)
+{
+    const auto *widget = qobject_cast<QWidget *>(element.object());
+    return element.state().focusable || (widget && widget->focusPolicy() != Qt::NoFocus);
+}
+
 void collectUnnamed(QAccessibleInterface *element, QStringList &unnamed)
 {
-    if (element->state().focusable && element->text(QAccessible::Name).isEmpty()) {
+    if (isFocusable(*element) && element->text(QAccessible::Name).isEmpty()) {
         const QObject *object = element->object();
         unnamed.append(object ? QString::fromLatin1(object->metaObject()->className()) + object->objectName()
                               : QStringLiteral("role %1").arg(element->role()));

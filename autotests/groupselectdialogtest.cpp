@@ -308,7 +308,8 @@ void GroupSelectDialogTest::textNarrowsNames_data()
 
     QTest::newRow("start") << text("ad") << text("adam");
     QTest::newRow("middle") << text("o") << text("root bob a-system-group-of-a-very-long-name");
-    QTest::newRow("no pattern") << text(".") << text("a.b");
+    QTest::newRow("no regular expression") << text(".") << text("a.b");
+    QTest::newRow("no wildcard") << text("a*") << QString();
     QTest::newRow("case counts") << text("zed") << QString();
     QTest::newRow("names only") << text("1000") << QString();
 }

@@ -311,7 +311,8 @@ void UserSelectDialogTest::textNarrowsNames_data()
 
     QTest::newRow("start") << text("ad") << text("adam");
     QTest::newRow("middle") << text("b") << text("bob a.b");
-    QTest::newRow("no pattern") << text(".") << text("a.b");
+    QTest::newRow("no regular expression") << text(".") << text("a.b");
+    QTest::newRow("no wildcard") << text("a*") << QString();
     QTest::newRow("case counts") << text("zed") << QString();
     QTest::newRow("names only") << text("1000") << QString();
 }

@@ -8,6 +8,7 @@
 
 #include <KLocalizedString>
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QSortFilterProxyModel>
@@ -46,6 +47,8 @@ inline void addFilters(QComboBox *comboBox, std::initializer_list<FilterEntry> e
     for (const FilterEntry &entry : entries) {
         comboBox->addItem(entry.text.toString(), entry.filter);
     }
+    // The list that pops up gets the focus, but does not take over the name for screen readers.
+    comboBox->view()->setAccessibleName(comboBox->accessibleName());
 }
 
 /** Shows @p model in @p view through @p proxy, and lets the other two widgets narrow it. */
