@@ -52,7 +52,7 @@ class ORMELUSERSQT_EXPORT GroupListModel : public QAbstractTableModel
 
 public:
     /** Which groups are shown. Values outside the enumeration show all. */
-    enum Filter {
+    enum Filter : int {
         All = 0,
         Ordinary = 1, /**< Groups that are not system groups. */
         System = 2, /**< System groups. */

@@ -49,7 +49,7 @@ class ORMELUSERSQT_EXPORT UserListModel : public QAbstractTableModel
 
 public:
     /** Which users are shown. Values outside the enumeration show all. */
-    enum Filter {
+    enum Filter : int {
         All = 0,
         Ordinary = 1, /**< Users that are not system accounts. */
         System = 2, /**< System accounts. */
