@@ -6,9 +6,10 @@
 #include "checkcommands.h"
 #include "command.h"
 #include "hashcommand.h"
-#include "limitscommands.h"
 #include "iconcommands.h"
+#include "limitscommands.h"
 #include "listcommands.h"
+#include "pickcommands.h"
 
 #include <KLocalizedString>
 
@@ -42,6 +43,8 @@ const Command commands[] = {
      Interface::Window,
      pickIconOptions,
      pickIcon},
+    {"pick-users", "", kli18n("Pick users in a dialog."), Interface::Window, pickUsersOptions, pickUsers},
+    {"pick-groups", "", kli18n("Pick groups in a dialog."), Interface::Window, pickGroupsOptions, pickGroups},
 };
 
 const Command *findCommand(const QString &name)

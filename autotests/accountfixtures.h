@@ -38,4 +38,26 @@ inline QString userUnableToOpen(const QString &path)
     return QStringLiteral("UserInfo: unable to open ") + path;
 }
 
+/** Lines of /etc/passwd for user0 with the uid 1000, user1 with 1001 and so on, of the group staff. */
+inline QByteArray manyUsers(int count)
+{
+    QByteArray lines;
+    for (int i = 0; i < count; ++i) {
+        const QByteArray number = QByteArray::number(i);
+        lines += "user" + number + ":x:" + QByteArray::number(1000 + i) + ":50:User " + number + ":/home/user" + number
+            + ":/bin/bash\n";
+    }
+    return lines;
+}
+
+/** Lines of /etc/group for group0 with the gid 1000, group1 with 1001 and so on. */
+inline QByteArray manyGroups(int count)
+{
+    QByteArray lines;
+    for (int i = 0; i < count; ++i) {
+        lines += "group" + QByteArray::number(i) + ":x:" + QByteArray::number(1000 + i) + ":\n";
+    }
+    return lines;
+}
+
 #endif

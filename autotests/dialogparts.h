@@ -1,0 +1,52 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef DIALOGPARTS_H
+#define DIALOGPARTS_H
+
+#include <QModelIndex>
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+
+class QAbstractItemView;
+class QComboBox;
+class QDialog;
+class QGridLayout;
+
+/** The widget of a dialog by its object name; ends the test when there is none. */
+template<typename Widget> Widget *part(const QWidget &dialog, const char *name)
+{
+    auto *widget = dialog.findChild<Widget *>(QString::fromLatin1(name));
+    if (!widget) {
+        qFatal("The dialog has no %s", name);
+    }
+    return widget;
+}
+
+/** Shows a dialog; false when it does not get the focus. */
+bool open(QDialog &dialog);
+
+/** Which cells the widgets of a form take: "buttonBox 2,0 1x2" with row, column and spans. */
+QStringList gridCells(const QGridLayout &layout);
+
+/** The entries with the type and value of their data: "All int 0"; those with an icon get a star. */
+QStringList comboBoxEntries(const QComboBox &comboBox);
+
+/** The row of the view that shows @p text in its first column. */
+QModelIndex viewIndex(const QAbstractItemView &view, const QString &text);
+
+/** What the operator does with the mouse to the row that shows @p text. */
+void clickCheckBox(QAbstractItemView &view, const QString &text);
+void clickText(QAbstractItemView &view, const QString &text);
+void doubleClickText(QAbstractItemView &view, const QString &text);
+
+/** The widgets that the tab key reaches, from the first one on. */
+QStringList tabOrder(QWidget &dialog, QWidget *first);
+
+/** The elements of a dialog that can have the focus but have no name to be read out. */
+QStringList unnamedAccessibles(QWidget &dialog);
+
+#endif

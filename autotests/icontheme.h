@@ -1,0 +1,27 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef ICONTHEME_H
+#define ICONTHEME_H
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+/** Makes an icon theme with plain icons of the names given the one in use while it lives. */
+class IconTheme
+{
+public:
+    explicit IconTheme(const QStringList &names);
+    ~IconTheme();
+
+private:
+    Q_DISABLE_COPY(IconTheme)
+
+    QTemporaryDir m_directory;
+    QStringList m_previousPaths;
+    QString m_previousName;
+};
+
+#endif

@@ -1,0 +1,175 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "dialogparts.h"
+#include "modellog.h"
+#include "sandbox.h"
+
+#include <GroupListModel>
+#include <GroupSelectDialog>
+#include <UserListModel>
+#include <UserSelectDialog>
+
+#include <KLocalizedString>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTest>
+#include <QTreeView>
+
+namespace
+{
+void setLanguage(const char *language)
+{
+    KLocalizedString::setLanguages({QString::fromLatin1(language)});
+}
+
+QStringList headers(const QAbstractItemModel &model)
+{
+    QStringList labels;
+    for (int column = 0; column < model.columnCount(); ++column) {
+        labels.append(model.headerData(column, Qt::Horizontal).toString());
+    }
+    return labels;
+}
+
+/** Every text of the form of a dialog, those that are only read out included. */
+QStringList formTexts(const QDialog &dialog)
+{
+    const auto *comboBox = dialog.findChild<QComboBox *>();
+    const auto *lineEdit = part<QLineEdit>(dialog, "filterLineEdit");
+    const auto *view = dialog.findChild<QTreeView *>();
+    QStringList texts{dialog.windowTitle(),
+                      view->accessibleName(),
+                      lineEdit->placeholderText(),
+                      lineEdit->accessibleName(),
+                      comboBox->accessibleName()};
+    for (int i = 0; i < comboBox->count(); ++i) {
+        texts.append(comboBox->itemText(i));
+    }
+    return texts;
+}
+}
+
+class ListTranslationTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void translatesModelsWhenAsked_data();
+    void translatesModelsWhenAsked();
+    void translatesUserDialogWhenMade();
+    void translatesGroupDialogWhenMade();
+};
+
+void ListTranslationTest::initTestCase()
+{
+    KLocalizedString::addDomainLocaleDir("ormel_kcm_users", QStringLiteral(CATALOGUES "/locale"));
+    Sandbox::setAccounts("root:x:0:0::/:\nzoe:x:1000:1000::/:\n", "root:x:0:\nzoe:x:1000:\n");
+}
+
+void ListTranslationTest::init()
+{
+    setLanguage("en_US");
+}
+
+void ListTranslationTest::translatesModelsWhenAsked_data()
+{
+    QTest::addColumn<bool>("users");
+    QTest::addColumn<QStringList>("plainHeaders");
+    QTest::addColumn<QStringList>("translatedHeaders");
+
+    QTest::newRow("users") << true << words("Name UID System") << lines({"<Name>", "UID", "<user System>"});
+    QTest::newRow("groups") << false << words("Name GID System") << lines({"<Name>", "GID", "<group System>"});
+}
+
+void ListTranslationTest::translatesModelsWhenAsked()
+{
+    QFETCH(bool, users);
+    QFETCH(QStringList, plainHeaders);
+    QFETCH(QStringList, translatedHeaders);
+
+    UserListModel userModel;
+    userModel.setFilter(UserListModel::All);
+    const GroupListModel groupModel;
+    const QAbstractItemModel &model = users ? static_cast<const QAbstractItemModel &>(userModel) : groupModel;
+
+    QCOMPARE(headers(model), plainHeaders);
+    QCOMPARE(rowTexts(model), lines({"root | 0 | Yes", "zoe | 1000 | No"}));
+    setLanguage("de");
+    QCOMPARE(headers(model), translatedHeaders);
+    QCOMPARE(rowTexts(model), lines({"root | 0 | <Yes>", "zoe | 1000 | <No>"}));
+}
+
+void ListTranslationTest::translatesUserDialogWhenMade()
+{
+    const QStringList plain = lines({"Select Users",
+                                     "Select Users",
+                                     "Filter",
+                                     "Filter",
+                                     "Filter",
+                                     "All",
+                                     "Ordinary",
+                                     "System",
+                                     "Administrators",
+                                     "Selected",
+                                     "Unselected"});
+    const UserSelectDialog before;
+    QCOMPARE(formTexts(before), plain);
+
+    setLanguage("de");
+    QCOMPARE(formTexts(before), plain);
+    const UserSelectDialog after;
+    QCOMPARE(formTexts(after),
+             lines({"<Select Users>",
+                    "<Select Users>",
+                    "<Filter>",
+                    "<Filter>",
+                    "<Filter>",
+                    "<filter All>",
+                    "<filter Ordinary>",
+                    "<filter System>",
+                    "<filter Administrators>",
+                    "<filter Selected>",
+                    "<filter Unselected>"}));
+}
+
+void ListTranslationTest::translatesGroupDialogWhenMade()
+{
+    const QStringList plain = lines({"Select Groups",
+                                     "Select Groups",
+                                     "Filter",
+                                     "Filter",
+                                     "Filter",
+                                     "All",
+                                     "Ordinary",
+                                     "System",
+                                     "Selected",
+                                     "Unselected"});
+    const GroupSelectDialog before;
+    QCOMPARE(formTexts(before), plain);
+
+    setLanguage("de");
+    QCOMPARE(formTexts(before), plain);
+    const GroupSelectDialog after;
+    QCOMPARE(formTexts(after),
+             lines({"<Select Groups>",
+                    "<Select Groups>",
+                    "<Filter>",
+                    "<Filter>",
+                    "<Filter>",
+                    "<filter All>",
+                    "<filter Ordinary>",
+                    "<filter System>",
+                    "<filter Selected>",
+                    "<filter Unselected>"}));
+}
+
+QTEST_MAIN(ListTranslationTest)
+
+#include "listtranslationtest.moc"

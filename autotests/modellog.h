@@ -1,0 +1,72 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef MODELLOG_H
+#define MODELLOG_H
+
+#include <QAbstractItemModelTester>
+#include <QIdentityProxyModel>
+#include <QStringList>
+
+#include <initializer_list>
+
+/**
+ * Writes down what a model notifies its views of: "reset", "insert 3-3", "remove 0-1" and
+ * "change 0,0-0,0 roles 10". A notification without its beginning or end shows up as well.
+ */
+class ModelLog : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ModelLog(const QAbstractItemModel *model);
+
+    /** What was notified since the last call. */
+    QStringList take();
+
+private:
+    void add(const QString &line);
+
+    QStringList m_lines;
+};
+
+/** Gives a table model, whose rowCount() does not look at the parent, the shape of a tree without branches. */
+class FlatProxy : public QIdentityProxyModel
+{
+    Q_OBJECT
+
+public:
+    explicit FlatProxy(QAbstractItemModel *source);
+
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    bool hasChildren(const QModelIndex &parent = QModelIndex()) const override;
+};
+
+/** Fails the test when a table model breaks the rules of item models. */
+class TableTester
+{
+public:
+    explicit TableTester(QAbstractItemModel *model);
+
+private:
+    FlatProxy m_proxy;
+    QAbstractItemModelTester m_tester;
+};
+
+/** Texts without a QStringLiteral around each. */
+QStringList lines(std::initializer_list<const char *> texts);
+QStringList words(const char *text);
+
+/** Each enumeration that a class registers itself, followed by its keys: "Column", "NameColumn=0". */
+QStringList enumerationTexts(const QMetaObject &meta);
+
+/** A row as it reads on the screen: "[x] zoe | 1000 | No"; without check boxes "zoe | 1000 | No". */
+QString rowText(const QAbstractItemModel &model, int row);
+QStringList rowTexts(const QAbstractItemModel &model);
+
+/** The texts of the first column, in one line. */
+QString shownNames(const QAbstractItemModel &model);
+
+#endif

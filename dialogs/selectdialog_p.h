@@ -1,0 +1,75 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef SELECTDIALOG_P_H
+#define SELECTDIALOG_P_H
+
+#include <KLocalizedString>
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QSortFilterProxyModel>
+#include <QTreeView>
+
+#include <initializer_list>
+
+/** What UserSelectDialog and GroupSelectDialog do alike when they are built. */
+namespace SelectDialog
+{
+struct FilterEntry {
+    KLocalizedString text;
+    int filter;
+};
+
+/**
+ * Sorts and filters rows that have no rows below them.
+ *
+ * The list models do not look at the parent when they count their rows. Without this a row would
+ * seem to have all rows below it, and expanding all of them, as views do at the asterisk key, would
+ * never end.
+ */
+class FlatProxyModel : public QSortFilterProxyModel
+{
+public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override
+    {
+        return parent.isValid() ? 0 : QSortFilterProxyModel::rowCount();
+    }
+};
+
+inline void addFilters(QComboBox *comboBox, std::initializer_list<FilterEntry> entries)
+{
+    for (const FilterEntry &entry : entries) {
+        comboBox->addItem(entry.text.toString(), entry.filter);
+    }
+    // The list that pops up gets the focus, but does not take over the name for screen readers.
+    comboBox->view()->setAccessibleName(comboBox->accessibleName());
+}
+
+/** Shows @p model in @p view through @p proxy, and lets the other two widgets narrow it. */
+template<typename Model>
+void connectModel(
+    Model *model, QSortFilterProxyModel *proxy, QComboBox *filterComboBox, QLineEdit *filterLineEdit, QTreeView *view)
+{
+    proxy->setSourceModel(model);
+    proxy->setFilterKeyColumn(Model::NameColumn);
+    view->setModel(proxy);
+    filterComboBox->setCurrentIndex(filterComboBox->findData(static_cast<int>(model->filter())));
+
+    const auto applyFilter = [=] {
+        model->setFilter(filterComboBox->currentData().template value<typename Model::Filter>());
+        view->resizeColumnToContents(Model::NameColumn);
+        filterLineEdit->clear();
+    };
+    QObject::connect(filterComboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), view, applyFilter);
+    QObject::connect(filterLineEdit, &QLineEdit::textChanged, proxy, &QSortFilterProxyModel::setFilterFixedString);
+    view->resizeColumnToContents(Model::NameColumn);
+}
+}
+
+#endif

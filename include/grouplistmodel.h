@@ -1,0 +1,188 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef GROUPLISTMODEL_H
+#define GROUPLISTMODEL_H
+
+#include "groupinfo.h"
+#include "ormelusersqt_export.h"
+
+#include <QAbstractTableModel>
+#include <QIcon>
+#include <QSet>
+
+/**
+ * @class GroupListModel grouplistmodel.h <GroupListModel>
+ *
+ * The local groups as a table: name with icon and check box, GID, system group or not.
+ *
+ * @code
+ * auto *model = new GroupListModel(user.name(), user.groupNames(), this);
+ * view->setModel(model);
+ * connect(this, &QDialog::accepted, this, [=] { setGroups(model->selectedGroupNames()); });
+ * @endcode
+ *
+ * It is the counterpart of UserListModel. The differences: a new model shows all groups, there is
+ * no filter for administrators, and the locked row is the user's own group, the one that bears the
+ * user's name. That group also comes first among the selectedGroupNames() when it is checked.
+ *
+ * The model holds all groups, sorted by name, and shows those that the filter() lets through, with
+ * a placeholder row behind them for a group that is about to be created (setNewGroupName()). Which
+ * groups are checked is kept by name, apart from the rows: checked groups may be hidden by the
+ * filter, and checked names need not belong to any group.
+ *
+ * Row numbers count the shown rows. The table is flat, and rowCount() and columnCount() do not look
+ * at the parent: views that only show tables are fine, a tree walker must not descend.
+ *
+ * The model is filled as soon as it exists and does not watch the account files: call reload() or
+ * reloadGroup() after a change. When they cannot be read it is empty, with the warning of
+ * GroupInfo::getGroups(). Nothing here changes a group.
+ *
+ * Besides name, icon and check box (Qt::CheckStateRole, as an int) in the first column the only
+ * data are the texts of Qt::DisplayRole; the GID is a uint there, so that it sorts as a number.
+ * headerData() has the same three labels for both orientations.
+ *
+ * To be used on the GUI thread, like the views.
+ */
+class ORMELUSERSQT_EXPORT GroupListModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    /** Which groups are shown. Values outside the enumeration show all. */
+    enum Filter : int {
+        All = 0,
+        Ordinary = 1, /**< Groups that are not system groups. */
+        System = 2, /**< System groups. */
+        Selected = 3, /**< Groups whose name is checked. */
+        Unselected = 4, /**< Groups whose name is not checked. */
+    };
+    Q_ENUM(Filter)
+
+    enum Column {
+        NameColumn = 0,
+        GidColumn = 1,
+        SystemColumn = 2,
+    };
+    Q_ENUM(Column)
+
+    /** Lists the groups without check boxes, with the filter All. No row is locked. */
+    explicit GroupListModel(QObject *parent = nullptr);
+
+    /**
+     * Lists the groups with check boxes, to choose those of a user, with the filter All.
+     *
+     * @param userName the user, who need not exist yet. The group of that very name is locked: its
+     * row has no flags. The user's primary group is not, when it has another name.
+     * @param selectedNames the groups that are checked at first, in any order
+     */
+    GroupListModel(const QString &userName, const QStringList &selectedNames, QObject *parent = nullptr);
+
+    ~GroupListModel() override;
+
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex &parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+
+    /**
+     * Checks the group of @p index, when @p value as an int is Qt::Checked, or unchecks it.
+     *
+     * The filter is not applied again: the row stays in view. Neither isSelectable() nor a lock is
+     * looked at; it is views that heed flags().
+     *
+     * @return false, with nothing changed, when @p index is not a row's first column or @p role is not
+     * Qt::CheckStateRole.
+     */
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+    /**
+     * Takes rows out of the model, together with every other group of the same names, shown or not.
+     * The groups of the system stay, and so does the check mark of the names.
+     *
+     * @param count is not guarded against zero and less: views are then told of a removal whose
+     * last row is before its first, and the result is true
+     * @return false, with nothing changed, when the rows are not all there.
+     */
+    bool removeRows(int row, int count, const QModelIndex &parent = QModelIndex()) override;
+
+    /** @return no flags, in any column, for the user's own group as it was when the model was last reloaded. */
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+    /**
+     * @return the group of the row of @p index, whatever the column; null when it is not a shown
+     * row. An empty record is the placeholder row's. Valid until the rows next change.
+     */
+    const GroupInfo *group(const QModelIndex &index) const;
+
+    /** @return the first shown row of that name; an invalid index when there is none. */
+    QModelIndex findGroup(const QString &name) const;
+
+    /** @return whether no row is shown, whatever the filter hides. */
+    bool isEmpty() const;
+
+    /** @return whether rows carry check boxes. */
+    bool isSelectable() const;
+    /** Shows or hides the check boxes, which resets the model; no change does nothing. */
+    void setSelectable(bool selectable);
+
+    /** @return the filter; All in a new model. */
+    Filter filter() const;
+    /** Sets the filter and applies it; the filter that is set already is not applied again. */
+    void setFilter(Filter filter);
+
+    /** Shows the groups that the filter lets through now. Resets the model and drops the placeholder row. */
+    void applyFilter();
+
+    /**
+     * @return the names of the checked groups, hidden ones included: the user's own group when it
+     * is checked, then the others sorted by name. Checked names that belong to no group are left out.
+     */
+    QStringList selectedGroupNames() const;
+    /** Checks exactly the groups @p names, then applies the filter, also without a change. */
+    void setSelectedGroupNames(const QStringList &names);
+    /** Checks or unchecks one group, then applies the filter; no change does nothing. */
+    void setSelectedGroupName(const QString &name, bool selected);
+
+    /**
+     * Shows @p name in a placeholder row at the end, which is added when it is not there yet. It
+     * has an empty record, is never locked, and lives until the filter is next applied or the model is
+     * reloaded.
+     *
+     * @return the index of the placeholder row.
+     */
+    QModelIndex setNewGroupName(const QString &name);
+
+    /**
+     * Reads all groups again, looks for the user's own group among them and applies the filter.
+     * Filter and check marks stay, those of groups that are gone included.
+     *
+     * Costs one GroupInfo::getGroups() and one sorting.
+     */
+    void reload();
+
+    /**
+     * Reads one group again, in place, with GroupInfo::reload(): views are not told, and the group is
+     * neither sorted nor filtered anew. An unknown name does nothing.
+     */
+    void reloadGroup(const QString &name);
+
+private:
+    friend class RecordTable;
+
+    QList<GroupInfo> m_groups;
+    QList<GroupInfo> m_filteredGroups;
+    QSet<QString> m_selectedNames;
+    GroupInfo m_primaryGroup;
+    QString m_userName;
+    QIcon m_systemGroupIcon;
+    QIcon m_groupIcon;
+    Filter m_filter = All;
+    bool m_selectable = false;
+    QString m_newGroupName;
+};
+
+#endif

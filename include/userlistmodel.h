@@ -1,0 +1,190 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef USERLISTMODEL_H
+#define USERLISTMODEL_H
+
+#include "groupinfo.h"
+#include "ormelusersqt_export.h"
+#include "userinfo.h"
+
+#include <QAbstractTableModel>
+#include <QIcon>
+#include <QSet>
+
+/**
+ * @class UserListModel userlistmodel.h <UserListModel>
+ *
+ * The local user accounts as a table: name with icon and check box, UID, system account or not.
+ *
+ * @code
+ * auto *model = new UserListModel(group, group.users(), this);
+ * model->setFilter(UserListModel::All);
+ * view->setModel(model);
+ * @endcode
+ *
+ * The model holds all users, sorted by name, and shows those that the filter() lets through, with
+ * a placeholder row behind them for a user who is about to be created (setNewUserName()). Which
+ * users are checked is kept by name, apart from the rows: checked users may be hidden by the
+ * filter, and checked names need not belong to any user.
+ *
+ * Row numbers count the shown rows. The table is flat, and rowCount() and columnCount() do not look
+ * at the parent: views that only show tables are fine, a tree walker must not descend.
+ *
+ * The model is filled as soon as it exists and does not watch the account files: call reload() or
+ * reloadUser() after a change. When they cannot be read it is empty, with the warning of
+ * UserInfo::getUsers(). Nothing here changes an account.
+ *
+ * Besides name, icon and check box (Qt::CheckStateRole, as an int) in the first column the only
+ * data are the texts of Qt::DisplayRole; the UID is a uint there, so that it sorts as a number.
+ * headerData() has the same three labels for both orientations.
+ *
+ * To be used on the GUI thread, like the views.
+ */
+class ORMELUSERSQT_EXPORT UserListModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    /** Which users are shown. Values outside the enumeration show all. */
+    enum Filter : int {
+        All = 0,
+        Ordinary = 1, /**< Users that are not system accounts. */
+        System = 2, /**< System accounts. */
+        Administrators = 3, /**< Members of the administrators group. */
+        Selected = 4, /**< Users whose name is checked. */
+        Unselected = 5, /**< Users whose name is not checked. */
+    };
+    Q_ENUM(Filter)
+
+    enum Column {
+        NameColumn = 0,
+        UidColumn = 1,
+        SystemColumn = 2,
+    };
+    Q_ENUM(Column)
+
+    /** Lists the users without check boxes, with the filter Ordinary. No row is locked. */
+    explicit UserListModel(QObject *parent = nullptr);
+
+    /**
+     * Lists the users with check boxes, to choose the members of @p group, with the filter Ordinary.
+     *
+     * @param group the users whose primary group this is are locked: their rows have no flags
+     * @param selectedNames the users that are checked at first, in any order; they are not
+     * taken from @p group
+     */
+    UserListModel(const GroupInfo &group, const QStringList &selectedNames, QObject *parent = nullptr);
+
+    ~UserListModel() override;
+
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex &parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+
+    /**
+     * Checks the user of @p index, when @p value as an int is Qt::Checked, or unchecks it.
+     *
+     * The filter is not applied again: the row stays in view. Neither isSelectable() nor a lock is
+     * looked at; it is views that heed flags().
+     *
+     * @return false, with nothing changed, when @p index is not a row's first column or @p role is not
+     * Qt::CheckStateRole.
+     */
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+    /**
+     * Takes rows out of the model, together with every other user of the same names, shown or not.
+     * The accounts stay, and so does the check mark of the names.
+     *
+     * @param count is not guarded against zero and less: views are then told of a removal whose
+     * last row is before its first, and the result is true
+     * @return false, with nothing changed, when the rows are not all there.
+     */
+    bool removeRows(int row, int count, const QModelIndex &parent = QModelIndex()) override;
+
+    /**
+     * @return no flags, in any column, for a user whose primary group is the one edited; that takes
+     * one GroupInfo::isPrimaryOf(), and so an account lookup, on each call. A model without a
+     * group makes no lookup.
+     */
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+    /**
+     * @return the user of the row of @p index, whatever the column; null when it is not a shown
+     * row. An empty record is the placeholder row's. Valid until the rows next change.
+     */
+    const UserInfo *user(const QModelIndex &index) const;
+
+    /** @return the first shown row of that name; an invalid index when there is none. */
+    QModelIndex findUser(const QString &name) const;
+
+    /** @return whether no row is shown, whatever the filter hides. */
+    bool isEmpty() const;
+
+    /** @return whether rows carry check boxes. */
+    bool isSelectable() const;
+    /** Shows or hides the check boxes, which resets the model; no change does nothing. */
+    void setSelectable(bool selectable);
+
+    /** @return the filter; Ordinary in a new model. */
+    Filter filter() const;
+    /** Sets the filter and applies it; the filter that is set already is not applied again. */
+    void setFilter(Filter filter);
+
+    /** Shows the users that the filter lets through now. Resets the model and drops the placeholder row. */
+    void applyFilter();
+
+    /**
+     * @return the names of the checked users, hidden ones included, sorted by name. Checked names
+     * that belong to no user are left out.
+     */
+    QStringList selectedUserNames() const;
+    /** Checks exactly the users @p names, then applies the filter, also without a change. */
+    void setSelectedUserNames(const QStringList &names);
+    /** Checks or unchecks one user, then applies the filter; no change does nothing. */
+    void setSelectedUserName(const QString &name, bool selected);
+
+    /**
+     * Shows @p name in a placeholder row at the end, which is added when it is not there yet. It
+     * has an empty record and lives until the filter is next applied or the model is reloaded.
+     *
+     * @return the index of the placeholder row.
+     */
+    QModelIndex setNewUserName(const QString &name);
+
+    /**
+     * Reads all users again and applies the filter. Filter and check marks stay, those of users
+     * that are gone included.
+     *
+     * Costs one UserInfo::getUsers() and one sorting.
+     */
+    void reload();
+
+    /**
+     * Reads one user again, in place: views are not told, and the user is neither sorted nor filtered
+     * anew. An unknown or empty name does nothing.
+     *
+     * A user that the model knows must still exist, as for UserInfo::reload().
+     */
+    void reloadUser(const QString &name);
+
+private:
+    friend class RecordTable;
+
+    QList<UserInfo> m_users;
+    QList<UserInfo> m_filteredUsers;
+    QSet<QString> m_selectedNames;
+    Filter m_filter = Ordinary;
+    QIcon m_userIcon;
+    QIcon m_systemUserIcon;
+    GroupInfo m_group;
+    bool m_selectable = false;
+    QString m_newUserName;
+};
+
+#endif
