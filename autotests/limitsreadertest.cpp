@@ -430,6 +430,7 @@ void LimitsReaderTest::readsManyRules()
 {
     constexpr int count = 1000000;
     QByteArray rules;
+    rules.reserve(40 * count);
     for (int i = 0; i < count; ++i) {
         rules += "user" + QByteArray::number(i) + " hard nofile " + QByteArray::number(i) + '\n';
     }
