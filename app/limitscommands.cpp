@@ -52,7 +52,8 @@ int showRules(const LimitsParser &limits)
     return print(table.toString());
 }
 
-template<typename Account> int showValues(const LimitsParser &limits, const Account &account)
+template<typename Account>
+int showValues(const LimitsParser &limits, const Account &account)
 {
     TextTable table({{i18n("Item")}, {i18n("Value"), Qt::AlignRight}, {i18n("Limit")}, {i18n("Description")}});
     const QStringList items = LimitsParser::availableItems();

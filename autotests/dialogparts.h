@@ -17,7 +17,8 @@ class QDialog;
 class QGridLayout;
 
 /** The widget of a dialog by its object name; ends the test when there is none. */
-template<typename Widget> Widget *part(const QWidget &dialog, const char *name)
+template<typename Widget>
+Widget *part(const QWidget &dialog, const char *name)
 {
     auto *widget = dialog.findChild<Widget *>(QString::fromLatin1(name));
     if (!widget) {

@@ -31,7 +31,8 @@ extern "C" Q_DECL_EXPORT void *malloc(size_t size) noexcept
 
 namespace
 {
-template<typename Function> int allocationsOf(Function function)
+template<typename Function>
+int allocationsOf(Function function)
 {
     s_allocations = 0;
     s_counting = true;

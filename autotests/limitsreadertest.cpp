@@ -39,7 +39,8 @@ void vanish(Vanishing &vanishing, const char *path)
     }
 }
 
-template<typename Function> Function *original(Function * /*declared*/, const char *name)
+template<typename Function>
+Function *original(Function * /*declared*/, const char *name)
 {
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
 }

@@ -23,7 +23,8 @@ constexpr int threadCount = 4;
 constexpr int rounds = 200;
 
 /** Runs @p work in several threads that start at the same time. */
-template<typename Work> void runTogether(Work work)
+template<typename Work>
+void runTogether(Work work)
 {
     std::atomic<int> waiting{threadCount};
     std::vector<std::thread> threads;

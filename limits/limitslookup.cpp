@@ -16,7 +16,8 @@ namespace
 using Rules = QList<LimitsParser::Field>;
 
 /** The value of the first rule for @p item whose domain @p applies. */
-template<typename Predicate> QVariant firstValue(const Rules &rules, const QString &item, Predicate applies)
+template<typename Predicate>
+QVariant firstValue(const Rules &rules, const QString &item, Predicate applies)
 {
     const auto found = std::find_if(rules.begin(), rules.end(), [&](const LimitsParser::Field &rule) {
         return rule.item == item && applies(rule.domain);

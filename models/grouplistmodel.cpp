@@ -11,7 +11,8 @@
 
 #include <QMetaEnum>
 
-template<> struct RecordTable::Traits<GroupListModel> {
+template<>
+struct RecordTable::Traits<GroupListModel> {
     using Record = GroupInfo;
     static constexpr auto records = &GroupListModel::m_groups;
     static constexpr auto rows = &GroupListModel::m_filteredGroups;

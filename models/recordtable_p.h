@@ -24,12 +24,14 @@
 class RecordTable
 {
 public:
-    template<typename Model> static int rowCount(const Model &model)
+    template<typename Model>
+    static int rowCount(const Model &model)
     {
         return rows(model).size();
     }
 
-    template<typename Model> static QVariant data(const Model &model, const QModelIndex &index, int role)
+    template<typename Model>
+    static QVariant data(const Model &model, const QModelIndex &index, int role)
     {
         const auto *record = RecordTable::record(model, index);
         if (!record) {
@@ -81,7 +83,8 @@ public:
         return model.QAbstractTableModel::headerData(section, orientation, role);
     }
 
-    template<typename Model> static bool removeRows(Model &model, int row, int count, const QModelIndex &parent)
+    template<typename Model>
+    static bool removeRows(Model &model, int row, int count, const QModelIndex &parent)
     {
         const bool fromNowhere = row < 0 && count > 0;
         if (fromNowhere || qint64(row) + count > rowCount(model)) {
@@ -96,7 +99,8 @@ public:
         return true;
     }
 
-    template<typename Model> static Qt::ItemFlags flags(const Model &model, const QModelIndex &index)
+    template<typename Model>
+    static Qt::ItemFlags flags(const Model &model, const QModelIndex &index)
     {
         const auto *record = RecordTable::record(model, index);
         if (!record || Traits<Model>::isLocked(model, *record)) {
@@ -110,18 +114,21 @@ public:
     }
 
     /** The record of the row of @p index, whatever model it is of; null when there is no such row. */
-    template<typename Model> static const auto *record(const Model &model, const QModelIndex &index)
+    template<typename Model>
+    static const auto *record(const Model &model, const QModelIndex &index)
     {
         return index.isValid() && index.row() < rowCount(model) ? &rows(model).at(index.row()) : nullptr;
     }
 
-    template<typename Model> static QModelIndex find(const Model &model, const QString &name)
+    template<typename Model>
+    static QModelIndex find(const Model &model, const QString &name)
     {
         const int row = rowOf(rows(model), name);
         return row < 0 ? QModelIndex() : model.index(row, Model::NameColumn);
     }
 
-    template<typename Model> static void setSelectable(Model &model, bool selectable)
+    template<typename Model>
+    static void setSelectable(Model &model, bool selectable)
     {
         if (model.m_selectable == selectable) {
             return;
@@ -131,7 +138,8 @@ public:
         model.endResetModel();
     }
 
-    template<typename Model> static void setFilter(Model &model, typename Model::Filter filter)
+    template<typename Model>
+    static void setFilter(Model &model, typename Model::Filter filter)
     {
         if (model.m_filter == filter) {
             return;
@@ -140,7 +148,8 @@ public:
         model.applyFilter();
     }
 
-    template<typename Model> static void applyFilter(Model &model)
+    template<typename Model>
+    static void applyFilter(Model &model)
     {
         model.beginResetModel();
         const auto &all = records(std::as_const(model));
@@ -152,7 +161,8 @@ public:
         model.endResetModel();
     }
 
-    template<typename Model> static QStringList selectedNames(const Model &model)
+    template<typename Model>
+    static QStringList selectedNames(const Model &model)
     {
         QStringList names;
         for (const auto &record : records(model)) {
@@ -163,13 +173,15 @@ public:
         return names;
     }
 
-    template<typename Model> static void setSelectedNames(Model &model, const QStringList &names)
+    template<typename Model>
+    static void setSelectedNames(Model &model, const QStringList &names)
     {
         model.m_selectedNames = toSet(names);
         model.applyFilter();
     }
 
-    template<typename Model> static void setSelectedName(Model &model, const QString &name, bool selected)
+    template<typename Model>
+    static void setSelectedName(Model &model, const QString &name, bool selected)
     {
         if (model.m_selectedNames.contains(name) == selected) {
             return;
@@ -178,7 +190,8 @@ public:
         model.applyFilter();
     }
 
-    template<typename Model> static QModelIndex setNewName(Model &model, const QString &name)
+    template<typename Model>
+    static QModelIndex setNewName(Model &model, const QString &name)
     {
         auto &shown = rows(model);
         if (shown.isEmpty() || !shown.constLast().isEmpty()) {
@@ -194,7 +207,8 @@ public:
     }
 
     /** Replaces the records by @p all, in the order of their names. */
-    template<typename Model, typename Records> static void setRecords(Model &model, Records all)
+    template<typename Model, typename Records>
+    static void setRecords(Model &model, Records all)
     {
         std::stable_sort(
             all.begin(), all.end(), [](const auto &left, const auto &right) { return left.name() < right.name(); });
@@ -202,12 +216,14 @@ public:
     }
 
     /** The first record, shown or not, that is called @p name; an empty one when there is none. */
-    template<typename Model> static auto firstRecord(const Model &model, const QString &name)
+    template<typename Model>
+    static auto firstRecord(const Model &model, const QString &name)
     {
         return records(model).value(rowOf(records(model), name));
     }
 
-    template<typename Model> static void reloadRecord(Model &model, const QString &name)
+    template<typename Model>
+    static void reloadRecord(Model &model, const QString &name)
     {
         reloadFirst(records(model), name);
         reloadFirst(rows(model), name);
@@ -219,20 +235,24 @@ public:
     }
 
 private:
-    template<typename Model> struct Traits;
+    template<typename Model>
+    struct Traits;
 
-    template<typename Model> static auto &records(Model &model)
+    template<typename Model>
+    static auto &records(Model &model)
     {
         return model.*Traits<std::remove_const_t<Model>>::records;
     }
 
-    template<typename Model> static auto &rows(Model &model)
+    template<typename Model>
+    static auto &rows(Model &model)
     {
         return model.*Traits<std::remove_const_t<Model>>::rows;
     }
 
     /** The index of the first of @p records that is called @p name, or -1. */
-    template<typename Records> static int rowOf(const Records &records, const QString &name)
+    template<typename Records>
+    static int rowOf(const Records &records, const QString &name)
     {
         const auto found =
             std::find_if(records.begin(), records.end(), [&name](const auto &record) { return record.name() == name; });
@@ -254,7 +274,8 @@ private:
         }
     }
 
-    template<typename Model, typename Record> static bool isShown(const Model &model, const Record &record)
+    template<typename Model, typename Record>
+    static bool isShown(const Model &model, const Record &record)
     {
         switch (model.m_filter) {
         case Model::Ordinary:
@@ -270,7 +291,8 @@ private:
         }
     }
 
-    template<typename Model> static void select(Model &model, const QString &name, bool selected)
+    template<typename Model>
+    static void select(Model &model, const QString &name, bool selected)
     {
         if (selected) {
             model.m_selectedNames.insert(name);
@@ -279,13 +301,15 @@ private:
         }
     }
 
-    template<typename Records> static void removeByName(Records &records, const QString &name)
+    template<typename Records>
+    static void removeByName(Records &records, const QString &name)
     {
         const auto bearsName = [&name](const auto &record) { return record.name() == name; };
         records.erase(std::remove_if(records.begin(), records.end(), bearsName), records.end());
     }
 
-    template<typename Records> static void reloadFirst(Records &records, const QString &name)
+    template<typename Records>
+    static void reloadFirst(Records &records, const QString &name)
     {
         const int row = rowOf(records, name);
         if (row >= 0) {

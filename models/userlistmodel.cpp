@@ -11,7 +11,8 @@
 
 #include <QMetaEnum>
 
-template<> struct RecordTable::Traits<UserListModel> {
+template<>
+struct RecordTable::Traits<UserListModel> {
     using Record = UserInfo;
     static constexpr auto records = &UserListModel::m_users;
     static constexpr auto rows = &UserListModel::m_filteredUsers;
