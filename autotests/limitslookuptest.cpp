@@ -331,6 +331,7 @@ void LimitsLookupTest::explainsDomain_data()
     addDomain("//:", "User name: \"//:\"");
     addDomain("://", "User name: \"://\"");
     addDomain("x//://", "User name: \"x//://\"");
+    addDomain("//x//://", "User name: \"//x//://\"");
     addDomain("@//://", "Group GID range from // to //");
     addDomain("@//ddd://d:", "Group GID range from //ddd to //d");
     addDomain("@//:", "Group name: \"//:\"");
