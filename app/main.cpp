@@ -55,9 +55,18 @@ const Command *findCommand(const QString &name)
     return found == std::end(commands) ? nullptr : found;
 }
 
-std::unique_ptr<QCoreApplication> makeApplication(Interface interface, int &argc, char **argv)
+/** Whether the command opens a window; to read its help, no display is needed. */
+bool needsDisplay(const Command *command, int argc, char **argv)
 {
-    if (interface == Interface::Window) {
+    const bool helps = std::any_of(argv, argv + argc, [](const char *argument) {
+        return qstrcmp(argument, "-h") == 0 || qstrcmp(argument, "--help") == 0;
+    });
+    return command && command->interface == Interface::Window && !helps;
+}
+
+std::unique_ptr<QCoreApplication> makeApplication(bool forWindow, int &argc, char **argv)
+{
+    if (forWindow) {
         return std::make_unique<QApplication>(argc, argv);
     }
     return std::make_unique<QCoreApplication>(argc, argv);
@@ -113,7 +122,7 @@ int main(int argc, char **argv)
 {
     const QString word = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
     const Command *command = findCommand(word);
-    const auto application = makeApplication(command ? command->interface : Interface::Terminal, argc, argv);
+    const auto application = makeApplication(needsDisplay(command, argc, argv), argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("ormel-users"));
     KLocalizedString::setApplicationDomain(TRANSLATION_DOMAIN);
     qInstallMessageHandler(showOnce);

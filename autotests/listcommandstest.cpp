@@ -288,6 +288,9 @@ void ListCommandsTest::helps_data()
     QTest::newRow("-h") << QStringList(QStringLiteral("-h")) << QStringLiteral("groups List the groups of /etc/group.");
     QTest::newRow("users --help") << QStringList({QStringLiteral("users"), QStringLiteral("--help")})
                                   << QStringLiteral("--json Print JSON instead of a table.");
+    QTest::newRow("pick-users --help, without a display")
+        << QStringList({QStringLiteral("pick-users"), QStringLiteral("--help")})
+        << QStringLiteral("-h, --help Show this help.");
     QTest::newRow("groups -h") << QStringList({QStringLiteral("groups"), QStringLiteral("-h")})
                                << QStringLiteral("--json Print JSON instead of a table.");
 }
@@ -297,7 +300,8 @@ void ListCommandsTest::helps()
     QFETCH(QStringList, arguments);
     QFETCH(QString, line);
 
-    const Program::Result result = Program::run(arguments);
+    const Program::Result result = Program::run(
+        Program::path(), arguments, {}, {QStringLiteral("QT_QPA_PLATFORM=xcb"), QStringLiteral("DISPLAY=")});
     QStringList help;
     for (const QString &helpLine : lines(result.output)) {
         help.append(helpLine.simplified());
