@@ -448,7 +448,7 @@ void LimitsReaderTest::readsBinaryJunk()
 {
     QByteArray junk;
     for (int i = 0; i < 200000; ++i) {
-        junk += static_cast<char>((i * i + i / 256) % 256);
+        junk += static_cast<char>((qint64(i) * i + i / 256) % 256);
     }
     const QList<LimitsParser::Field> rules = limitsOf(junk + "\n* soft core 1\n").fields();
     QCOMPARE(describe(rules.last()), QStringLiteral("* | soft | core | int 1 | 1"));
