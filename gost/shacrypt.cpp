@@ -12,7 +12,7 @@
 #include <cerrno>
 #include <charconv>
 
-// The construction of "Unix crypt using SHA-256 and SHA-512" by Ulrich Drepper.
+// The construction is the one published for SHA-512 crypt.
 
 namespace
 {
