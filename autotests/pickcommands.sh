@@ -4,7 +4,7 @@
 #
 # Opens the dialogs of ormel-users, answers them with the keyboard and compares what is printed:
 #
-#   scripts/sandbox scripts/with-display autotests/pickcommandstest build/dev/bin/ormel-users
+#   scripts/sandbox scripts/with-display autotests/pickcommands.sh build/dev/bin/ormel-users
 set -euo pipefail
 
 program=$1
