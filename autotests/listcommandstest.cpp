@@ -302,8 +302,9 @@ void ListCommandsTest::helps()
 
     const Program::Result result = Program::run(
         Program::path(), arguments, {}, {QStringLiteral("QT_QPA_PLATFORM=xcb"), QStringLiteral("DISPLAY=")});
+    const QStringList output = lines(result.output);
     QStringList help;
-    for (const QString &helpLine : lines(result.output)) {
+    for (const QString &helpLine : output) {
         help.append(helpLine.simplified());
     }
     QVERIFY2(help.contains(line), result.output.constData());
