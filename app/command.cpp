@@ -56,8 +56,7 @@ int print(const QByteArray &text)
     if (output.open(stdout, QIODevice::WriteOnly) && output.write(text) == text.size() && output.flush()) {
         return Success;
     }
-    printError(i18n("Cannot write the output: %1", output.errorString()));
-    return Failure;
+    return failure(i18n("Cannot write the output: %1", output.errorString()));
 }
 
 int print(const QString &text)
@@ -69,6 +68,12 @@ void printError(const QString &message)
 {
     const QString line = QCoreApplication::applicationName() + QLatin1String(": ") + message + QLatin1Char('\n');
     fputs(qPrintable(line), stderr);
+}
+
+int failure(const QString &message)
+{
+    printError(message);
+    return Failure;
 }
 
 int usageError(const QString &message)

@@ -51,6 +51,9 @@ int print(const QString &text);
 /** Writes a message to standard error. */
 void printError(const QString &message);
 
+/** Writes a message to standard error; Failure. */
+int failure(const QString &message);
+
 /** Says what is wrong with the command line, and where help is. */
 int usageError(const QString &message);
 

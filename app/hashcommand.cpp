@@ -19,12 +19,6 @@ QString gostOption()
 {
     return QStringLiteral("gost");
 }
-
-int fail(const QString &message)
-{
-    printError(message);
-    return Failure;
-}
 }
 
 QList<QCommandLineOption> hashOptions()
@@ -36,16 +30,16 @@ int hashPassword(const QCommandLineParser &options, const QString & /*operand*/)
 {
     const QByteArray line = readPassword(i18n("Password: "));
     if (line.isNull()) {
-        return fail(i18n("No password was given."));
+        return failure(i18n("No password was given."));
     }
     // A hash of something else than what was given would lock the user out.
     const QString password = QString::fromUtf8(line);
     if (password.toUtf8() != line || line.contains('\0')) {
-        return fail(i18n("The password is not UTF-8 text."));
+        return failure(i18n("The password is not UTF-8 text."));
     }
     const QString hash = UserUtils::saltPassword(password, options.isSet(gostOption()));
     if (hash.isEmpty() || hash.startsWith(QLatin1Char('*'))) {
-        return fail(i18n("The password cannot be hashed."));
+        return failure(i18n("The password cannot be hashed."));
     }
     return print(QString(hash + QLatin1Char('\n')));
 }

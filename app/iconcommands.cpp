@@ -39,8 +39,7 @@ int writeIcon(const QPixmap &icon, const QString &file)
     if (writer.write(icon.toImage())) {
         return Success;
     }
-    printError(i18n("Cannot write '%1': %2", file, writer.errorString()));
-    return Failure;
+    return failure(i18n("Cannot write '%1': %2", file, writer.errorString()));
 }
 }
 

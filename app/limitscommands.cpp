@@ -73,8 +73,7 @@ int showUser(const LimitsParser &limits, const QString &name)
 {
     const UserInfo user = UserInfo::getUser(name);
     if (user.isEmpty()) {
-        printError(i18n("There is no user '%1'.", name));
-        return Failure;
+        return failure(i18n("There is no user '%1'.", name));
     }
     return showValues(limits, user);
 }
@@ -83,8 +82,7 @@ int showGroup(const LimitsParser &limits, const QString &name)
 {
     const GroupInfo group = GroupInfo::getGroup(name);
     if (group.isEmpty()) {
-        printError(i18n("There is no group '%1'.", name));
-        return Failure;
+        return failure(i18n("There is no group '%1'.", name));
     }
     return showValues(limits, group);
 }
@@ -130,8 +128,7 @@ int showLimits(const QCommandLineParser &options, const QString & /*operand*/)
     LimitsParser limits;
     QString error;
     if (!limits.readLimitsConf(error)) {
-        printError(error);
-        return Failure;
+        return failure(error);
     }
     if (ofUser) {
         return showUser(limits, options.value(userOption()));
