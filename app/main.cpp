@@ -8,6 +8,7 @@
 #include "command.h"
 #include "hashcommand.h"
 #include "iconcommands.h"
+#include "icons.h"
 #include "limitscommands.h"
 #include "listcommands.h"
 #include "pickcommands.h"
@@ -121,6 +122,7 @@ std::unique_ptr<QCoreApplication> makeApplication(bool forWindow, int &argc, cha
         return std::make_unique<QCoreApplication>(argc, argv);
     }
     auto application = std::make_unique<QApplication>(argc, argv);
+    Icons::setFallback();
     About::setApplicationData();
     return application;
 }

@@ -27,11 +27,6 @@ void About::setApplicationData()
     about.setLicense(KAboutLicense::LGPL_V2_1, KAboutLicense::OrLaterVersions);
     about.setDesktopFileName(QStringLiteral("ormel-users"));
     KAboutData::setApplicationData(about);
-    // Desktops without a theme of their own have the icons of menus and tool buttons from there.
-    if (QIcon::themeName().isEmpty()) {
-        QIcon::setThemeName(QStringLiteral("hicolor"));
-    }
-    QIcon::setFallbackThemeName(QStringLiteral("breeze"));
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("ormel-users")));
 }
 

@@ -7,12 +7,40 @@
 
 #include "lefttoright.h"
 #include "pagelayout.h"
+#include "plaintext.h"
 
 #include <KSqueezedTextLabel>
 
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QLabel>
+#include <QToolTip>
+
+namespace
+{
+/** A label that cuts text short, with a tool tip that takes the text for what it is. */
+class LineLabel : public KSqueezedTextLabel
+{
+public:
+    explicit LineLabel(QWidget *parent)
+        : KSqueezedTextLabel(parent)
+    {
+        setTextElideMode(Qt::ElideMiddle);
+    }
+
+protected:
+    bool event(QEvent *event) override
+    {
+        if (event->type() != QEvent::ToolTip || !isSqueezed()) {
+            return KSqueezedTextLabel::event(event);
+        }
+        const QPoint position = static_cast<const QHelpEvent *>(event)->globalPos();
+        QToolTip::showText(position, PlainText::toRichText(fullText()), this);
+        return true;
+    }
+};
+}
 
 Details::Details(int pictureSize, QWidget *parent)
     : QScrollArea(parent)
@@ -65,10 +93,13 @@ void Details::setPicture(const QPixmap &picture)
     m_picture->setPixmap(picture);
 }
 
-void Details::setNoPicture(const QString &text)
+void Details::setNoPicture(const QIcon &sign, const QString &text)
 {
     m_picture->setFrameShape(QFrame::StyledPanel);
     m_picture->setText(text);
+    if (!sign.isNull()) {
+        m_picture->setPixmap(sign.pixmap(pictureSize() / 2));
+    }
 }
 
 void Details::setTitle(const QString &title)
@@ -87,9 +118,7 @@ QLabel *Details::addMark(const QString &text)
 
 QLabel *Details::addField(const QString &title)
 {
-    auto *field = new KSqueezedTextLabel(widget());
-    field->setTextElideMode(Qt::ElideMiddle);
-    return addField(title, field);
+    return addField(title, new LineLabel(widget()));
 }
 
 QLabel *Details::addLongField(const QString &title)

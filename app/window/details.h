@@ -25,8 +25,8 @@ public:
 
     void setPicture(const QPixmap &picture);
 
-    /** Shows @p text in the place of the picture. */
-    void setNoPicture(const QString &text);
+    /** Shows @p sign in the place of the picture, or @p text if there is no such icon. */
+    void setNoPicture(const QIcon &sign, const QString &text);
 
     void setTitle(const QString &title);
 

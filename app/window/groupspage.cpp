@@ -41,13 +41,13 @@ GroupsPage::GroupsPage(AccountStore *store, QWidget *parent)
     , m_details(new Details(48, this))
     , m_system(m_details->addMark(i18nc("@info mark of a group", "System group")))
     , m_gid(m_details->addField(i18nc("@label the number of a group", "GID:")))
-    , m_memberCount(m_details->addField(i18nc("@label how many a group has", "Members:")))
     , m_members(new Table(i18nc("@title of a list", "Members"),
                           {
                               {i18nc("@title:column of a group", "Member"), Table::Code},
                               {i18nc("@title:column how a user is in a group", "Membership"), Table::Words},
                           },
                           this))
+    , m_membersTitle(m_members->createTitleLabel())
     , m_limits(new LimitsView(this))
 {
     m_list->setObjectName(QStringLiteral("groupList"));
@@ -65,7 +65,7 @@ QWidget *GroupsPage::createGroupPart()
     auto *layout = new QVBoxLayout(part);
     layout->setContentsMargins({});
     layout->addWidget(m_details);
-    layout->addWidget(m_members->createTitleLabel());
+    layout->addWidget(m_membersTitle);
     layout->addWidget(m_members, 1);
     return part;
 }
@@ -98,7 +98,6 @@ void GroupsPage::showDetails(const GroupInfo &group)
     m_details->setPicture(QIcon::fromTheme(icon).pixmap(m_details->pictureSize()));
     m_system->setVisible(known && group.isSystem());
     Details::setText(*m_gid, known ? QString::number(group.gid()) : QString());
-    Details::setText(*m_memberCount, known ? QString::number(group.users().size()) : QString());
 }
 
 void GroupsPage::showMembers(const GroupInfo &group)
@@ -112,5 +111,6 @@ void GroupsPage::showMembers(const GroupInfo &group)
     for (const QString &user : users) {
         rows.append(Table::row({{user, {}}, {primaryMembers.contains(user) ? primaryGroup : member, {}}}));
     }
+    m_membersTitle->setText(i18np("%1 member", "%1 members", rows.size()));
     m_members->setRows(rows);
 }

@@ -36,8 +36,8 @@ private:
     Details *const m_details;
     QLabel *const m_system;
     QLabel *const m_gid;
-    QLabel *const m_memberCount;
     Table *const m_members;
+    QLabel *const m_membersTitle;
     LimitsView *const m_limits;
 };
 

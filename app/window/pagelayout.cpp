@@ -6,6 +6,7 @@
 #include "pagelayout.h"
 
 #include <QFormLayout>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -30,6 +31,10 @@ QSplitter *PageLayout::split(Qt::Orientation orientation, const QString &objectN
     splitter->setObjectName(objectName);
     splitter->setChildrenCollapsible(false);
     splitter->setHandleWidth(handleWidth);
+    if (orientation == Qt::Horizontal && QGuiApplication::isRightToLeft()) {
+        // The toolkit puts the parts one pixel too far to the right then.
+        splitter->setContentsMargins(0, 0, 1, 0);
+    }
     for (QWidget *part : parts) {
         splitter->addWidget(part);
     }

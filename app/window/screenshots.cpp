@@ -7,6 +7,7 @@
 
 #include "about.h"
 #include "command.h"
+#include "icons.h"
 #include "mainwindow.h"
 
 #include <GroupInfo>
@@ -147,6 +148,7 @@ int writeScreenshots(const QString &directory)
     if (!QDir().mkpath(directory)) {
         return failure(i18n("Cannot make the directory '%1'.", directory));
     }
+    Icons::findThemes();
     Camera camera(directory);
     return takePages(camera) && takeDialogs(camera) ? Success : Failure;
 }

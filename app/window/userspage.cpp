@@ -16,6 +16,7 @@
 
 #include <KLocalizedString>
 
+#include <QIcon>
 #include <QLabel>
 
 namespace
@@ -114,7 +115,8 @@ void UsersPage::showPicture(const UserInfo &user)
     if (!picture.isNull()) {
         picture.setDevicePixelRatio(ratio);
         m_details->setPicture(QPixmap::fromImage(picture));
-    } else {
-        m_details->setNoPicture(i18n("No picture"));
+        return;
     }
+    const QString name = user.isSystem() ? QStringLiteral("user-system") : QStringLiteral("user");
+    m_details->setNoPicture(QIcon::fromTheme(name), i18n("No picture"));
 }
