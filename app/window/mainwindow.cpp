@@ -8,8 +8,10 @@
 #include "about.h"
 #include "accountlist.h"
 #include "accountstore.h"
+#include "choosepage.h"
 #include "groupspage.h"
 #include "limitspage.h"
+#include "newaccountpage.h"
 #include "userspage.h"
 
 #include <KLazyLocalizedString>
@@ -71,6 +73,10 @@ void MainWindow::addPages()
     addPage(new UsersPage(m_store), "users", i18nc("@title:tab", "&Users"));
     addPage(new GroupsPage(m_store), "groups", i18nc("@title:tab", "&Groups"));
     addPage(new LimitsPage(m_store), "limits", i18nc("@title:tab", "&Limits"));
+    auto *newAccount = new NewAccountPage;
+    connect(m_store, &AccountStore::usersRead, newAccount, [=] { newAccount->setModel(m_store->users()); });
+    addPage(newAccount, "new-account", i18nc("@title:tab", "&New Account"));
+    addPage(new ChoosePage, "choose", i18nc("@title:tab", "&Choose"));
 }
 
 void MainWindow::addPage(QWidget *page, const char *name, const QString &title)
