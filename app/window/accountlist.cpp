@@ -71,6 +71,7 @@ AccountList::AccountList(const QString &name, const QVector<Filter> &filters, QW
     m_view->setItemDelegateForColumn(0, new LeftToRight::Delegate(m_view));
     m_view->sortByColumn(0, Qt::AscendingOrder);
 
+    setFocusProxy(m_view);
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(m_error, 0, 0, 1, 2);

@@ -91,12 +91,14 @@ void Details::setPicture(const QPixmap &picture)
 {
     m_picture->setFrameShape(QFrame::NoFrame);
     m_picture->setPixmap(picture);
+    m_picture->setAccessibleName(QString());
 }
 
 void Details::setNoPicture(const QIcon &sign, const QString &text)
 {
     m_picture->setFrameShape(QFrame::StyledPanel);
     m_picture->setText(text);
+    m_picture->setAccessibleName(text);
     if (!sign.isNull()) {
         m_picture->setPixmap(sign.pixmap(pictureSize() / 2));
     }

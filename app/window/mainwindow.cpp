@@ -18,6 +18,7 @@
 #include <KLocalizedString>
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QLabel>
 #include <QLocale>
@@ -48,6 +49,7 @@ MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
     , m_store(new AccountStore(this))
     , m_pages(new QTabWidget(this))
+    , m_pageActions(new QActionGroup(this))
     , m_progress(new QLabel(steps[0].progress.toString(), this))
 {
     resize(960, 700);
@@ -70,52 +72,80 @@ MainWindow::~MainWindow()
 
 void MainWindow::addPages()
 {
-    addPage(new UsersPage(m_store), "users", i18nc("@title:tab", "&Users"));
-    addPage(new GroupsPage(m_store), "groups", i18nc("@title:tab", "&Groups"));
-    addPage(new LimitsPage(m_store), "limits", i18nc("@title:tab", "&Limits"));
+    addPage(new UsersPage(m_store), "users", i18nc("@title:tab also in a menu", "&Users"));
+    addPage(new GroupsPage(m_store), "groups", i18nc("@title:tab also in a menu", "&Groups"));
+    addPage(new LimitsPage(m_store), "limits", i18nc("@title:tab also in a menu", "&Limits"));
     auto *newAccount = new NewAccountPage;
     connect(m_store, &AccountStore::usersRead, newAccount, [=] { newAccount->setModel(m_store->users()); });
-    addPage(newAccount, "new-account", i18nc("@title:tab", "&New Account"));
-    addPage(new ChoosePage, "choose", i18nc("@title:tab", "&Choose"));
+    addPage(newAccount, "new-account", i18nc("@title:tab also in a menu", "&New Account"));
+    addPage(new ChoosePage, "choose", i18nc("@title:tab also in a menu", "&Choose"));
 }
 
 void MainWindow::addPage(QWidget *page, const char *name, const QString &title)
 {
     page->setObjectName(QString::fromLatin1(name));
-    m_pages->addTab(page, title);
+    // The letters of the pages are for the fields in them.
+    m_pages->addTab(page, KLocalizedString::removeAcceleratorMarker(title));
+
+    QAction *action = m_pageActions->addAction(title);
+    action->setCheckable(true);
+    action->setShortcut(Qt::ALT | (Qt::Key_0 + m_pages->count()));
+    connect(action, &QAction::triggered, m_pages, [=] { m_pages->setCurrentWidget(page); });
 }
 
 void MainWindow::addMenus()
 {
-    QMenu *file = menuBar()->addMenu(i18nc("@title:menu", "&File"));
-    m_reloadAction = file->addAction(QIcon::fromTheme(QStringLiteral("view-refresh")),
+    addFileMenu();
+    addViewMenu();
+    addHelpMenu();
+}
+
+void MainWindow::addFileMenu()
+{
+    QMenu *menu = menuBar()->addMenu(i18nc("@title:menu", "&File"));
+    m_reloadAction = menu->addAction(QIcon::fromTheme(QStringLiteral("view-refresh")),
                                      i18nc("@action:inmenu read the accounts again", "&Reload"),
                                      this,
-                                     &MainWindow::reload);
-    m_reloadAction->setShortcut(QKeySequence::Refresh);
-    file->addSeparator();
-    QAction *quit = file->addAction(
-        QIcon::fromTheme(QStringLiteral("application-exit")), i18nc("@action:inmenu", "&Quit"), this, &QWidget::close);
-    quit->setShortcut(QKeySequence::Quit);
+                                     &MainWindow::reload,
+                                     QKeySequence::Refresh);
+    menu->addSeparator();
+    QAction *quit = menu->addAction(QIcon::fromTheme(QStringLiteral("application-exit")),
+                                    i18nc("@action:inmenu", "&Quit"),
+                                    this,
+                                    &QWidget::close,
+                                    QKeySequence::Quit);
     quit->setMenuRole(QAction::QuitRole);
+}
 
-    QMenu *edit = menuBar()->addMenu(i18nc("@title:menu", "&Edit"));
-    m_filterAction =
-        edit->addAction(QIcon::fromTheme(QStringLiteral("view-filter")), i18nc("@action:inmenu", "&Filter by Name"));
-    m_filterAction->setShortcut(QKeySequence::Find);
-    connect(m_filterAction, &QAction::triggered, this, [this] { currentList()->focusFilter(); });
-    const auto update = [this] { m_filterAction->setEnabled(currentList()); };
-    connect(m_pages, &QTabWidget::currentChanged, this, update);
-    update();
+void MainWindow::addViewMenu()
+{
+    QMenu *menu = menuBar()->addMenu(i18nc("@title:menu", "&View"));
+    menu->addActions(m_pageActions->actions());
+    menu->addSeparator();
+    m_filterAction = menu->addAction(
+        QIcon::fromTheme(QStringLiteral("view-filter")),
+        i18nc("@action:inmenu", "&Filter by Name"),
+        this,
+        [this] { currentList()->focusFilter(); },
+        QKeySequence::Find);
+    connect(m_pages, &QTabWidget::currentChanged, this, &MainWindow::updateViewMenu);
+    updateViewMenu();
+}
 
-    QMenu *help = menuBar()->addMenu(i18nc("@title:menu", "&Help"));
-    QAction *about = help->addAction(QIcon::fromTheme(QStringLiteral("help-about")),
-                                     i18nc("@action:inmenu", "&About Ormel Users"),
-                                     this,
-                                     [this] { About::createDialog(this)->open(); });
-    about->setMenuRole(QAction::AboutRole);
-    help->addAction(i18nc("@action:inmenu", "About &Qt"), qApp, &QApplication::aboutQt)
+void MainWindow::addHelpMenu()
+{
+    QMenu *menu = menuBar()->addMenu(i18nc("@title:menu", "&Help"));
+    const auto showAbout = [this] { About::createDialog(this)->open(); };
+    menu->addAction(QApplication::windowIcon(), i18nc("@action:inmenu", "&About Ormel Users"), this, showAbout)
+        ->setMenuRole(QAction::AboutRole);
+    menu->addAction(i18nc("@action:inmenu", "About &Qt"), qApp, &QApplication::aboutQt)
         ->setMenuRole(QAction::AboutQtRole);
+}
+
+void MainWindow::updateViewMenu()
+{
+    m_pageActions->actions().at(m_pages->currentIndex())->setChecked(true);
+    m_filterAction->setEnabled(currentList());
 }
 
 QTabWidget *MainWindow::pages() const
@@ -171,7 +201,9 @@ void MainWindow::finishReading()
     m_progress->setText(i18nc("@info:status %1 is a time of day", "Read at %1", time));
     if (!m_pages->isEnabled()) {
         m_pages->setEnabled(true);
-        m_pages->setFocus();
+        if (AccountList *list = currentList()) {
+            list->setFocus();
+        }
     }
     Q_EMIT reloaded();
 }

@@ -11,6 +11,7 @@
 class AccountList;
 class AccountStore;
 class QAction;
+class QActionGroup;
 class QLabel;
 class QTabWidget;
 
@@ -44,12 +45,17 @@ private:
     void addPages();
     void addPage(QWidget *page, const char *name, const QString &title);
     void addMenus();
+    void addFileMenu();
+    void addViewMenu();
+    void addHelpMenu();
+    void updateViewMenu();
     void startStep(int step);
     void finishReading();
     AccountList *currentList() const;
 
     AccountStore *const m_store;
     QTabWidget *const m_pages;
+    QActionGroup *const m_pageActions;
     QLabel *const m_progress;
     QAction *m_reloadAction = nullptr;
     QAction *m_filterAction = nullptr;
