@@ -162,6 +162,7 @@ QWidget *NewAccountPage::createUserList()
 {
     m_usersView = new QTreeView;
     m_usersView->setObjectName(QStringLiteral("usersView"));
+    m_usersView->setAccessibleName(i18nc("@info:whatsthis name of a list", "Existing users"));
     m_usersView->setRootIsDecorated(false);
     m_usersView->setItemsExpandable(false);
     m_usersView->setUniformRowHeights(true);
