@@ -123,7 +123,7 @@ void NewAccountPage::addGecos(QFormLayout *form)
         {QStringLiteral("roomEdit"), i18nc("@label:textbox", "&Room:")},
         {QStringLiteral("workPhoneEdit"), i18nc("@label:textbox", "&Work phone:")},
         {QStringLiteral("homePhoneEdit"), i18nc("@label:textbox", "Hom&e phone:")},
-        {QStringLiteral("otherEdit"), i18nc("@label:textbox other data about a person", "O&ther:")},
+        {QStringLiteral("otherEdit"), i18nc("@label:textbox other data about a person", "&Other:")},
     };
     QValidator *validator = UserUtils::createGecosValidator(this);
     for (const auto &subfield : subfields) {

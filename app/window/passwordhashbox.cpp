@@ -52,7 +52,7 @@ PasswordHashBox::Method PasswordHashBox::addMethod(QFormLayout *form, bool isGos
     button->setEnabled(false);
     auto *note = new NoteLabel(edit);
     addRow(form,
-           isGost ? i18nc("@label:textbox password hash by the method", "G&OST:")
+           isGost ? i18nc("@label:textbox password hash by the method", "GOS&T:")
                   : i18nc("@label:textbox password hash by the method", "SHA-&512:"),
            {edit, button},
            note);
