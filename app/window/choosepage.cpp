@@ -24,12 +24,12 @@ ChooseBox::Texts groupTexts()
 {
     return {
         i18nc("@title:group", "Members of a Group"),
-        i18nc("@label:textbox", "&Group:"),
+        i18nc("@label:textbox", "Gr&oup:"),
         i18nc("@info:placeholder", "Name of a group, or nothing"),
-        i18nc("@action:button choose a group", "&Choose…"),
+        i18nc("@action:button choose a group", "&Browse…"),
         i18nc("@info:tooltip", "Choose a group"),
         i18nc("@action:button", "Choose &Members…"),
-        i18nc("@label:textbox members of a group", "Chos&en:"),
+        i18nc("@label:textbox members of a group", "Cho&sen:"),
     };
 }
 
@@ -37,12 +37,12 @@ ChooseBox::Texts userTexts()
 {
     return {
         i18nc("@title:group", "Groups of a User"),
-        i18nc("@label:textbox", "&User:"),
+        i18nc("@label:textbox", "Use&r:"),
         i18nc("@info:placeholder", "Name of a user, or nothing"),
-        i18nc("@action:button choose a user", "Ch&oose…"),
+        i18nc("@action:button choose a user", "Bro&wse…"),
         i18nc("@info:tooltip", "Choose a user"),
         i18nc("@action:button", "Choose Grou&ps…"),
-        i18nc("@label:textbox groups of a user", "Chose&n:"),
+        i18nc("@label:textbox groups of a user", "Chos&en:"),
     };
 }
 }

@@ -102,13 +102,13 @@ void NewAccountPage::addNames(QFormLayout *form)
 {
     m_userNameEdit = addField(form,
                               QStringLiteral("userNameEdit"),
-                              i18nc("@label:textbox", "&User name:"),
+                              i18nc("@label:textbox", "User n&ame:"),
                               UserUtils::createUserNameValidator(this),
                               nameNote);
     connect(m_userNameEdit, &QLineEdit::textChanged, this, &NewAccountPage::changeUserName);
     addField(form,
              QStringLiteral("groupNameEdit"),
-             i18nc("@label:textbox", "&Group name:"),
+             i18nc("@label:textbox", "Grou&p name:"),
              UserUtils::createGroupNameValidator(this),
              nameNote);
 }
@@ -119,10 +119,10 @@ void NewAccountPage::addGecos(QFormLayout *form)
         QString objectName;
         QString label;
     } subfields[] = {
-        {QStringLiteral("fullNameEdit"), i18nc("@label:textbox", "Full &name:")},
+        {QStringLiteral("fullNameEdit"), i18nc("@label:textbox", "Full na&me:")},
         {QStringLiteral("roomEdit"), i18nc("@label:textbox", "&Room:")},
         {QStringLiteral("workPhoneEdit"), i18nc("@label:textbox", "&Work phone:")},
-        {QStringLiteral("homePhoneEdit"), i18nc("@label:textbox", "Ho&me phone:")},
+        {QStringLiteral("homePhoneEdit"), i18nc("@label:textbox", "Hom&e phone:")},
         {QStringLiteral("otherEdit"), i18nc("@label:textbox other data about a person", "&Other:")},
     };
     QValidator *validator = UserUtils::createGecosValidator(this);
@@ -144,7 +144,7 @@ void NewAccountPage::addPicture(QFormLayout *form)
 
 void NewAccountPage::addGroups(QFormLayout *form)
 {
-    auto *button = new QPushButton(i18nc("@action:button", "Choose Grou&ps…"));
+    auto *button = new QPushButton(i18nc("@action:button", "Choose Group&s…"));
     button->setObjectName(QStringLiteral("groupsButton"));
     connect(button, &QPushButton::clicked, this, &NewAccountPage::chooseGroups);
 
@@ -162,6 +162,7 @@ QWidget *NewAccountPage::createUserList()
 {
     m_usersView = new QTreeView;
     m_usersView->setObjectName(QStringLiteral("usersView"));
+    m_usersView->setAccessibleName(i18nc("@info:whatsthis name of a list", "Existing users"));
     m_usersView->setRootIsDecorated(false);
     m_usersView->setItemsExpandable(false);
     m_usersView->setUniformRowHeights(true);
@@ -169,7 +170,7 @@ QWidget *NewAccountPage::createUserList()
     m_usersView->header()->setStretchLastSection(false);
     m_usersView->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 
-    auto *label = new QLabel(i18nc("@label:listbox", "&Existing users:"));
+    auto *label = new QLabel(i18nc("@label:listbox", "E&xisting users:"));
     label->setBuddy(m_usersView);
     auto *list = new QWidget;
     auto *layout = new QVBoxLayout(list);

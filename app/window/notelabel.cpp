@@ -12,7 +12,6 @@ NoteLabel::NoteLabel(QLineEdit *edit)
 {
     setObjectName(edit->objectName() + QLatin1String("Note"));
     setTextFormat(Qt::PlainText);
-    setTextInteractionFlags(Qt::TextSelectableByMouse);
     setWordWrap(true);
     hide();
 }

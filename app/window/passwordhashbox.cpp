@@ -30,7 +30,7 @@ void PasswordHashBox::addPassword(QFormLayout *form)
     m_passwordEdit = new QLineEdit;
     m_passwordEdit->setObjectName(QStringLiteral("passwordEdit"));
     m_passwordEdit->setEchoMode(QLineEdit::Password);
-    auto *button = new QPushButton(i18nc("@action:button compute the hashes of the password", "H&ash"));
+    auto *button = new QPushButton(i18nc("@action:button", "Ma&ke Hashes"));
     button->setObjectName(QStringLiteral("hashButton"));
     button->setToolTip(i18nc("@info:tooltip", "Hash the password, with a new salt each time"));
     addRow(form, i18nc("@label:textbox", "Passwor&d:"), {m_passwordEdit, button});
@@ -45,8 +45,7 @@ PasswordHashBox::Method PasswordHashBox::addMethod(QFormLayout *form, bool isGos
     auto *edit = new QLineEdit;
     edit->setObjectName(isGost ? QStringLiteral("gostHashEdit") : QStringLiteral("sha512HashEdit"));
     edit->setReadOnly(true);
-    auto *button = new QPushButton(isGost ? i18nc("@action:button copy the GOST hash", "Cop&y")
-                                          : i18nc("@action:button copy the SHA-512 hash", "&Copy"));
+    auto *button = new QPushButton(i18nc("@action:button copy a hash", "Copy"));
     button->setObjectName(isGost ? QStringLiteral("copyGostButton") : QStringLiteral("copySha512Button"));
     button->setAccessibleName(isGost ? i18nc("@action:button", "Copy the GOST hash")
                                      : i18nc("@action:button", "Copy the SHA-512 hash"));
