@@ -47,6 +47,7 @@ public:
      *
      * @param userName the user; the group of that name cannot be changed
      * @param selectedNames the groups that are checked at first
+     * @param parent the owner, if any; the dialog is shown above it
      */
     GroupSelectDialog(const QString &userName, const QStringList &selectedNames, QWidget *parent = nullptr);
 

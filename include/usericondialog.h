@@ -48,6 +48,7 @@ class ORMELUSERSQT_EXPORT UserIconDialog : public QDialog
     Q_OBJECT
 
 public:
+    /** A dialog without a picture, with Ok disabled. It belongs to @p parent, if there is one. */
     explicit UserIconDialog(QWidget *parent = nullptr);
     ~UserIconDialog() override;
 

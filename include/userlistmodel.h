@@ -37,10 +37,6 @@
  * reloadUser() after a change. When they cannot be read it is empty, with the warning of
  * UserInfo::getUsers(). Nothing here changes an account.
  *
- * Besides name, icon and check box (Qt::CheckStateRole, as an int) in the first column the only
- * data are the texts of Qt::DisplayRole; the UID is a uint there, so that it sorts as a number.
- * headerData() has the same three labels for both orientations.
- *
  * To be used on the GUI thread, like the views.
  */
 class ORMELUSERSQT_EXPORT UserListModel : public QAbstractTableModel
@@ -59,10 +55,11 @@ public:
     };
     Q_ENUM(Filter)
 
+    /** What stands where. Views may move columns; these numbers stay. */
     enum Column {
-        NameColumn = 0,
-        UidColumn = 1,
-        SystemColumn = 2,
+        NameColumn = 0, /**< Name, icon and check box. */
+        UidColumn = 1, /**< The UID, a uint. */
+        SystemColumn = 2, /**< "Yes" for a system account, else "No", translated. */
     };
     Q_ENUM(Column)
 
@@ -75,13 +72,22 @@ public:
      * @param group the users whose primary group this is are locked: their rows have no flags
      * @param selectedNames the users that are checked at first, in any order; they are not
      * taken from @p group
+     * @param parent the owner, if any
      */
     UserListModel(const GroupInfo &group, const QStringList &selectedNames, QObject *parent = nullptr);
 
     ~UserListModel() override;
 
+    /** @return the number of shown rows, the placeholder row included, whatever @p parent is. */
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    /** @return 3, whatever @p parent is. */
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
+
+    /**
+     * @return Qt::DisplayRole: what the Column says; Qt::DecorationRole, in the first column: the
+     * icon, as a QIcon; Qt::CheckStateRole, there too: Qt::Checked or Qt::Unchecked as an int, when
+     * isSelectable(). An invalid variant for everything else and outside the shown rows.
+     */
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
     /**
@@ -95,14 +101,20 @@ public:
      */
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
 
+    /**
+     * @return the label of the Column @p section for Qt::DisplayRole: "Name" and "System" translated, "UID"
+     * never. Otherwise as QAbstractItemModel::headerData().
+     */
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
     /**
      * Takes rows out of the model, together with every other user of the same names, shown or not.
      * The accounts stay, and so does the check mark of the names.
      *
+     * @param row the first of the rows
      * @param count is not guarded against zero and less: views are then told of a removal whose
      * last row is before its first, and the result is true
+     * @param parent is handed on to the views and not looked at
      * @return false, with nothing changed, when the rows are not all there.
      */
     bool removeRows(int row, int count, const QModelIndex &parent = QModelIndex()) override;

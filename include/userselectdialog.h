@@ -52,6 +52,7 @@ public:
      *
      * @param group the users whose primary group this is cannot be changed
      * @param selectedNames the users that are checked at first
+     * @param parent the owner, if any; the dialog is shown above it
      */
     UserSelectDialog(const GroupInfo &group, const QStringList &selectedNames, QWidget *parent = nullptr);
 
