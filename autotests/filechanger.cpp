@@ -17,7 +17,7 @@
 //
 //   filechanger (PATH VERSION VERSION)...
 //
-// What a file holds at any time is the beginning of one of its versions.
+// It says when it begins. What a file holds from then on is the beginning of one of its versions.
 
 namespace
 {
@@ -122,6 +122,8 @@ int main(int argc, char *argv[])
         fputs("usage: filechanger (PATH VERSION VERSION)...\n", stderr);
         return 2;
     }
+    puts("ready");
+    fflush(stdout);
     for (;;) {
         files[below(files.size())].change();
         if (below(16) == 0) {

@@ -109,7 +109,7 @@ int callsOf(
     return s_calls;
 }
 
-constexpr int userCount = 12;
+constexpr int userCount = 6;
 
 /** The accounts of one version: the same names, with other ids, members and homes. */
 QByteArray passwdVersion(int version)
@@ -128,7 +128,7 @@ QByteArray passwdVersion(int version)
 QByteArray groupVersion(int version)
 {
     QByteArray lines = version == 0 ? "ormel-admin:x:27:user1,user2\nstaff:x:50:user3\naudio:x:51:\n"
-                                    : "audio:x:50:user4,user5,user6\nstaff:x:51:\normel-admin:x:28:user2,user7\n";
+                                    : "audio:x:50:user3,user4,user5\nstaff:x:51:\normel-admin:x:28:user2,user3\n";
     for (int i = 0; i < userCount; ++i) {
         lines += "group" + QByteArray::number((i + 5 * version) % userCount) + ":x:" + QByteArray::number(1000 + i)
             + ":user" + QByteArray::number((i + 1 + version) % userCount) + '\n';
@@ -302,7 +302,7 @@ bool FileChangesTest::listsGroups() const
 
 bool FileChangesTest::findsUser() const
 {
-    return m_accounts.canBe(UserInfo::getUser(QStringLiteral("user3")));
+    return m_accounts.canBe(UserInfo::getUser(QStringLiteral("user1")));
 }
 
 bool FileChangesTest::findsGroup() const
@@ -439,9 +439,8 @@ void FileChangesTest::readsLinesThatGrowAtAnyCall_data()
     QTest::addColumn<int>("reading");
 
     // What a comment says must not be taken for a line of its own.
-    QTest::newRow("limits") << limitsPath() << QByteArray("#bob - nproc 1\nuser1 hard nproc 100\n") << 2;
-    QTest::newRow("adduser.conf") << QStringLiteral("/etc/adduser.conf") << QByteArray("#NAME_REGEX=\".\"\nOTHER=1\n")
-                                  << 3;
+    QTest::newRow("limits") << limitsPath() << QByteArray("#bob - core 1\n") << 2;
+    QTest::newRow("adduser.conf") << QStringLiteral("/etc/adduser.conf") << QByteArray("#NAME_REGEX=\".\"\n") << 3;
 }
 
 void FileChangesTest::readsLinesThatGrowAtAnyCall()
@@ -493,7 +492,7 @@ void FileChangesTest::readsFilesThatChangeAtAnyTime()
     }
     QProcess changer;
     changer.start(Program::builtFile(QStringLiteral("filechanger")), arguments);
-    QVERIFY(changer.waitForStarted());
+    QVERIFY(changer.waitForReadyRead());
     const QStringList filesBefore = openFiles();
 
     const int seconds = qMax(1, qEnvironmentVariableIntValue("ORMEL_TEST_SECONDS"));
@@ -529,7 +528,7 @@ void FileChangesTest::readsFilesThatChangeAtAnyTime()
     setVersion(1);
     QCOMPARE(UserInfo::getUsers().size(), userCount);
     QCOMPARE(describe(GroupInfo::getGroup(QStringLiteral("staff"))),
-             QStringLiteral("staff(51: user0 user3 user6 user9)"));
+             QStringLiteral("staff(51: user0 user3)"));
 }
 
 QTEST_MAIN(FileChangesTest)
