@@ -8,6 +8,7 @@
 #include "accountfile_p.h"
 #include "accountlog_p.h"
 
+#include <cerrno>
 #include <cstdlib>
 
 #include <grp.h>
@@ -38,6 +39,27 @@ GroupIds resized(GroupIds ids, int count)
     }
     return larger;
 }
+
+/** The ids of the groups of @p entry and, in @p count, their number; null when there is no memory. */
+GroupIds groupIds(const passwd *entry, int &count)
+{
+    const char *name = entry->pw_name ? entry->pw_name : "";
+    count = 16;
+    GroupIds ids(static_cast<gid_t *>(malloc(sizeOfIds(count))));
+    while (ids) {
+        const int capacity = count;
+        errno = 0;
+        if (getgrouplist(name, entry->pw_gid, ids.get(), &count) != -1) {
+            return ids;
+        }
+        // Without memory for a buffer of its own it asks for no more room, however often it is called.
+        if (errno == ENOMEM && count <= capacity) {
+            return {};
+        }
+        ids = resized(std::move(ids), count);
+    }
+    return ids;
+}
 }
 
 UserInfo AccountLookup::user(const passwd *entry)
@@ -67,11 +89,8 @@ void AccountLookup::fill(UserInfo &user, const passwd *entry, const QString &pri
 
 QList<GroupInfo> AccountLookup::groupsOf(const passwd *entry)
 {
-    int count = 16;
-    GroupIds ids(static_cast<gid_t *>(malloc(sizeOfIds(count))));
-    while (ids && getgrouplist(entry->pw_name, entry->pw_gid, ids.get(), &count) == -1) {
-        ids = resized(std::move(ids), count);
-    }
+    int count = 0;
+    const GroupIds ids = groupIds(entry, count);
     if (!ids) {
         return {};
     }
@@ -137,7 +156,7 @@ GroupInfo AccountLookup::record(const ::group *entry)
     GroupInfo group;
     group.m_name = text(entry->gr_name);
     group.m_gid = entry->gr_gid;
-    for (char **member = entry->gr_mem; *member; ++member) {
+    for (char **member = entry->gr_mem; member && *member; ++member) {
         group.m_users.append(text(*member));
     }
     return group;

@@ -26,6 +26,11 @@ LineReader::LineReader(QIODevice &device)
 
 bool LineReader::next()
 {
+    // A line that is not ended is the last one, even if its file has grown meanwhile: what the
+    // device would give next is the rest of it.
+    if (m_size > 0 && m_buffer[m_size - 1] != '\n') {
+        return false;
+    }
     m_size = 0;
     do {
         // The device ends each piece with a NUL byte, which the next piece overwrites.

@@ -37,10 +37,13 @@ QString adduserNamePattern()
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return pattern;
     }
-    for (QByteArray line = file.readLine(); !line.isEmpty(); line = file.readLine()) {
+    QByteArray line;
+    // After a line that is not ended the file may have grown, by the rest of that line.
+    do {
+        line = file.readLine();
         if (const auto accepted = namePattern(QString::fromLatin1(line.constData(), line.size()))) {
             pattern = *accepted;
         }
-    }
+    } while (line.endsWith('\n'));
     return pattern;
 }

@@ -1,0 +1,14 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef OPENFILES_H
+#define OPENFILES_H
+
+#include <QStringList>
+
+/** The file descriptors of this program, each with what it stands for: "3 /etc/passwd". */
+QStringList openFiles();
+
+#endif
