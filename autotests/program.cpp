@@ -18,6 +18,15 @@ QString Program::builtFile(const QString &name)
     return QCoreApplication::applicationDirPath() + QLatin1Char('/') + name;
 }
 
+QProcessEnvironment Program::environment(const QStringList &variables)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const QString &variable : variables) {
+        environment.insert(variable.section(QLatin1Char('='), 0, 0), variable.section(QLatin1Char('='), 1));
+    }
+    return environment;
+}
+
 Program::Result Program::run(const QStringList &arguments, const QByteArray &input)
 {
     return run(path(), arguments, input);
@@ -28,12 +37,8 @@ Program::Result Program::run(const QString &program,
                              const QByteArray &input,
                              const QStringList &variables)
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const QString &variable : variables) {
-        environment.insert(variable.section(QLatin1Char('='), 0, 0), variable.section(QLatin1Char('='), 1));
-    }
     QProcess process;
-    process.setProcessEnvironment(environment);
+    process.setProcessEnvironment(environment(variables));
     process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();

@@ -7,6 +7,7 @@
 #define PROGRAM_H
 
 #include <QByteArray>
+#include <QProcessEnvironment>
 #include <QStringList>
 
 /** Runs ormel-users and other programs to their end. */
@@ -25,10 +26,13 @@ QString path();
 /** The path of another program or library that is built here. */
 QString builtFile(const QString &name);
 
+/** The environment of the test with @p variables ("NAME=value") set in it. */
+QProcessEnvironment environment(const QStringList &variables);
+
 /** Runs ormel-users, giving it @p input. */
 Result run(const QStringList &arguments, const QByteArray &input = {});
 
-/** Runs @p program with @p variables ("NAME=value") set in its environment. */
+/** Runs @p program with @p variables set in its environment. */
 Result run(const QString &program,
            const QStringList &arguments,
            const QByteArray &input = {},

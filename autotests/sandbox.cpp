@@ -16,11 +16,6 @@ void requireSandbox()
         qFatal("This test writes to /etc: run it with scripts/sandbox.");
     }
 }
-
-void setNameService(const QByteArray &services)
-{
-    Sandbox::write(QStringLiteral("/etc/nsswitch.conf"), "passwd: " + services + "\ngroup: " + services + '\n');
-}
 }
 
 void Sandbox::write(const QString &path, const QByteArray &content)
@@ -69,4 +64,9 @@ void Sandbox::setExtraAccounts(const QByteArray &passwd, const QByteArray &group
 void Sandbox::removeExtraAccounts()
 {
     setNameService("files");
+}
+
+void Sandbox::setNameService(const QByteArray &sources)
+{
+    write(QStringLiteral("/etc/nsswitch.conf"), "passwd: " + sources + "\ngroup: " + sources + '\n');
 }

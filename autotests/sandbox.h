@@ -29,6 +29,9 @@ void setExtraAccounts(const QByteArray &passwd, const QByteArray &group);
 
 /** Limits the name service to the local files again. */
 void removeExtraAccounts();
+
+/** Sets the sources that accounts and groups are looked up in, such as "files ldap". */
+void setNameService(const QByteArray &sources);
 }
 
 #endif

@@ -16,6 +16,12 @@
 
 namespace
 {
+/**
+ * In bytes, as for the C library's crypt(), which everything that checks a password goes through. The
+ * time grows with the square of the length: a megabyte would take hours.
+ */
+constexpr std::size_t longestKey = 511;
+
 /** The first digest, over key and salt, which the rounds go on from. */
 void start(Digest &digest, std::string_view key, std::string_view salt, DigestValue &value)
 {
@@ -132,6 +138,9 @@ bool shaCrypt(const ShaCryptMethod &method, const char *key, const char *setting
     const auto parsed = key && setting ? parseCryptSetting(method.prefix, setting) : std::nullopt;
     if (!parsed) {
         return fail(EINVAL);
+    }
+    if (std::string_view(key).size() > longestKey) {
+        return fail(ERANGE);
     }
     Digest digest(method.digest);
     if (!digest.isValid()) {

@@ -22,7 +22,8 @@ using ShaCryptHash = std::array<char, 144>;
  * Hashes @p key as @p setting, which may be a whole hash, asks for.
  *
  * @return whether @p hash has been set. If not, errno is EINVAL for a setting that the method
- * does not take or a null pointer, ENOSYS when the digest is not there.
+ * does not take or a null pointer, ERANGE for a key that is longer than crypt() takes, ENOSYS when
+ * the digest is not there.
  */
 bool shaCrypt(const ShaCryptMethod &method, const char *key, const char *setting, ShaCryptHash &hash);
 

@@ -86,7 +86,8 @@ public:
      * @c $6$ (SHA-512)
      *
      * @return the whole string the hash function gave, method and salt included; null when it gave
-     * nothing, as it does where no GOST library is installed.
+     * nothing, as it does where no GOST library is installed or, with the one that comes along, for
+     * a password of more than 511 bytes.
      *
      * @c crypt may also report a failure, for instance a password that is too long for it, by a
      * string that is no hash, @c "*0" or @c "*1". It is returned like a hash, and nobody could log

@@ -1,0 +1,146 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "program.h"
+#include "sandbox.h"
+#include "systemcalls.h"
+
+#include <QDir>
+#include <QTest>
+
+#include <algorithm>
+
+// Which files the library opens, and that it does nothing else to the machine.
+
+namespace
+{
+/** Where libraries and the toolkit find what is theirs: plugins, fonts, icons, file types, the machine's kind. */
+const char *const foreign[] = {
+    "/etc/fonts",
+    "/etc/gcrypt/",
+    "/etc/ld.so.cache",
+    "/etc/localtime",
+    "/lib/",
+    "/proc/",
+    "/sys/",
+    "/usr/lib/",
+    "/usr/local/share/fonts",
+    "/usr/share/fontconfig/",
+    "/usr/share/fonts",
+    "/usr/share/icons/",
+    "/usr/share/mime/",
+    "/var/cache/fontconfig",
+    "/var/lib/dbus/machine-id",
+};
+
+/** What the toolkit keeps in the home: an index of the fonts, and how the file chooser looked. */
+bool isKeptByToolkit(const QString &path)
+{
+    const QString home = QDir::homePath();
+    return path.startsWith(home + QLatin1String("/.cache")) || path.startsWith(home + QLatin1String("/.config"))
+        || path.startsWith(home + QLatin1String("/.fontconfig"));
+}
+
+bool isForeign(const QString &path)
+{
+    const auto isBelow = [&path](const char *start) { return path.startsWith(QLatin1String(start)); };
+    return isKeptByToolkit(path) || std::any_of(std::begin(foreign), std::end(foreign), isBelow);
+}
+
+/** What the C library does before each lookup: it asks for its cache of accounts. */
+bool isAboutNameServiceCache(const SystemCall &call)
+{
+    return call.name == QLatin1String("connect")
+        ? call.path() == QLatin1String("/var/run/nscd/socket")
+        : call.name == QLatin1String("socket") && call.arguments.startsWith(QLatin1String("AF_UNIX"));
+}
+
+QString accountFiles()
+{
+    return QStringLiteral("/etc/group /etc/nsswitch.conf /etc/passwd");
+}
+}
+
+class OpenedFilesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void readsFilesItNames_data();
+    void readsFilesItNames();
+};
+
+void OpenedFilesTest::initTestCase()
+{
+    Sandbox::setAccounts("root:x:0:0::/:\nalice:x:1000:1000::/:\n", "root:x:0:\nalice:x:1000:\n");
+    Sandbox::removeExtraAccounts();
+    Sandbox::clear(QStringLiteral("/etc/security/limits.d"));
+    Sandbox::write(QStringLiteral("/etc/security/limits.conf"), "* soft core 1\n");
+    Sandbox::write(QStringLiteral("/etc/security/limits.d/a.conf"), "@1:2 hard cpu 1\n");
+    Sandbox::clear(QStringLiteral("/usr/share/kiv/faces/birds"));
+    Sandbox::write(QStringLiteral("/usr/share/kiv/faces/birds/robin.ppm"), "P3 1 1 255 0 0 0\n");
+}
+
+void OpenedFilesTest::readsFilesItNames_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QStringList>("variables");
+    QTest::addColumn<QString>("files");
+
+    const auto row = [](const char *family, const QString &files) -> QTestData & {
+        return QTest::newRow(family) << QStringList{QString::fromLatin1(family)} << QStringList() << files;
+    };
+    const QString limits =
+        QStringLiteral("/etc/security/limits.conf /etc/security/limits.d /etc/security/limits.d/a.conf");
+    row("records", accountFiles());
+    row("validators", QStringLiteral("/etc/adduser.conf"));
+    row("hashes", QString());
+    row("pictures", QStringLiteral("/usr/share/kiv /usr/share/kiv/faces /usr/share/kiv/faces/birds"));
+    row("limits", limits);
+    row("models", accountFiles());
+    row("select dialogs", accountFiles());
+    const QString picture = QStringLiteral("/usr/share/kiv/faces/birds/robin.ppm");
+    QTest::newRow("icon dialog") << QStringList{QStringLiteral("icon dialog"), picture} << QStringList()
+                                 << QString(QStringLiteral("/usr/share/kiv/faces /usr/share/kiv/faces/birds ")
+                                            + picture);
+    const QString catalogue = QStringLiteral(CATALOGUES "/locale/de/LC_MESSAGES/ormel_kcm_users.mo");
+    QTest::newRow("limits, in German") << QStringList{QStringLiteral("limits")}
+                                       << QStringList{QStringLiteral("LANGUAGE=de"),
+                                                      QStringLiteral("XDG_DATA_DIRS=" CATALOGUES)}
+                                       << QString(limits + QLatin1Char(' ') + catalogue);
+}
+
+void OpenedFilesTest::readsFilesItNames()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QStringList, variables);
+    QFETCH(QString, files);
+
+    QStringList opened;
+    QStringList changed;
+    QStringList others;
+    const QVector<SystemCall> calls = systemCallsOf(arguments, variables);
+    for (const SystemCall &call : calls) {
+        if (call.opensForReading() && !isForeign(call.path())) {
+            opened.append(call.path());
+        }
+        if (call.changesFiles() && !isKeptByToolkit(call.path())) {
+            changed.append(call.name + QLatin1Char(' ') + call.arguments);
+        }
+        if (call.startsProcess() || (call.isAboutSockets() && !isAboutNameServiceCache(call))) {
+            others.append(call.name + QLatin1Char(' ') + call.arguments);
+        }
+    }
+    opened.sort();
+    opened.removeDuplicates();
+    QCOMPARE(opened.join(QLatin1Char(' ')), files);
+    QCOMPARE(changed.join(QLatin1Char('\n')), QString());
+    QCOMPARE(others.join(QLatin1Char('\n')), QString());
+}
+
+QTEST_GUILESS_MAIN(OpenedFilesTest)
+
+#include "openedfilestest.moc"

@@ -1,0 +1,38 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef SYSTEMCALLS_H
+#define SYSTEMCALLS_H
+
+#include <QByteArrayList>
+#include <QString>
+#include <QVector>
+
+/** The system calls about files, sockets and processes that a program makes, seen by strace. */
+struct SystemCall {
+    /** Such as "openat". */
+    QString name;
+    /** What stands in parentheses. */
+    QString arguments;
+
+    /** The last text among the arguments: what a link or a new name is called. */
+    QString path() const;
+
+    /** Whether a file is opened, to be read at most. */
+    bool opensForReading() const;
+
+    /** Whether something in the file system is or may be changed. */
+    bool changesFiles() const;
+
+    /** Whether a program or another process is started; a thread is none. */
+    bool startsProcess() const;
+
+    bool isAboutSockets() const;
+};
+
+/** The calls of tracedfamily between its marks. It must end well. */
+QVector<SystemCall> systemCallsOf(const QStringList &arguments, const QStringList &variables);
+
+#endif
