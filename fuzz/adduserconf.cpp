@@ -65,9 +65,11 @@ void Target::prepare()
 void Target::run(const QByteArray &input)
 {
     Sandbox::write(adduserConf(), input);
-    const QString pattern = patternInForce();
-    Fuzzing::requireEqual(withoutReturns(pattern), withoutReturns(expectedPattern(input)), "The pattern");
+    const QString pattern = withoutReturns(patternInForce());
+    Fuzzing::requireEqual(pattern, withoutReturns(expectedPattern(input)), "The pattern");
 
-    Sandbox::write(adduserConf(), "NAME_REGEX=\"" + pattern.toLatin1() + "\"\n");
-    Fuzzing::requireEqual(patternInForce(), withoutReturns(pattern), "The pattern, written and read again");
+    if (!pattern.isEmpty()) {
+        Sandbox::write(adduserConf(), "NAME_REGEX=\"" + pattern.toLatin1() + "\"\n");
+        Fuzzing::requireEqual(patternInForce(), pattern, "The pattern, written and read again");
+    }
 }
