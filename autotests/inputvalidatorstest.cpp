@@ -9,6 +9,7 @@
 #include <UserUtils>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QLineEdit>
 #include <QPointer>
@@ -117,6 +118,9 @@ private Q_SLOTS:
     void matchesWholeNameWithConfiguredPattern();
     void acceptsNothingWithInvalidPattern();
     void takesPatternThatIsValidInsideAnchorsOnly();
+
+    void givesUpPatternsThatBacktrackWithoutEnd_data();
+    void givesUpPatternsThatBacktrackWithoutEnd();
 
     void checksGroupNames_data();
     void checksGroupNames();
@@ -355,6 +359,45 @@ void InputValidatorsTest::takesPatternThatIsValidInsideAnchorsOnly()
     QCOMPARE(check(UserUtils::createUserNameValidator, QStringLiteral("user1")), Accepted);
     QCOMPARE(check(UserUtils::createUserNameValidator, QStringLiteral("user")), Unfinished);
     QCOMPARE(check(UserUtils::createUserNameValidator, QStringLiteral("user12")), Rejected);
+}
+
+void InputValidatorsTest::givesUpPatternsThatBacktrackWithoutEnd_data()
+{
+    QTest::addColumn<QByteArray>("pattern");
+
+    const char *patterns[] = {
+        "^(a+)+$",
+        "(a|aa)+",
+        "([a-z]+)*[0-9]",
+        "(.*)*x",
+        "((a+)+)+b",
+        "(a+)+\\1",
+        "a*a*a*a*a*a*a*a*a*a*a*a*b",
+        "(?:a?){32}a{32}",
+        "(?=(a+)+$)(a+)+$",
+        "(a|(?1)(?1))*b",
+    };
+    for (const char *pattern : patterns) {
+        QTest::newRow(pattern) << QByteArray(pattern);
+    }
+}
+
+/** Typing goes on while the toolkit looks for a match that is not there. */
+void InputValidatorsTest::givesUpPatternsThatBacktrackWithoutEnd()
+{
+    QFETCH(QByteArray, pattern);
+
+    constexpr qint64 longest = 1000; // in milliseconds; some twenty are usual
+    Sandbox::write(adduserConf(), "NAME_REGEX=\"" + pattern + "\"\n");
+    const std::unique_ptr<QValidator> validator(UserUtils::createUserNameValidator(nullptr));
+    for (const int length : {1, 10, 20, 25, 31}) {
+        QString text = letters(length) + QLatin1Char('!');
+        int position = 0;
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(validator->validate(text, position) != Accepted);
+        QVERIFY2(timer.elapsed() < longest, qPrintable(QString::number(timer.elapsed()) + QLatin1Char(' ') + text));
+    }
 }
 
 void InputValidatorsTest::checksGroupNames_data()

@@ -5,10 +5,10 @@
 
 #include "describe.h"
 #include "limitsfixtures.h"
+#include "limitsmodel.h"
 
 #include <QTest>
 
-#include <algorithm>
 #include <initializer_list>
 #include <random>
 
@@ -124,190 +124,6 @@ private:
 
     std::mt19937 m_random;
 };
-
-/** What the rules and the lookups are when one byte and one rule is looked at after the other. */
-class PlainModel
-{
-public:
-    void read(const QByteArray &file)
-    {
-        std::string line;
-        const QByteArray bytes = file + '\n';
-        for (const char byte : bytes) {
-            if (byte != '\n') {
-                line += byte;
-                continue;
-            }
-            addRule(line);
-            line.clear();
-        }
-    }
-
-    QStringList rules() const
-    {
-        QStringList texts;
-        for (const Rule &rule : m_rules) {
-            texts.append(QStringList({rule.domain, rule.type, rule.item, rule.value, typeOf(rule.item)})
-                             .join(QLatin1String(" | ")));
-        }
-        return texts;
-    }
-
-    QString valueFor(const UserInfo &user, const QString &item) const
-    {
-        QStringList domains{user.name()};
-        if (user.name() == QLatin1String("root")) {
-            return firstOf(domains, item);
-        }
-        const QStringList groups = user.groupNames();
-        addGroups(domains, groups, item);
-        domains.append(QStringLiteral("<user id>"));
-        domains.append(QStringLiteral("<group id>"));
-        domains.append(QStringLiteral("*"));
-        return firstOf(domains, item, user.uid() == 0, user.gid() == 0);
-    }
-
-    QString valueFor(const GroupInfo &group, const QString &item) const
-    {
-        QStringList domains;
-        addGroups(domains, {group.name()}, item);
-        domains.append(QStringLiteral("<group id>"));
-        domains.append(QStringLiteral("*"));
-        return firstOf(domains, item, false, group.gid() == 0);
-    }
-
-private:
-    struct Rule {
-        QString domain;
-        QString type;
-        QString item;
-        QString value;
-    };
-
-    static bool isSpace(char byte)
-    {
-        return QByteArray(" \t\n\v\f\r").contains(byte);
-    }
-
-    void addRule(std::string line)
-    {
-        while (!line.empty() && isSpace(line.back())) {
-            line.pop_back();
-        }
-        while (!line.empty() && isSpace(line.front())) {
-            line.erase(0, 1);
-        }
-        if (!line.empty() && line.front() == '#') {
-            return;
-        }
-        QStringList columns;
-        QString column;
-        for (const char byte : line + ' ') {
-            if (byte == '\0') {
-                break;
-            }
-            if (byte != ' ') {
-                column += QLatin1Char(byte);
-            } else if (!column.isEmpty()) {
-                columns.append(column);
-                column.clear();
-            }
-        }
-        if (!column.isEmpty()) {
-            columns.append(column);
-        }
-        if (columns.size() >= 4) {
-            m_rules.append({columns.at(0), columns.at(1), columns.at(2), valueOf(columns.at(3))});
-        }
-    }
-
-    static QString valueOf(const QString &text)
-    {
-        if (text == QLatin1String("unlimited") || text == QLatin1String("infinity")) {
-            return QStringLiteral("int -1");
-        }
-        if (text.at(0) == QLatin1Char('/')) {
-            return QLatin1String("QString ") + text;
-        }
-        return QLatin1String("int ") + QString::number(numberOf(text.trimmed()));
-    }
-
-    static int numberOf(QString text)
-    {
-        const bool negative = text.startsWith(QLatin1Char('-'));
-        if (negative || text.startsWith(QLatin1Char('+'))) {
-            text.remove(0, 1);
-        }
-        qint64 number = 0;
-        for (const QChar digit : qAsConst(text)) {
-            if (digit < QLatin1Char('0') || digit > QLatin1Char('9')) {
-                return 0;
-            }
-            number = std::min<qint64>(10 * number + (digit.unicode() - '0'), Q_INT64_C(99999999999));
-        }
-        number = negative ? -number : number;
-        return number == static_cast<int>(number) ? static_cast<int>(number) : 0;
-    }
-
-    static QString typeOf(const QString &item)
-    {
-        static const QMap<QString, int> types{
-            {QStringLiteral("core"), 1},
-            {QStringLiteral("nproc"), 3},
-            {QStringLiteral("maxlogins"), 3},
-            {QStringLiteral("maxsyslogins"), 3},
-            {QStringLiteral("chroot"), 6},
-            {QStringLiteral("nonewprivs"), 4},
-        };
-        return QString::number(types.value(item, -1));
-    }
-
-    static void addGroups(QStringList &domains, const QStringList &groups, const QString &item)
-    {
-        for (const QString &name : groups) {
-            domains.append(QLatin1Char('@') + name);
-        }
-        for (const QString &name : groups) {
-            if (item == QLatin1String("maxlogins")) {
-                domains.append(QLatin1Char('%') + name);
-            }
-        }
-    }
-
-    /** Whether @p domain begins with two slashes, any number of the letter d, a colon and two slashes. */
-    static bool namesIds(const QString &domain, const QString &sign)
-    {
-        if (!domain.startsWith(sign + QLatin1String("//"))) {
-            return false;
-        }
-        int position = sign.size() + 2;
-        while (position < domain.size() && domain.at(position) == QLatin1Char('d')) {
-            ++position;
-        }
-        return domain.mid(position, 3) == QLatin1String("://");
-    }
-
-    QString firstOf(const QStringList &domains, const QString &item, bool isUser0 = false, bool isGroup0 = false) const
-    {
-        for (const QString &domain : domains) {
-            for (const Rule &rule : m_rules) {
-                if (rule.item != item) {
-                    continue;
-                }
-                const bool byUserId =
-                    domain == QLatin1String("<user id>") && isUser0 && namesIds(rule.domain, QString());
-                const bool byGroupId =
-                    domain == QLatin1String("<group id>") && isGroup0 && namesIds(rule.domain, QStringLiteral("@"));
-                if (rule.domain == domain || byUserId || byGroupId) {
-                    return rule.value;
-                }
-            }
-        }
-        return QStringLiteral("null");
-    }
-
-    QVector<Rule> m_rules;
-};
 }
 
 class LimitsRandomTest : public QObject
@@ -373,7 +189,7 @@ void LimitsRandomTest::agreesWithPlainModel()
         RandomLimits random(seed);
         const QByteArray mainFile = random.file();
         const QMap<QString, QByteArray> dropIns = random.dropIns();
-        PlainModel expected;
+        LimitsModel expected;
         expected.read(mainFile);
         Sandbox::write(limitsPath(), mainFile);
         QByteArray files = "seed " + QByteArray::number(seed) + '\n' + mainFile;

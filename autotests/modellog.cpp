@@ -90,9 +90,9 @@ bool FlatProxy::hasChildren(const QModelIndex &parent) const
     return rowCount(parent) > 0;
 }
 
-TableTester::TableTester(QAbstractItemModel *model)
+TableTester::TableTester(QAbstractItemModel *model, Mode mode)
     : m_proxy(model)
-    , m_tester(&m_proxy, QAbstractItemModelTester::FailureReportingMode::QtTest)
+    , m_tester(&m_proxy, mode)
 {
 }
 

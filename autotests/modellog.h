@@ -44,11 +44,13 @@ public:
     bool hasChildren(const QModelIndex &parent = QModelIndex()) const override;
 };
 
-/** Fails the test when a table model breaks the rules of item models. */
+/** Fails the test, or ends the program, when a table model breaks the rules of item models. */
 class TableTester
 {
 public:
-    explicit TableTester(QAbstractItemModel *model);
+    using Mode = QAbstractItemModelTester::FailureReportingMode;
+
+    explicit TableTester(QAbstractItemModel *model, Mode mode = Mode::QtTest);
 
 private:
     FlatProxy m_proxy;

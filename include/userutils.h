@@ -46,7 +46,10 @@ public:
      * further @c = or quote in the line. The last such line counts; if it has nothing between its
      * quotes, there is no pattern. Other lines are passed over, and so is a file that cannot be read.
      *
-     * The pattern is not checked. An invalid one makes a validator that accepts no name.
+     * The pattern is not checked. An invalid one makes a validator that accepts no name. Of one that
+     * backtracks without end the toolkit gives up each match after some time, and the text is
+     * @c QValidator::Invalid: usually after less than a tenth of a second, later when there are dozens
+     * of alternatives to repeat.
      *
      * A text of more than 32 characters (QString::size()) is @c QValidator::Invalid at once, so
      * that a line edit does not take the 33rd character.

@@ -1,0 +1,94 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "fuzzing.h"
+#include "shacrypt_p.h"
+
+#include <cerrno>
+
+#include <crypt.h>
+#include <gcrypt.h>
+
+using Fuzzing::require;
+
+extern "C" char *gost_crypt(const char *key, const char *setting);
+
+// An input is the setting in its first line, then the key.
+
+namespace
+{
+const QByteArray gostPrefix = "$gost12512hash$";
+const QByteArray sha512Prefix = "$6$";
+constexpr int longestSystemKey = 511;
+constexpr int hashLength = 86;
+
+/** @p setting, but with no more rounds than can be waited for; those that are refused stay. */
+QByteArray withFewRounds(const QByteArray &setting)
+{
+    const int begin = gostPrefix.size() + qstrlen("rounds=");
+    const int end = setting.indexOf('$', begin);
+    if (setting.mid(gostPrefix.size(), 7) != "rounds=" || end < 0) {
+        return setting;
+    }
+    bool isNumber = false;
+    const uint rounds = setting.mid(begin, end - begin).toUInt(&isNumber);
+    const bool isMuch = isNumber && rounds > 2000 && rounds <= 999999999;
+    return isMuch ? setting.left(begin) + QByteArray::number(1000 + rounds % 1000) + setting.mid(end) : setting;
+}
+
+/** A byte array with the hash; a null one when it was refused. */
+QByteArray gostHash(const QByteArray &key, const QByteArray &setting)
+{
+    errno = 0;
+    const QByteArray hash = gost_crypt(key.constData(), setting.constData());
+    require(hash.isNull() == (errno == EINVAL), QStringLiteral("What is refused is an invalid argument"));
+    return hash;
+}
+
+/** The library's construction with the system's digest has to hash as the system does. */
+void compareWithSystem(const QByteArray &key, const QByteArray &setting)
+{
+    ShaCryptHash buffer;
+    const bool hashed = shaCrypt({"$6$", GCRY_MD_SHA512}, key.constData(), setting.constData(), buffer);
+    const QByteArray systemHash = crypt(key.constData(), setting.constData());
+    require((hashed ? QByteArray(buffer.data()) : QByteArray("*")) == (systemHash.startsWith('*') ? "*" : systemHash),
+            QLatin1String("The hash of the system: ") + QString::fromLatin1(systemHash));
+}
+
+void checkForm(const QByteArray &hash)
+{
+    const QByteArray alphabet = "./0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    require(hash.startsWith(gostPrefix), QStringLiteral("A hash begins with its method"));
+    const int separator = hash.lastIndexOf('$');
+    require(hash.size() == separator + 1 + hashLength, QStringLiteral("A hash has 86 characters"));
+    for (const char c : hash.mid(separator + 1)) {
+        require(alphabet.contains(c), QStringLiteral("A hash is made of 64 characters"));
+    }
+}
+}
+
+void Target::prepare()
+{
+}
+
+void Target::run(const QByteArray &input)
+{
+    const int end = input.indexOf('\n');
+    const QByteArray setting = withFewRounds(input.left(end).constData());
+    const QByteArray key = end < 0 ? QByteArray("") : QByteArray(input.constData() + end + 1);
+
+    const QByteArray hash = gostHash(key, setting);
+    if (!setting.startsWith(gostPrefix)) {
+        require(hash.isNull(), QStringLiteral("Other methods are refused"));
+        return;
+    }
+    if (key.size() <= longestSystemKey) {
+        compareWithSystem(key, sha512Prefix + setting.mid(gostPrefix.size()));
+    }
+    if (!hash.isNull()) {
+        checkForm(hash);
+        require(gostHash(key, hash) == hash, QStringLiteral("A key and its hash give that hash"));
+    }
+}

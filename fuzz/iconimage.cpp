@@ -1,0 +1,144 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "fuzzing.h"
+#include "iconselectwidget_p.h"
+
+#include <UserIconDialog>
+
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QImageReader>
+#include <QPushButton>
+#include <QToolButton>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <iterator>
+
+using Fuzzing::require;
+
+// An input is a whole picture file of any format.
+
+namespace
+{
+/** Larger ones, up to what the dialog takes, only take longer. */
+constexpr qint64 mostPixels = 1 << 22;
+constexpr qint64 mostPixelsOfDialog = 1 << 28;
+
+/** What the engine counts like branches taken: it does not see those of the decoders. */
+#ifdef BUILD_FUZZERS
+__attribute__((section("__libfuzzer_extra_counters")))
+#endif
+uint8_t outcomes[1 << 12];
+
+QString picturePath()
+{
+    return QDir::tempPath() + QLatin1String("/picture");
+}
+
+/** How many pixels the file claims to have. */
+qint64 claimedPixels()
+{
+    const QSize size = QImageReader(picturePath()).size();
+    return qint64(size.width()) * size.height();
+}
+
+template<typename Widget>
+Widget *part(const UserIconDialog &dialog, const char *name)
+{
+    auto *widget = dialog.findChild<Widget *>(QString::fromLatin1(name));
+    require(widget, QLatin1String("The dialog has a ") + QLatin1String(name));
+    return widget;
+}
+
+/** Whether one side of a square in an image of the size @p image is what rounding leaves of the shorter one. */
+bool isLargestSquare(const QSize &square, const QSize &image, const IconSelectWidget &widget)
+{
+    const QRect shown = widget.imageRect();
+    const double scale = std::min(double(shown.width()) / image.width(), double(shown.height()) / image.height());
+    const int side = std::min(shown.width(), shown.height());
+    return square == QSize(int(side / scale), int(side / scale));
+}
+
+void checkSelection(const UserIconDialog &dialog, const QImage &image)
+{
+    const auto *widget = dialog.findChild<IconSelectWidget *>();
+    const QPixmap selected = dialog.selectedPixmap();
+    const bool isShown = !image.isNull() && !widget->imageRect().isEmpty();
+    require(selected.isNull() == !isShown, QStringLiteral("There is a selection where there is a picture"));
+    require(!isShown || isLargestSquare(selected.size(), image.size(), *widget),
+            QStringLiteral("A new picture has its largest square selected"));
+}
+
+/** Counts files that differ in what their decoder made of them. */
+void countOutcome(const QImage &image)
+{
+    QImageReader reader(picturePath());
+    const uint format = qHash(reader.format()) ^ qHash(reader.subType());
+    reader.read();
+    const uint kind = 31 * uint(image.format()) + uint(reader.error());
+    const uint size = 7 * uint(std::log2(image.width() + 1)) + uint(std::log2(image.height() + 1));
+    outcomes[(format + 1009 * kind + 53 * size) % std::size(outcomes)] = 1;
+}
+
+/** What the dialog shows when it has read the file. */
+QImage shownImage()
+{
+    return claimedPixels() > mostPixelsOfDialog ? QImage() : QImage(picturePath());
+}
+}
+
+/** Stands in for the toolkit's dialog, which would ask. */
+QString QFileDialog::getOpenFileName(QWidget * /*parent*/,
+                                     const QString & /*caption*/,
+                                     const QString & /*directory*/,
+                                     const QString & /*filter*/,
+                                     QString * /*selectedFilter*/,
+                                     Options /*options*/)
+{
+    return picturePath();
+}
+
+void Target::prepare()
+{
+}
+
+void Target::run(const QByteArray &input)
+{
+    QFile file(picturePath());
+    require(file.open(QIODevice::WriteOnly) && file.write(input) == input.size(), file.errorString());
+    file.close();
+    const qint64 pixels = claimedPixels();
+    if (pixels > mostPixels && pixels <= mostPixelsOfDialog) {
+        return;
+    }
+
+    static UserIconDialog dialog; // it takes longer to make one than to show a picture
+    dialog.show();
+    part<QToolButton>(dialog, "fileButton")->click();
+    const QImage &image = dialog.findChild<IconSelectWidget *>()->image();
+    require(image == shownImage(), QStringLiteral("The dialog shows what is in the file"));
+    require(part<QDialogButtonBox>(dialog, "buttonBox")->button(QDialogButtonBox::Ok)->isEnabled(),
+            QStringLiteral("Ok is enabled"));
+    checkSelection(dialog, image);
+    dialog.findChild<IconSelectWidget *>()->grab();
+    countOutcome(image);
+
+    const QSize size = image.size();
+    for (const char *button : {"rotateClockwiseButton", "horizontalMirrorButton", "verticalMirrorButton"}) {
+        part<QToolButton>(dialog, button)->click();
+        checkSelection(dialog, image);
+    }
+    require(image.size() == size.transposed(), QStringLiteral("A turned picture lies on its side"));
+    part<QToolButton>(dialog, "rotateCounterClockwiseButton")->click();
+    require(image.size() == size, QStringLiteral("A picture turned back stands again"));
+
+    dialog.setPixmap(QPixmap::fromImage(shownImage()));
+    checkSelection(dialog, image);
+}

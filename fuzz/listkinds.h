@@ -1,0 +1,138 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef LISTKINDS_H
+#define LISTKINDS_H
+
+#include <GroupListModel>
+#include <UserListModel>
+
+#include <pwd.h>
+
+// What differs between the two list models and the records in them.
+
+struct Users {
+    using Model = UserListModel;
+    using Record = UserInfo;
+
+    static QList<Record> records()
+    {
+        return Record::getUsers();
+    }
+
+    static uint id(const Record &user)
+    {
+        return user.uid();
+    }
+
+    /** Whether the filters that only this model has let @p user through. */
+    static bool isShown(int filter, const Record &user)
+    {
+        return filter != Model::Administrators || user.isOrmelAdmin();
+    }
+
+    static QStringList selectedNames(const Model &model)
+    {
+        return model.selectedUserNames();
+    }
+
+    static void setSelectedNames(Model &model, const QStringList &names)
+    {
+        model.setSelectedUserNames(names);
+    }
+
+    static void setSelectedName(Model &model, const QString &name, bool selected)
+    {
+        model.setSelectedUserName(name, selected);
+    }
+
+    static QModelIndex setNewName(Model &model, const QString &name)
+    {
+        return model.setNewUserName(name);
+    }
+
+    static QModelIndex find(const Model &model, const QString &name)
+    {
+        return model.findUser(name);
+    }
+
+    static const Record *record(const Model &model, const QModelIndex &index)
+    {
+        return model.user(index);
+    }
+
+    /** Whether reloadRecord() may be called: the account and its primary group have to exist. */
+    static bool canBeReloaded(const QString &name)
+    {
+        return !Record::getUser(name).primaryGroup().isEmpty();
+    }
+
+    static void reloadRecord(Model &model, const QString &name)
+    {
+        model.reloadUser(name);
+    }
+};
+
+struct Groups {
+    using Model = GroupListModel;
+    using Record = GroupInfo;
+
+    static QList<Record> records()
+    {
+        return Record::getGroups();
+    }
+
+    static uint id(const Record &group)
+    {
+        return group.gid();
+    }
+
+    static bool isShown(int /*filter*/, const Record & /*group*/)
+    {
+        return true;
+    }
+
+    static QStringList selectedNames(const Model &model)
+    {
+        return model.selectedGroupNames();
+    }
+
+    static void setSelectedNames(Model &model, const QStringList &names)
+    {
+        model.setSelectedGroupNames(names);
+    }
+
+    static void setSelectedName(Model &model, const QString &name, bool selected)
+    {
+        model.setSelectedGroupName(name, selected);
+    }
+
+    static QModelIndex setNewName(Model &model, const QString &name)
+    {
+        return model.setNewGroupName(name);
+    }
+
+    static QModelIndex find(const Model &model, const QString &name)
+    {
+        return model.findGroup(name);
+    }
+
+    static const Record *record(const Model &model, const QModelIndex &index)
+    {
+        return model.group(index);
+    }
+
+    static bool canBeReloaded(const QString & /*name*/)
+    {
+        return true;
+    }
+
+    static void reloadRecord(Model &model, const QString &name)
+    {
+        model.reloadGroup(name);
+    }
+};
+
+#endif
