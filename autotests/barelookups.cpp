@@ -25,16 +25,19 @@ int sum(const char *path, Entry *(*next)(FILE *), const Count &count)
     fclose(file);
     return sum;
 }
+
+int membershipsOf(const passwd *entry)
+{
+    gid_t ids[64];
+    int count = 64;
+    getgrouplist(entry->pw_name, entry->pw_gid, ids, &count);
+    return count;
+}
 }
 
 int BareLookups::countMemberships()
 {
-    return sum("/etc/passwd", fgetpwent, [](const passwd *entry) {
-        gid_t ids[64];
-        int count = 64;
-        getgrouplist(entry->pw_name, entry->pw_gid, ids, &count);
-        return count;
-    });
+    return sum("/etc/passwd", fgetpwent, membershipsOf);
 }
 
 int BareLookups::lookUpGroups()
@@ -43,6 +46,11 @@ int BareLookups::lookUpGroups()
         const std::string name = getgrgid(entry->gr_gid)->gr_name;
         return getgrnam(name.c_str()) ? 1 : 0;
     });
+}
+
+int BareLookups::countMembershipsOf(const char *name)
+{
+    return membershipsOf(getpwnam(name));
 }
 
 int BareLookups::countUsers()

@@ -15,6 +15,9 @@ int countMemberships();
 /** What the records need on top of that: every group of /etc/group looked up by its id and by its name. */
 int lookUpGroups();
 
+/** Looks up the account @p name and the ids of its groups, and gives their number. */
+int countMembershipsOf(const char *name);
+
 /** Reads /etc/passwd once. */
 int countUsers();
 

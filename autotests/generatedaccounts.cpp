@@ -12,17 +12,18 @@
 
 #include <random>
 
-void GeneratedAccounts::write(int count)
+void GeneratedAccounts::write(int count, SharedGroups place)
 {
     std::mt19937 random(1);
     QByteArray passwd;
-    QByteArray groups;
+    QByteArray own;
+    QByteArray shared;
     QVector<QByteArrayList> members(sharedGroups);
     for (int i = 0; i < count; ++i) {
         const QByteArray name = "user" + QByteArray::number(i);
         const QByteArray id = QByteArray::number(1000 + i);
         passwd += name + ":x:" + id + ':' + id + ":User,,,:/home/" + name + ":/bin/bash\n";
-        groups += name + ":x:" + id + ":\n";
+        own += name + ":x:" + id + ":\n";
         const int first = static_cast<int>(random() % sharedGroups);
         for (int j = 0; j < memberships; ++j) {
             members[(first + 7 * j) % sharedGroups].append(name);
@@ -30,9 +31,9 @@ void GeneratedAccounts::write(int count)
     }
     for (int i = 0; i < sharedGroups; ++i) {
         const QByteArray number = QByteArray::number(200 + i);
-        groups += "shared" + number + ":x:" + number + ':' + members.at(i).join(',') + '\n';
+        shared += "shared" + number + ":x:" + number + ':' + members.at(i).join(',') + '\n';
     }
-    groups += "ormel-admin:x:27:\n";
-    Sandbox::setAccounts(passwd, groups);
+    shared += "ormel-admin:x:27:\n";
+    Sandbox::setAccounts(passwd, place == SharedGroups::First ? shared + own : own + shared);
     Sandbox::removeExtraAccounts();
 }

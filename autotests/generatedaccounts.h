@@ -12,13 +12,16 @@ namespace GeneratedAccounts
 inline constexpr int sharedGroups = 20;
 inline constexpr int memberships = 3;
 
+/** Where the groups with many members stand in the file. */
+enum class SharedGroups { First, Last };
+
 /**
  * Replaces the account files, inside the sandbox, by @p count accounts. Each has a primary group of
- * its own and is in a few of the shared groups. These and the administrators group, which has no
- * member, stand last: getgrgid and getgrnam, unlike getgrouplist, parse the members of every line
- * that they pass.
+ * its own and is in a few of the shared groups. The administrators group, which has no member, comes
+ * right after these. Their place matters: getgrgid and getgrnam, unlike getgrouplist, parse the
+ * members of every line that they pass.
  */
-void write(int count);
+void write(int count, SharedGroups place = SharedGroups::Last);
 }
 
 #endif

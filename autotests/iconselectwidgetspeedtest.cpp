@@ -4,40 +4,14 @@
 */
 
 #include "iconselectstage.h"
+#include "peakmemory.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTest>
 #include <algorithm>
 #include <limits>
-
-namespace
-{
-/** The peak of the memory that this process had resident since resetPeakMemory(), in bytes. */
-qint64 peakMemory()
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (status.open(QIODevice::ReadOnly)) {
-        const QList<QByteArray> lines = status.readAll().split('\n');
-        for (const QByteArray &line : lines) {
-            if (line.startsWith("VmHWM:")) {
-                return line.mid(6).replace("kB", "").trimmed().toLongLong() * 1024;
-            }
-        }
-    }
-    qFatal("The peak of the memory is unknown");
-}
-
-void resetPeakMemory()
-{
-    QFile file(QStringLiteral("/proc/self/clear_refs"));
-    if (!file.open(QIODevice::WriteOnly) || file.write("5") != 1 || !file.flush()) {
-        qFatal("The peak of the memory cannot be reset");
-    }
-}
-}
 
 class IconSelectWidgetSpeedTest : public QObject
 {
@@ -55,8 +29,8 @@ void IconSelectWidgetSpeedTest::shouldNotAllocateForLargeImages()
     Stage stage(QSize(440, 360), image);
     stage.widget.repaint();
 
-    resetPeakMemory();
-    const qint64 before = peakMemory();
+    PeakMemory::reset();
+    const qint64 before = PeakMemory::bytes();
     stage.widget.selectAll();
     stage.press(stage.widget.selection().bottomRight());
     for (int i = 0; i < 20; ++i) {
@@ -64,7 +38,7 @@ void IconSelectWidgetSpeedTest::shouldNotAllocateForLargeImages()
         stage.widget.repaint();
     }
     stage.release(QPoint(0, 0));
-    const qint64 grown = peakMemory() - before;
+    const qint64 grown = PeakMemory::bytes() - before;
     QVERIFY2(grown < image.sizeInBytes() / 20, QByteArray::number(grown).constData());
 }
 

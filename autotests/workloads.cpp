@@ -1,0 +1,171 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+// Fixed pieces of work for callgrind to count. Each ends a part of its profile that bears the name.
+
+#include "generatedaccounts.h"
+#include "limitsfixtures.h"
+
+#include <GroupInfo>
+#include <GroupSelectDialog>
+#include <UserIconDialog>
+#include <UserInfo>
+#include <UserListModel>
+#include <UserSelectDialog>
+#include <UserUtils>
+
+#include <QApplication>
+#include <QPixmap>
+#include <QValidator>
+
+#include <memory>
+
+#include <valgrind/callgrind.h>
+
+namespace
+{
+constexpr int accounts = 200;
+
+template<typename Work>
+void count(const char *name, const Work &work)
+{
+    CALLGRIND_START_INSTRUMENTATION;
+    work();
+    CALLGRIND_STOP_INSTRUMENTATION;
+    CALLGRIND_DUMP_STATS_AT(name);
+}
+
+void listRecords()
+{
+    UserInfo::getUsers();
+    GroupInfo::getGroups();
+    UserInfo::getUser(QStringLiteral("user7")).groupNames();
+}
+
+/** Asks for all that a view would show. */
+void showAll(const QAbstractItemModel &model)
+{
+    for (int row = 0; row < model.rowCount(); ++row) {
+        for (int column = 0; column < model.columnCount(); ++column) {
+            const QModelIndex index = model.index(row, column);
+            model.flags(index);
+            for (const int role : {Qt::DisplayRole, Qt::DecorationRole, Qt::CheckStateRole}) {
+                index.data(role);
+            }
+        }
+    }
+}
+
+void useModel(UserListModel &model)
+{
+    for (const int filter : {0, 1, 2, 3, 4, 5}) {
+        model.setFilter(static_cast<UserListModel::Filter>(filter));
+        showAll(model);
+    }
+    model.setFilter(UserListModel::All);
+    for (int row = 0; row < model.rowCount(); ++row) {
+        model.setData(model.index(row, UserListModel::NameColumn), Qt::Checked, Qt::CheckStateRole);
+    }
+    model.selectedUserNames();
+    model.setSelectedUserName(QStringLiteral("user7"), false);
+    model.findUser(QStringLiteral("user199"));
+}
+
+/** Rules for groups that nobody is in, and one line in ten with a tab, which is none. */
+void writeRules(int groups)
+{
+    QByteArray rules = "# domain type item value\n";
+    for (int i = 0; i < groups; ++i) {
+        const QByteArray domain = "@team" + QByteArray::number(i);
+        rules += domain + " soft nofile 1024\n" + domain + " hard nofile 4096\n";
+        rules += domain + "  -  nofile  unlimited  # whatever\n";
+        rules += i % 3 == 0 ? domain + "\thard nofile 8192\n" : QByteArray();
+    }
+    clearLimits();
+    Sandbox::write(limitsPath(), rules);
+}
+
+void lookUpLimits(const LimitsParser &limits, const UserInfo &user)
+{
+    const QString item = QStringLiteral("nofile");
+    limits.getItem(user, item);
+    limits.getItem(user.primaryGroup(), item);
+    limits.findField(user.name(), item);
+    LimitsParser::availableItems();
+    const QList<LimitsParser::Field> rules = limits.fields();
+    for (const LimitsParser::Field &rule : rules) {
+        LimitsParser::domainToolTip(rule.domain);
+        LimitsParser::typeToolTip(rule.type);
+        LimitsParser::itemToolTip(rule.item);
+        LimitsParser::valueToString(rule.value, rule.item);
+    }
+}
+
+void validate(QValidator *made, const QString &text)
+{
+    const std::unique_ptr<QValidator> validator(made);
+    for (int length = 0; length < text.size(); ++length) {
+        QString typed = text.left(length);
+        validator->validate(typed, length);
+    }
+}
+
+void typeNames()
+{
+    const QString text = QStringLiteral("a_name_that_is_longer_than_what_is_allowed");
+    for (int i = 0; i < 20; ++i) {
+        validate(UserUtils::createUserNameValidator(nullptr), text);
+        validate(UserUtils::createGroupNameValidator(nullptr), text);
+        validate(UserUtils::createGecosValidator(nullptr), text);
+    }
+}
+
+void hashPasswords()
+{
+    for (int i = 0; i < 2; ++i) {
+        UserUtils::saltPassword(QStringLiteral("correct horse"), false);
+        UserUtils::saltPassword(QStringLiteral("correct horse"), true);
+    }
+}
+
+void openDialogs(const GroupInfo &group)
+{
+    UserSelectDialog(group, group.users()).grab();
+    GroupSelectDialog(QStringLiteral("user7"), {QStringLiteral("shared200")}).grab();
+}
+
+void cutIcon(const QPixmap &picture)
+{
+    UserIconDialog dialog;
+    dialog.setPixmap(picture);
+    for (int i = 0; i < 20; ++i) {
+        dialog.grab();
+        dialog.selectedPixmap();
+    }
+}
+}
+
+int main(int argc, char **argv)
+{
+    const QApplication application(argc, argv);
+    GeneratedAccounts::write(accounts);
+    const GroupInfo group = GroupInfo::getGroup(QStringLiteral("shared200"));
+    const UserInfo user = UserInfo::getUser(QStringLiteral("user7"));
+    UserListModel model(group, group.users());
+    writeRules(1000);
+    LimitsParser limits;
+    QString error;
+    QPixmap picture(640, 480);
+    picture.fill(Qt::gray);
+
+    count("records", listRecords);
+    count("model", [&] { useModel(model); });
+    count("limitsreader", [&] { limits.readLimitsConf(error); });
+    count("limitslookup", [&] { lookUpLimits(limits, user); });
+    count("validators", typeNames);
+    count("hashes", hashPasswords);
+    count("dialogs", [&] { openDialogs(group); });
+    count("icon", [&] { cutIcon(picture); });
+}

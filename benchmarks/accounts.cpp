@@ -1,0 +1,112 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "accountsetup.h"
+#include "barelookups.h"
+#include "comparison.h"
+
+#include <GroupInfo>
+#include <UserInfo>
+
+#include <string>
+
+using benchmark::State;
+
+namespace
+{
+template<SharedGroups place>
+void getUsers(State &state)
+{
+    prepareAccounts(state, place);
+    measure(state, [] { return UserInfo::getUsers(); });
+}
+
+template<SharedGroups place>
+void countMemberships(State &state)
+{
+    prepareAccounts(state, place);
+    measure(state, BareLookups::countMemberships);
+}
+
+void getGroups(State &state)
+{
+    prepareAccounts(state);
+    measure(state, [] { return GroupInfo::getGroups(); });
+}
+
+void countEntries(State &state)
+{
+    prepareAccounts(state);
+    measure(state, [] { return BareLookups::countGroups() + BareLookups::countUsers(); });
+}
+
+/** The account in the middle of the file. */
+std::string middleName(const State &state)
+{
+    return "user" + std::to_string(state.range(0) / 2);
+}
+
+template<SharedGroups place>
+void getUser(State &state)
+{
+    prepareAccounts(state, place);
+    const QString name = QString::fromStdString(middleName(state));
+    measure(state, [&name] { return UserInfo::getUser(name); });
+}
+
+template<SharedGroups place>
+void lookUpUser(State &state)
+{
+    prepareAccounts(state, place);
+    const std::string name = middleName(state);
+    measure(state, [&name] { return BareLookups::countMembershipsOf(name.c_str()) + BareLookups::countUsers(); });
+}
+}
+
+Comparisons accountComparisons()
+{
+    return {
+        {"getUsers_sharedLast",
+         "`UserInfo::getUsers()`, shared groups last in `/etc/group`",
+         "`fgetpwent` and `getgrouplist` for each account",
+         {2.0, 1000},
+         "listing-users",
+         {100, 1000, 10000},
+         getUsers<SharedGroups::Last>,
+         countMemberships<SharedGroups::Last>},
+        {"getUsers_sharedFirst",
+         "`UserInfo::getUsers()`, shared groups first",
+         "the same",
+         {2.0, 1000},
+         "listing-users",
+         {100, 1000, 10000},
+         getUsers<SharedGroups::First>,
+         countMemberships<SharedGroups::First>},
+        {"getGroups",
+         "`GroupInfo::getGroups()`",
+         "`fgetgrent` for each group, `fgetpwent` for each account",
+         {2.5},
+         "",
+         {100, 1000, 10000},
+         getGroups,
+         countEntries},
+        {"getUser_sharedLast",
+         "`UserInfo::getUser(name)`, shared groups last",
+         "`getpwnam`, `getgrouplist`, and `fgetpwent` for each account",
+         {2.0, 10000},
+         "one-user",
+         {100, 1000, 10000},
+         getUser<SharedGroups::Last>,
+         lookUpUser<SharedGroups::Last>},
+        {"getUser_sharedFirst",
+         "`UserInfo::getUser(name)`, shared groups first",
+         "the same",
+         {2.0, 10000},
+         "one-user",
+         {100, 1000, 10000},
+         getUser<SharedGroups::First>,
+         lookUpUser<SharedGroups::First>},
+    };
+}

@@ -1,0 +1,24 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef CHILDREN_H
+#define CHILDREN_H
+
+#include <QStringList>
+
+/** Programs that are run for what they cost or what they measure. */
+namespace Children
+{
+/** The path of a program or library that is built here. */
+QString builtFile(const QString &directory, const QString &name);
+
+/** Runs a program, which must succeed, and gives what it printed. */
+QByteArray outputOf(const QString &program, const QStringList &arguments);
+
+/** Runs a program, which must succeed, and gives the processor time that it took. */
+double secondsOf(const QString &program, const QStringList &arguments);
+}
+
+#endif

@@ -1,0 +1,64 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef COMPARISON_H
+#define COMPARISON_H
+
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+#include <vector>
+
+/** What is measured. */
+enum class Figure {
+    Time, ///< the processor time of this process
+    ChildTime, ///< the time that the benchmark gives for each iteration, of another process
+    Memory, ///< what the benchmark gives with reportBytes()
+};
+
+/** What the library may take at most, where the size is not below @p from. */
+struct Limit {
+    double value = 0; ///< times what the peer takes or, without a peer, Megabytes; 0 for no limit
+    int64_t from = 0;
+};
+
+/** Something that the library does, and what it is measured beside. */
+struct Comparison {
+    using Function = void(benchmark::State &);
+
+    const char *name; ///< in the names of the benchmarks
+    const char *what;
+    const char *beside; ///< what the peer does; empty without one
+    Limit limit;
+    const char *explanation; ///< the anchor in docs/performance.md of why the limit is missed; empty if it never is
+    std::vector<int64_t> sizes; ///< passed as range(0); may be empty
+    Function *library;
+    Function *peer = nullptr;
+    Figure figure = Figure::Time;
+};
+
+using Comparisons = std::vector<Comparison>;
+
+Comparisons accountComparisons();
+Comparisons processComparisons();
+Comparisons modelComparisons();
+Comparisons dialogComparisons();
+Comparisons limitsComparisons();
+Comparisons passwordComparisons();
+Comparisons iconComparisons();
+Comparisons loadComparisons();
+
+/** Measures the time of @p work. */
+template<typename Work>
+void measure(benchmark::State &state, const Work &work)
+{
+    for ([[maybe_unused]] auto iteration : state) {
+        benchmark::DoNotOptimize(work());
+    }
+}
+
+void reportBytes(benchmark::State &state, double bytes);
+
+#endif

@@ -1,0 +1,45 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "children.h"
+#include "comparison.h"
+
+using benchmark::State;
+
+namespace
+{
+void load(State &state, const QStringList &libraries)
+{
+    const QString program = Children::builtFile(QStringLiteral("bin"), QStringLiteral("loadtime"));
+    for ([[maybe_unused]] auto iteration : state) {
+        state.SetIterationTime(Children::outputOf(program, libraries).toDouble());
+    }
+}
+
+void loadLibrary(State &state)
+{
+    load(state, {QStringLiteral(LIBRARY)});
+}
+
+void loadToolkit(State &state)
+{
+    load(state, {QStringLiteral("libQt5Widgets.so.5"), QStringLiteral("libKF5I18n.so.5")});
+}
+}
+
+Comparisons loadComparisons()
+{
+    return {
+        {"load",
+         "loading the library",
+         "loading Qt Widgets and KI18n",
+         {1.1},
+         "loading",
+         {},
+         loadLibrary,
+         loadToolkit,
+         Figure::ChildTime},
+    };
+}

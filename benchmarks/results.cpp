@@ -1,0 +1,87 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "results.h"
+
+#include "comparison.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr char bytesCounter[] = "bytes";
+
+double valueOf(const benchmark::BenchmarkReporter::Run &run)
+{
+    const auto bytes = run.counters.find(bytesCounter);
+    if (bytes != run.counters.end()) {
+        return bytes->second;
+    }
+    const bool given = run.run_name.time_type == "manual_time";
+    return (given ? run.real_accumulated_time : run.cpu_accumulated_time) / static_cast<double>(run.iterations);
+}
+}
+
+void reportBytes(benchmark::State &state, double bytes)
+{
+    state.counters[bytesCounter] = bytes;
+}
+
+Results::Results()
+    : ConsoleReporter(OO_None)
+{
+}
+
+void Results::ReportRuns(const std::vector<Run> &runs)
+{
+    ConsoleReporter::ReportRuns(runs);
+    for (const Run &run : runs) {
+        if (run.run_type == Run::RT_Iteration) {
+            add(run);
+        } else if (run.report_big_o) {
+            m_growths.emplace(run.run_name.function_name, run.complexity);
+        }
+    }
+}
+
+void Results::add(const Run &run)
+{
+    const std::string &size = run.run_name.args;
+    const std::string name = run.run_name.function_name + (size.empty() ? "" : '/' + size);
+    const double value = valueOf(run);
+    Result &result = m_results.emplace(name, Result{value, run.benchmark_name()}).first->second;
+    result.least = std::min(result.least, value);
+}
+
+std::optional<double> Results::least(const std::string &name) const
+{
+    const auto found = m_results.find(name);
+    return found == m_results.end() ? std::nullopt : std::optional(found->second.least);
+}
+
+std::string Results::growth(const std::string &family) const
+{
+    static const std::map<benchmark::BigO, std::string> texts = {
+        {benchmark::o1, "O(1)"},
+        {benchmark::oLogN, "O(log n)"},
+        {benchmark::oN, "O(n)"},
+        {benchmark::oNLogN, "O(n log n)"},
+        {benchmark::oNSquared, "O(n²)"},
+        {benchmark::oNCubed, "O(n³)"},
+    };
+    const auto found = m_growths.find(family);
+    return found == m_growths.end() ? std::string() : texts.at(found->second);
+}
+
+std::vector<std::string> Results::quickOnes() const
+{
+    std::vector<std::string> names;
+    for (const auto &[name, result] : m_results) {
+        if (result.least < 1) {
+            names.push_back(result.fullName);
+        }
+    }
+    return names;
+}

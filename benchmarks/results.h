@@ -1,0 +1,45 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef RESULTS_H
+#define RESULTS_H
+
+#include <benchmark/benchmark.h>
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+/** Gathers the results of all runs while it shows them. */
+class Results : public benchmark::ConsoleReporter
+{
+public:
+    Results();
+
+    void ReportRuns(const std::vector<Run> &runs) override;
+
+    /** The least that a benchmark took in any of its runs: seconds, or bytes; nothing when it was not run. */
+    std::optional<double> least(const std::string &name) const;
+
+    /** How the time of a benchmark grows with the size, such as "O(n)"; empty when it was not fitted. */
+    std::string growth(const std::string &family) const;
+
+    /** The full names of the benchmarks of which a run takes less than a second. */
+    std::vector<std::string> quickOnes() const;
+
+private:
+    struct Result {
+        double least;
+        std::string fullName;
+    };
+
+    void add(const Run &run);
+
+    std::map<std::string, Result> m_results;
+    std::map<std::string, benchmark::BigO> m_growths;
+};
+
+#endif

@@ -1,0 +1,23 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+// Prints by how many bytes the peak of the memory grows when the users are listed.
+
+#include "peakmemory.h"
+
+#include <UserInfo>
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    PeakMemory::reset();
+    const qint64 before = PeakMemory::bytes();
+    const QList<UserInfo> users = UserInfo::getUsers();
+    QTextStream(stdout) << PeakMemory::bytes() - before << '\n';
+    return users.isEmpty();
+}
