@@ -53,3 +53,10 @@ cut -d: -f1 /etc/passwd | while read -r name; do
 done >expected
 ./example 2>warnings >actual
 diff expected actual
+
+# The translations are found next to the program: its own texts and the library's.
+printf '@staff - core 1\n' >/etc/security/limits.conf
+rm -f /etc/security/limits.d/*
+LANGUAGE=de XDG_DATA_DIRS=$prefix/share "$prefix/bin/ormel-users" limits >german
+grep -qx 'Regel  *Bedeutung' german
+grep -q 'Gruppenname: „staff“' german
