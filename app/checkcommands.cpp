@@ -5,54 +5,33 @@
 
 #include "checkcommands.h"
 
+#include "inputcheck.h"
+
 #include <UserUtils>
 
-#include <KLocalizedString>
-
-#include <QRegularExpressionValidator>
-
-#include <limits>
 #include <memory>
 
 namespace
 {
-constexpr int longestName = 32;
-constexpr int anyLength = std::numeric_limits<int>::max();
-
-struct Answer {
-    QString word;
-    int exitStatus;
-};
-
-Answer answer(QValidator::State state)
+int exitStatus(QValidator::State state)
 {
     switch (state) {
     case QValidator::Acceptable:
-        return {i18n("accepted"), 0};
+        return 0;
     case QValidator::Intermediate:
-        return {i18n("unfinished"), 1};
+        return 1;
     case QValidator::Invalid:
         break;
     }
-    return {i18n("rejected"), 2};
+    return 2;
 }
 
-/** The text that the validator's expression is matched with has to fit as a whole. */
-QString rule(const QValidator *validator)
-{
-    const auto *expression = qobject_cast<const QRegularExpressionValidator *>(validator);
-    return i18n("the whole text has to match %1", expression->regularExpression().pattern());
-}
-
-int check(QString text, QValidator *(*createValidator)(QObject *), int longest)
+int check(const QString &text, QValidator *(*createValidator)(QObject *), int longest)
 {
     const std::unique_ptr<QValidator> validator(createValidator(nullptr));
-    int position = 0;
-    const auto [word, exitStatus] = answer(validator->validate(text, position));
-    const QString reason =
-        text.size() > longest ? i18n("a name has at most %1 characters", longest) : rule(validator.get());
-    const int printed = print(QStringLiteral("%1: %2\n").arg(word, reason));
-    return printed == Success ? exitStatus : printed;
+    const InputCheck result = checkInput(*validator, text, longest);
+    const int printed = print(QString(result.toString() + QLatin1Char('\n')));
+    return printed == Success ? exitStatus(result.state) : printed;
 }
 }
 

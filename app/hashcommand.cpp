@@ -5,9 +5,8 @@
 
 #include "hashcommand.h"
 
+#include "passwordhash.h"
 #include "passwordinput.h"
-
-#include <UserUtils>
 
 #include <KLocalizedString>
 
@@ -37,9 +36,9 @@ int hashPassword(const QCommandLineParser &options, const QString & /*operand*/)
     if (password.toUtf8() != line || line.contains('\0')) {
         return failure(i18n("The password is not UTF-8 text."));
     }
-    const QString hash = UserUtils::saltPassword(password, options.isSet(gostOption()));
-    if (hash.isEmpty() || hash.startsWith(QLatin1Char('*'))) {
-        return failure(i18n("The password cannot be hashed."));
+    const PasswordHash result = makePasswordHash(password, options.isSet(gostOption()));
+    if (!result.error.isEmpty()) {
+        return failure(result.error);
     }
-    return print(QString(hash + QLatin1Char('\n')));
+    return print(QString(result.hash + QLatin1Char('\n')));
 }

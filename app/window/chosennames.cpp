@@ -1,0 +1,28 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "chosennames.h"
+
+#include <KLocalizedString>
+
+namespace
+{
+QString joined(const QStringList &names)
+{
+    return names.join(i18nc("separator in a list of names", ", "));
+}
+}
+
+QString chosenUsers(const QStringList &names)
+{
+    return names.isEmpty() ? i18n("No users chosen.")
+                           : i18np("%1 user: %2", "%1 users: %2", names.size(), joined(names));
+}
+
+QString chosenGroups(const QStringList &names)
+{
+    return names.isEmpty() ? i18n("No groups chosen.")
+                           : i18np("%1 group: %2", "%1 groups: %2", names.size(), joined(names));
+}

@@ -1,0 +1,24 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "notelabel.h"
+
+#include <QLineEdit>
+
+NoteLabel::NoteLabel(QLineEdit *edit)
+    : m_edit(edit)
+{
+    setObjectName(edit->objectName() + QLatin1String("Note"));
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    hide();
+}
+
+void NoteLabel::setNote(const QString &note)
+{
+    setText(note);
+    setVisible(!note.isEmpty());
+    m_edit->setAccessibleDescription(note);
+}

@@ -1,0 +1,42 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef PASSWORDHASHBOX_H
+#define PASSWORDHASHBOX_H
+
+#include <QGroupBox>
+
+#include <array>
+
+class NoteLabel;
+class QFormLayout;
+class QLineEdit;
+
+/** Hashes a password by both methods, to be copied from here. */
+class PasswordHashBox : public QGroupBox
+{
+    Q_OBJECT
+
+public:
+    explicit PasswordHashBox(QWidget *parent = nullptr);
+
+private:
+    /** A method, its hash and what there is to say about it. */
+    struct Method {
+        bool isGost;
+        QLineEdit *hashEdit;
+        NoteLabel *note;
+    };
+
+    void addPassword(QFormLayout *form);
+    Method addMethod(QFormLayout *form, bool isGost);
+    void hashPassword();
+    void clearHashes();
+
+    QLineEdit *m_passwordEdit;
+    std::array<Method, 2> m_methods;
+};
+
+#endif
