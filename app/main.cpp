@@ -3,13 +3,17 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "about.h"
 #include "checkcommands.h"
 #include "command.h"
 #include "hashcommand.h"
 #include "iconcommands.h"
+#include "icons.h"
 #include "limitscommands.h"
 #include "listcommands.h"
 #include "pickcommands.h"
+#include "screenshots.h"
+#include "windowcommand.h"
 
 #include <KLocalizedString>
 
@@ -18,6 +22,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
 
 namespace
@@ -47,6 +52,11 @@ const Command commands[] = {
     {"pick-groups", "", kli18n("Pick groups in a dialog."), Interface::Window, pickGroupsOptions, pickGroups},
 };
 
+QString screenshotsOption()
+{
+    return QStringLiteral("screenshots");
+}
+
 const Command *findCommand(const QString &name)
 {
     const auto *const found = std::find_if(std::begin(commands), std::end(commands), [&name](const Command &command) {
@@ -55,38 +65,89 @@ const Command *findCommand(const QString &name)
     return found == std::end(commands) ? nullptr : found;
 }
 
-/** Whether the command opens a window; to read its help, no display is needed. */
-bool needsDisplay(const Command *command, int argc, char **argv)
+/** The words of the command line, before there is an application that knows them. */
+QStringList wordsOf(int argc, char **argv)
 {
-    const bool helps = std::any_of(argv, argv + argc, [](const char *argument) {
-        return qstrcmp(argument, "-h") == 0 || qstrcmp(argument, "--help") == 0;
+    QStringList words;
+    for (int i = 1; i < argc; ++i) {
+        words.append(QString::fromLocal8Bit(argv[i]));
+    }
+    return words;
+}
+
+bool containsAny(const QStringList &words, std::initializer_list<const char *> options)
+{
+    return std::any_of(
+        options.begin(), options.end(), [&words](const char *option) { return words.contains(QLatin1String(option)); });
+}
+
+/** Without a command the words are options, if any. */
+bool isPlain(const QStringList &words)
+{
+    return words.isEmpty() || words.constFirst().startsWith(QLatin1Char('-'));
+}
+
+/** Whether a window is opened; to read help or version, no display is needed. */
+bool needsDisplay(const Command *command, const QStringList &words)
+{
+    if (containsAny(words, {"-h", "--help"})) {
+        return false;
+    }
+    if (command) {
+        return command->interface == Interface::Window;
+    }
+    return isPlain(words) && !containsAny(words, {"-v", "--version"});
+}
+
+bool hasDisplay(const QStringList &words)
+{
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+        || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || containsAny(words, {"-platform", "--platform"});
+}
+
+/** Screenshots are taken without a display. */
+void choosePlatform(const QStringList &words)
+{
+    const bool screenshots = std::any_of(words.begin(), words.end(), [](const QString &word) {
+        return word.startsWith(QLatin1String("--") + screenshotsOption());
     });
-    return command && command->interface == Interface::Window && !helps;
+    if (screenshots && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
 }
 
 std::unique_ptr<QCoreApplication> makeApplication(bool forWindow, int &argc, char **argv)
 {
-    if (forWindow) {
-        return std::make_unique<QApplication>(argc, argv);
+    if (!forWindow) {
+        return std::make_unique<QCoreApplication>(argc, argv);
     }
-    return std::make_unique<QCoreApplication>(argc, argv);
+    auto application = std::make_unique<QApplication>(argc, argv);
+    Icons::setFallback();
+    About::setApplicationData();
+    return application;
 }
 
-/** Shows each message of the library once: a missing administrators group is reported for every account. */
-void showOnce(QtMsgType type, const QMessageLogContext &context, const QString &message)
+/**
+ * Shows each message of the library once: a missing administrators group is reported for every
+ * account. What is fatal to the toolkit, as a display that cannot be reached, ends the program
+ * without a core dump.
+ */
+void showOnce(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
 {
-    Q_UNUSED(type)
-    Q_UNUSED(context)
     static QSet<QString> shown;
     if (!shown.contains(message)) {
         shown.insert(message);
         printError(message);
     }
+    if (type == QtFatalMsg) {
+        std::_Exit(Failure);
+    }
 }
 
 QString description()
 {
-    QString text = i18n("Shows the user accounts and groups of this machine.") + QLatin1String("\n\n");
+    QString text = i18n("Shows the user accounts, groups and resource limits of this machine.") + QLatin1String("\n\n");
+    text += i18n("Without a command a window opens.") + QLatin1String("\n\n");
     text += i18n("Commands:");
     for (const Command &command : commands) {
         text += QStringLiteral("\n  %1 %2").arg(QLatin1String(command.name), -12).arg(command.summary.toString());
@@ -94,13 +155,15 @@ QString description()
     return text;
 }
 
-/** The command line without a command: help and version. */
+/** The command line without a command: the main window, its pictures, help and version. */
 int runPlain(const QStringList &arguments)
 {
     QCommandLineParser parser;
     const QCommandLineOption help = helpOption();
     const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")}, i18n("Show the version."));
-    parser.addOptions({help, version});
+    const QCommandLineOption screenshots(
+        screenshotsOption(), i18n("Write pictures of every page and dialog to a directory."), i18n("directory"));
+    parser.addOptions({help, version, screenshots});
     parser.setApplicationDescription(description());
     parser.addPositionalArgument(QStringLiteral("command"),
                                  i18n("One of the commands above; 'command --help' shows its options."),
@@ -114,24 +177,34 @@ int runPlain(const QStringList &arguments)
     if (parser.isSet(version)) {
         return print(QStringLiteral("%1 %2\n").arg(QCoreApplication::applicationName(), QStringLiteral(VERSION)));
     }
-    return usageError(i18n("No command was given."));
+    const QStringList superfluous = parser.positionalArguments();
+    if (!superfluous.isEmpty()) {
+        return usageError(i18n("Unexpected argument '%1'.", superfluous.constFirst()));
+    }
+    return parser.isSet(screenshots) ? writeScreenshots(parser.value(screenshots)) : openWindow();
 }
 }
 
 int main(int argc, char **argv)
 {
-    const QString word = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
-    const Command *command = findCommand(word);
-    const auto application = makeApplication(needsDisplay(command, argc, argv), argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("ormel-users"));
     KLocalizedString::setApplicationDomain(TRANSLATION_DOMAIN);
     qInstallMessageHandler(showOnce);
 
+    const QStringList words = wordsOf(argc, argv);
+    const Command *command = findCommand(words.value(0));
+    choosePlatform(words);
+    const bool opensWindow = needsDisplay(command, words);
+    const bool canOpen = hasDisplay(words);
+    const auto application = makeApplication(opensWindow && canOpen, argc, argv);
+    if (opensWindow && !canOpen) {
+        return failure(i18n("There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set."));
+    }
     if (command) {
         return run(*command, QCoreApplication::arguments());
     }
-    if (word.isEmpty() || word.startsWith(QLatin1Char('-'))) {
+    if (isPlain(words)) {
         return runPlain(QCoreApplication::arguments());
     }
-    return usageError(i18n("Unknown command '%1'.", word));
+    return usageError(i18n("Unknown command '%1'.", words.constFirst()));
 }

@@ -1,0 +1,172 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "limitspage.h"
+
+#include "accountstore.h"
+#include "lefttoright.h"
+#include "messages.h"
+#include "pagelayout.h"
+#include "plaintext.h"
+#include "table.h"
+
+#include <LimitsParser>
+
+#include <KLocalizedString>
+
+#include <QFormLayout>
+#include <QLabel>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace
+{
+enum RuleColumn { DomainColumn, TypeColumn, ItemColumn, ValueColumn, LimitColumn };
+
+/** The explanation of a type is rich text, but a type without one is explained by itself. */
+QString typeExplanation(const QString &type)
+{
+    const QString explanation = LimitsParser::typeToolTip(type);
+    return explanation == type ? PlainText::toRichText(type) : explanation;
+}
+
+QTreeWidgetItem *ruleRow(const LimitsParser::Field &rule)
+{
+    const QString value = rule.value.toString();
+    const QString itemExplanation = LimitsParser::itemToolTip(rule.item);
+    QTreeWidgetItem *row = Table::row({
+        {rule.domain, LimitsParser::domainToolTip(rule.domain)},
+        {rule.type, rule.type},
+        {rule.item, itemExplanation},
+        {value, itemExplanation},
+        {LimitsParser::valueToString(rule.value, rule.item), itemExplanation},
+    });
+    row->setToolTip(TypeColumn, typeExplanation(rule.type));
+    return row;
+}
+}
+
+LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
+    : QWidget(parent)
+    , m_store(store)
+    , m_error(Messages::create(KMessageWidget::Error, this))
+    , m_rules(new Table(i18nc("@title of a list", "Rules in the order in which they are read"),
+                        {
+                            {i18nc("@title:column whom a limit is for", "Domain"), Table::Code},
+                            {i18nc("@title:column soft or hard limit", "Type"), Table::Code},
+                            {i18nc("@title:column what is limited", "Item"), Table::Code},
+                            {i18nc("@title:column of a limit", "Value"), Table::Code},
+                            {i18nc("@title:column a value with its unit", "Limit"), Table::Code},
+                        },
+                        this))
+    , m_findings(new Table(i18nc("@title of a list", "Lines that do not mean what they seem to"),
+                           {
+                               {i18nc("@title:column", "File"), Table::Code},
+                               {i18nc("@title:column of a file", "Line"), Table::Code},
+                               {i18nc("@title:column of a line", "Text"), Table::Code},
+                               {i18nc("@title:column", "Reason"), Table::Words},
+                           },
+                           this))
+    , m_noFindings(Messages::create(KMessageWidget::Positive, this))
+{
+    m_error->setObjectName(QStringLiteral("limitsError"));
+    m_rules->setObjectName(QStringLiteral("rulesTable"));
+    m_findings->setObjectName(QStringLiteral("findingsTable"));
+    m_noFindings->setObjectName(QStringLiteral("noFindings"));
+
+    QSplitter *parts =
+        PageLayout::split(Qt::Vertical, QStringLiteral("limitsParts"), {createRulesPart(), createFindingsPart()});
+    parts->setStretchFactor(0, 1);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_error);
+    layout->addWidget(parts);
+
+    connect(m_rules, &QTreeWidget::currentItemChanged, this, &LimitsPage::explain);
+    connect(m_store, &AccountStore::limitsRead, this, &LimitsPage::showAll);
+}
+
+QWidget *LimitsPage::createRulesPart()
+{
+    auto *part = new QWidget;
+    auto *explanations = new QFormLayout;
+    m_domain = addExplanation(explanations, i18nc("@label whom a limit is for", "Domain:"));
+    m_type = addExplanation(explanations, i18nc("@label soft or hard limit", "Type:"));
+    m_item = addExplanation(explanations, i18nc("@label what is limited", "Item:"));
+
+    auto *layout = new QVBoxLayout(part);
+    layout->setContentsMargins({});
+    layout->addWidget(m_rules->createTitleLabel());
+    layout->addWidget(m_rules, 1);
+    layout->addLayout(explanations);
+    return part;
+}
+
+QWidget *LimitsPage::createFindingsPart()
+{
+    auto *part = new QWidget;
+    auto *layout = new QVBoxLayout(part);
+    layout->setContentsMargins({});
+    layout->addWidget(m_findings->createTitleLabel());
+    layout->addWidget(m_findings, 1);
+    layout->addWidget(m_noFindings);
+    layout->addStretch();
+    return part;
+}
+
+QLabel *LimitsPage::addExplanation(QFormLayout *layout, const QString &title)
+{
+    auto *label = new QLabel(this);
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
+    PageLayout::addRow(layout, title, label);
+    return label;
+}
+
+void LimitsPage::showAll()
+{
+    Messages::show(*m_error, m_store->limitsError());
+    showRules();
+    showFindings();
+}
+
+void LimitsPage::showRules()
+{
+    QList<QTreeWidgetItem *> rows;
+    const QList<LimitsParser::Field> rules = m_store->limits().fields();
+    for (const LimitsParser::Field &rule : rules) {
+        rows.append(ruleRow(rule));
+    }
+    m_rules->setRows(rows);
+    m_rules->setCurrentItem(m_rules->topLevelItem(0));
+    explain(m_rules->currentItem());
+}
+
+void LimitsPage::showFindings()
+{
+    QList<QTreeWidgetItem *> rows;
+    const QList<LimitsFinding> &findings = m_store->limitsFindings();
+    for (const LimitsFinding &finding : findings) {
+        const QString reasons = finding.reasons.join(QLatin1String(", "));
+        // Tabs would be seen as gaps, if at all.
+        const QString text = QString(finding.text).replace(QLatin1Char('\t'), QLatin1String("\\t"));
+        rows.append(Table::row({
+            {finding.file, finding.file},
+            {QString::number(finding.line), {}},
+            {text, text},
+            {reasons, reasons},
+        }));
+    }
+    m_findings->setRows(rows);
+    m_findings->setVisible(!rows.isEmpty());
+    Messages::show(*m_noFindings, rows.isEmpty() ? i18n("Every line is taken as it is written.") : QString());
+}
+
+void LimitsPage::explain(const QTreeWidgetItem *rule)
+{
+    // For those who do not use the mouse, which shows the tool tips.
+    m_domain->setText(rule ? rule->toolTip(DomainColumn) : QString());
+    m_type->setText(rule ? rule->toolTip(TypeColumn) : QString());
+    m_item->setText(rule ? rule->toolTip(ItemColumn) : QString());
+}

@@ -1,0 +1,60 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef LIMITSVIEW_H
+#define LIMITSVIEW_H
+
+#include <LimitsParser>
+
+#include <QWidget>
+
+class KMessageWidget;
+class QLabel;
+class Table;
+
+/** The limits that apply to one account. */
+class LimitsView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit LimitsView(QWidget *parent = nullptr);
+
+    /** Shows nothing. */
+    void clear();
+
+    /**
+     * Shows what applies to a user or a group.
+     *
+     * @param error why @p limits is not complete; empty when it is
+     */
+    template<typename Account>
+    void show(const Account &account, const LimitsParser &limits, const QString &error)
+    {
+        QVector<Limit> found;
+        const QStringList items = LimitsParser::availableItems();
+        for (const QString &item : items) {
+            const QVariant value = limits.getItem(account, item);
+            if (!value.isNull()) {
+                found.append({item, value});
+            }
+        }
+        show(found, error);
+    }
+
+private:
+    struct Limit {
+        QString item;
+        QVariant value;
+    };
+
+    void show(const QVector<Limit> &limits, const QString &error);
+
+    KMessageWidget *const m_error;
+    QLabel *const m_none;
+    Table *const m_table;
+};
+
+#endif

@@ -1,0 +1,24 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "messages.h"
+
+#include "plaintext.h"
+
+KMessageWidget *Messages::create(KMessageWidget::MessageType type, QWidget *parent)
+{
+    auto *message = new KMessageWidget(parent);
+    message->setMessageType(type);
+    message->setWordWrap(true);
+    message->setCloseButtonVisible(false);
+    message->hide();
+    return message;
+}
+
+void Messages::show(KMessageWidget &message, const QString &text)
+{
+    message.setText(PlainText::toRichText(text));
+    message.setVisible(!text.isEmpty());
+}

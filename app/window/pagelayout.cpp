@@ -1,0 +1,53 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "pagelayout.h"
+
+#include <QFormLayout>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace
+{
+/** Keeps the parts apart as well. */
+constexpr int handleWidth = 12;
+}
+
+void PageLayout::addRow(QFormLayout *layout, const QString &title, QWidget *field)
+{
+    auto *label = new QLabel(title, field->parentWidget());
+    label->setAlignment(Qt::AlignTop | Qt::AlignLeading);
+    label->setBuddy(field);
+    layout->addRow(label, field);
+}
+
+QSplitter *PageLayout::split(Qt::Orientation orientation, const QString &objectName, const QVector<QWidget *> &parts)
+{
+    auto *splitter = new QSplitter(orientation);
+    splitter->setObjectName(objectName);
+    splitter->setChildrenCollapsible(false);
+    splitter->setHandleWidth(handleWidth);
+    if (orientation == Qt::Horizontal && QGuiApplication::isRightToLeft()) {
+        // The toolkit puts the parts one pixel too far to the right then.
+        splitter->setContentsMargins(0, 0, 1, 0);
+    }
+    for (QWidget *part : parts) {
+        splitter->addWidget(part);
+    }
+    return splitter;
+}
+
+void PageLayout::arrange(QWidget *page, QWidget *list, const QVector<QWidget *> &parts)
+{
+    QSplitter *right = split(Qt::Vertical, list->objectName() + QStringLiteral("Parts"), parts);
+    QSplitter *both = split(Qt::Horizontal, list->objectName() + QStringLiteral("Columns"), {list, right});
+    // A larger window is for what is told of the account, and there for the tables.
+    both->setStretchFactor(1, 1);
+    right->setStretchFactor(parts.size() - 1, 1);
+    auto *layout = new QVBoxLayout(page);
+    layout->addWidget(both);
+}

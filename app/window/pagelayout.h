@@ -1,0 +1,27 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef PAGELAYOUT_H
+#define PAGELAYOUT_H
+
+#include <QWidget>
+
+class QFormLayout;
+class QSplitter;
+
+/** The pages look alike. */
+namespace PageLayout
+{
+/** A row of a form whose title stays at the top beside a field with more than one line. */
+void addRow(QFormLayout *layout, const QString &title, QWidget *field);
+
+/** Parts with borders that the operator can move. The object name is the one in settings. */
+QSplitter *split(Qt::Orientation orientation, const QString &objectName, const QVector<QWidget *> &parts);
+
+/** A list beside @p parts, which stand one above the other, with borders that can be moved. */
+void arrange(QWidget *page, QWidget *list, const QVector<QWidget *> &parts);
+}
+
+#endif

@@ -1,0 +1,21 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef PLAINTEXT_H
+#define PLAINTEXT_H
+
+#include <QString>
+
+/** Texts from account files must not be taken for rich text where widgets guess what they are. */
+namespace PlainText
+{
+/** Rich text that shows @p text as it is, in lines as long as fit. */
+inline QString toRichText(const QString &text)
+{
+    return QLatin1String("<qt>") + text.toHtmlEscaped() + QLatin1String("</qt>");
+}
+}
+
+#endif

@@ -1,0 +1,72 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "table.h"
+
+#include "lefttoright.h"
+#include "plaintext.h"
+
+#include <QHeaderView>
+#include <QLabel>
+
+namespace
+{
+/** How many characters a column makes room for by itself. */
+constexpr int maxCharacters = 36;
+}
+
+Table::Table(const QString &title, const QVector<Column> &columns, QWidget *parent)
+    : QTreeWidget(parent)
+{
+    QStringList titles;
+    for (const Column &column : columns) {
+        if (column.content == Code) {
+            setItemDelegateForColumn(titles.size(), new LeftToRight::Delegate(this));
+        }
+        titles.append(column.title);
+    }
+    setHeaderLabels(titles);
+    setAccessibleName(title);
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setAlternatingRowColors(true);
+}
+
+QLabel *Table::createTitleLabel()
+{
+    auto *label = new QLabel(accessibleName(), parentWidget());
+    label->setAlignment(LeftToRight::lineStart());
+    label->setBuddy(this);
+    return label;
+}
+
+QTreeWidgetItem *Table::row(const QVector<Cell> &cells)
+{
+    auto *row = new QTreeWidgetItem;
+    for (int column = 0; column < cells.size(); ++column) {
+        const Cell &cell = cells.at(column);
+        row->setText(column, cell.text);
+        if (!cell.explanation.isEmpty()) {
+            row->setToolTip(column, PlainText::toRichText(cell.explanation));
+            row->setData(column, Qt::AccessibleDescriptionRole, cell.explanation);
+        }
+    }
+    return row;
+}
+
+void Table::setRows(const QList<QTreeWidgetItem *> &rows)
+{
+    clear();
+    addTopLevelItems(rows);
+    // Where the arrow keys begin. Nothing is chosen before they are used.
+    setCurrentItem(topLevelItem(0), 0, QItemSelectionModel::NoUpdate);
+    const int maxWidth = maxCharacters * fontMetrics().averageCharWidth();
+    for (int column = 0; column < columnCount() - 1; ++column) {
+        resizeColumnToContents(column);
+        setColumnWidth(column, qMin(columnWidth(column), maxWidth));
+    }
+}

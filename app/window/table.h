@@ -1,0 +1,45 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef TABLE_H
+#define TABLE_H
+
+#include <QTreeWidget>
+
+class QLabel;
+
+/** Rows of text to look at, without rows below them. */
+class Table : public QTreeWidget
+{
+    Q_OBJECT
+
+public:
+    enum Content {
+        Words, /**< Text in the language of the operator. */
+        Code, /**< Names, paths, numbers. */
+    };
+    struct Column {
+        QString title;
+        Content content;
+    };
+    struct Cell {
+        QString text;
+        /** A tool tip in plain text; empty for none. */
+        QString explanation;
+    };
+
+    Table(const QString &title, const QVector<Column> &columns, QWidget *parent = nullptr);
+
+    /** A new label with the title, to stand above the table. */
+    QLabel *createTitleLabel();
+
+    /** A row with one cell for each column, which is yet to be added. */
+    static QTreeWidgetItem *row(const QVector<Cell> &cells);
+
+    /** Replaces all rows. The first one becomes the current one, but is not selected. */
+    void setRows(const QList<QTreeWidgetItem *> &rows);
+};
+
+#endif

@@ -1,0 +1,63 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "userpictures.h"
+
+#include <UserInfo>
+#include <UserUtils>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+
+namespace
+{
+/** A home may hold anything under this name; what would take long to read is no picture. */
+constexpr qint64 maxBytes = 10 * 1024 * 1024;
+constexpr int maxEdge = 8192;
+
+QImage read(const QString &path, const QSize &size)
+{
+    const QFileInfo file(path);
+    if (!file.isFile() || file.size() > maxBytes) {
+        return {};
+    }
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    const QSize original = reader.size();
+    if (original.width() > maxEdge || original.height() > maxEdge) {
+        return {};
+    }
+    const QImage image = reader.read();
+    return image.isNull() ? image : image.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+QImage ownPicture(const UserInfo &user, const QSize &size)
+{
+    // One character of a record is one byte of the path.
+    const QString home = QFile::decodeName(user.home().toLatin1());
+    for (const auto &name : {QStringLiteral("/.face"), QStringLiteral("/.face.icon")}) {
+        const QImage image = read(home + name, size);
+        if (!image.isNull()) {
+            return image;
+        }
+    }
+    return {};
+}
+}
+
+QImage UserPictures::picture(const UserInfo &user, const QSize &size)
+{
+    const QImage own = ownPicture(user, size);
+    if (!own.isNull()) {
+        return own;
+    }
+    QString &stock = m_stockPictures[user.name()];
+    if (stock.isEmpty()) {
+        stock = UserUtils::getRandomUserIcon(false);
+    }
+    return read(stock, size);
+}

@@ -1,0 +1,71 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "windowstate.h"
+
+#include "accountlist.h"
+#include "mainwindow.h"
+
+#include <QRegularExpression>
+#include <QSettings>
+#include <QSplitter>
+#include <QTabWidget>
+
+namespace
+{
+struct Settings : QSettings {
+    Settings()
+        : QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("ormel-users"), QStringLiteral("window"))
+    {
+    }
+};
+
+QString geometryKey()
+{
+    return QStringLiteral("geometry");
+}
+
+QString pageKey()
+{
+    return QStringLiteral("page");
+}
+
+QString splitterKey(const QSplitter &splitter)
+{
+    return QStringLiteral("splitters/") + splitter.objectName();
+}
+
+template<typename Part>
+QList<Part *> parts(const MainWindow &window)
+{
+    return window.findChildren<Part *>(QRegularExpression(QStringLiteral(".")));
+}
+}
+
+void WindowState::save(const MainWindow &window)
+{
+    Settings settings;
+    settings.setValue(geometryKey(), window.saveGeometry());
+    settings.setValue(pageKey(), window.pages()->currentIndex());
+    for (const QSplitter *splitter : parts<QSplitter>(window)) {
+        settings.setValue(splitterKey(*splitter), splitter->saveState());
+    }
+    for (const AccountList *list : parts<AccountList>(window)) {
+        list->saveState(settings);
+    }
+}
+
+void WindowState::restore(MainWindow &window)
+{
+    const Settings settings;
+    window.restoreGeometry(settings.value(geometryKey()).toByteArray());
+    window.pages()->setCurrentIndex(settings.value(pageKey()).toInt());
+    for (QSplitter *splitter : parts<QSplitter>(window)) {
+        splitter->restoreState(settings.value(splitterKey(*splitter)).toByteArray());
+    }
+    for (AccountList *list : parts<AccountList>(window)) {
+        list->restoreState(settings);
+    }
+}

@@ -1,0 +1,479 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "userspage.h"
+#include "accountfixtures.h"
+#include "accountstore.h"
+#include "dialogparts.h"
+#include "icontheme.h"
+#include "limitsfixtures.h"
+#include "sandbox.h"
+#include "windowparts.h"
+
+#include <UserListModel>
+
+#include <KMessageWidget>
+
+#include <QAbstractItemModelTester>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTreeView>
+
+#include <sys/stat.h>
+
+namespace
+{
+const char usersFile[] = "root:x:0:0:root:/root:/bin/bash\n"
+                         "ada:x:1000:1000:Ada \xc3\x96st,204,555-0142,555-0199,a,b:/home/ada:/bin/bash\n"
+                         "bob:x:1001:50:<b>Bob</b> &amp; co:/home/bob:/bin/sh\n"
+                         "lost:x:1002:4711::/home/lost:\n"
+                         "nobody:x:65534:65534:nobody:/nonexistent:/usr/sbin/nologin\n";
+
+const char groupsFile[] = "root:x:0:\n"
+                          "ormel-admin:x:27:ada\n"
+                          "audio:x:29:bob,ada\n"
+                          "staff:x:50:\n"
+                          "ada:x:1000:\n"
+                          "nogroup:x:65534:\n";
+
+const char rules[] = "* soft core 0\n"
+                     "@audio - memlock 64\n"
+                     "bob hard nproc unlimited\n";
+
+const QLatin1String facesPath("/usr/share/kiv/faces");
+
+void writePicture(const QString &path, const QColor &colour)
+{
+    QImage picture(300, 200, QImage::Format_RGB32);
+    picture.fill(colour);
+    if (!picture.save(path, "PNG")) {
+        qFatal("Cannot write %s", qPrintable(path));
+    }
+}
+
+/** The page with its parts at hand, after everything was read. */
+struct Page {
+    Page()
+    {
+        page.resize(900, 600);
+        page.show();
+        store.readLimits();
+        store.readUsers();
+    }
+
+    void reload()
+    {
+        store.readLimits();
+        store.readUsers();
+    }
+
+    void select(const char *name)
+    {
+        clickText(*view, QString::fromLatin1(name));
+    }
+
+    QString title() const
+    {
+        return part<QLabel>(page, "title")->text();
+    }
+
+    QStringList names() const
+    {
+        QStringList names;
+        for (const QString &row : shownRows(*view)) {
+            names.append(row.section(QLatin1Char('|'), 0, 0));
+        }
+        return names;
+    }
+
+    /** The colour in the middle of the picture. */
+    QColor pictureColour() const
+    {
+        const QPixmap picture = part<QLabel>(page, "picture")->pixmap(Qt::ReturnByValue);
+        return picture.toImage().pixelColor(picture.rect().center());
+    }
+
+    AccountStore store;
+    UsersPage page{&store};
+    QTreeView *view = part<QTreeView>(page, "accountsView");
+    QComboBox *filter = part<QComboBox>(page, "filterComboBox");
+    QLineEdit *nameFilter = part<QLineEdit>(page, "filterLineEdit");
+    QTreeView *limits = part<QTreeView>(page, "limitsTable");
+};
+}
+
+class UsersPageTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void isEmptyBeforeAccountsAreRead();
+    void listsUsersByName();
+    void sortsByUidAsNumber();
+    void filtersByKind();
+    void filtersByName();
+    void showsFieldsOfCurrentUser();
+    void showsTextAsItIs();
+    void showsDashesForWhatIsMissing();
+    void marksAdministratorsAndSystemAccounts();
+    void showsLimitsWithExplanations();
+    void tellsThatNoLimitApplies();
+    void tellsThatLimitsAreIncomplete();
+    void showsOwnPicture();
+    void keepsStockPictureOfUser();
+    void passesOverFacesThatAreNoPictures();
+    void showsSignWithoutPicture();
+    void showsTextWithoutPictureAndIcon();
+    void followsKeyboard();
+    void doesNotExpandRows();
+    void keepsCurrentUserOnReload();
+    void choosesAnotherUserWhenCurrentOneIsGone();
+    void showsNothingOfNewAccount();
+    void reportsFilesThatCannotBeRead();
+    void worksWithoutAccountsAndGroups();
+    void nameFilterKeepsCurrentUser();
+};
+
+void UsersPageTest::init()
+{
+    Sandbox::setAccounts(usersFile, groupsFile);
+    Sandbox::clear(facesPath);
+    clearLimits();
+}
+
+void UsersPageTest::isEmptyBeforeAccountsAreRead()
+{
+    AccountStore store;
+    UsersPage page(&store);
+    page.show();
+    QCOMPARE(part<QLabel>(page, "title")->text(), QStringLiteral("No user is selected"));
+    QCOMPARE(part<QTreeView>(page, "accountsView")->model()->rowCount(), 0);
+    QVERIFY(!store.users());
+}
+
+void UsersPageTest::listsUsersByName()
+{
+    Page page;
+    QCOMPARE(shownRows(*page.view),
+             QStringList({
+                 QStringLiteral("ada|1000|No"),
+                 QStringLiteral("bob|1001|No"),
+                 QStringLiteral("lost|1002|No"),
+                 QStringLiteral("nobody|65534|Yes"),
+                 QStringLiteral("root|0|Yes"),
+             }));
+    QCOMPARE(page.title(), QStringLiteral("ada"));
+}
+
+void UsersPageTest::sortsByUidAsNumber()
+{
+    Page page;
+    page.view->sortByColumn(1, Qt::AscendingOrder);
+    QCOMPARE(page.names().join(QLatin1Char(' ')), QStringLiteral("root ada bob lost nobody"));
+}
+
+void UsersPageTest::filtersByKind()
+{
+    Page page;
+    QCOMPARE(comboBoxEntries(*page.filter),
+             QStringList({
+                 QStringLiteral("All users int 0"),
+                 QStringLiteral("Ordinary users int 1"),
+                 QStringLiteral("System accounts int 2"),
+                 QStringLiteral("Administrators int 3"),
+             }));
+    const QStringList expected{
+        QStringLiteral("ada bob lost nobody root"),
+        QStringLiteral("ada bob lost"),
+        QStringLiteral("nobody root"),
+        QStringLiteral("ada"),
+    };
+    for (const QString &names : expected) {
+        QCOMPARE(page.names().join(QLatin1Char(' ')), names);
+        QTest::keyClick(page.filter, Qt::Key_Down);
+    }
+}
+
+void UsersPageTest::filtersByName()
+{
+    Page page;
+    QTest::keyClicks(page.nameFilter, QStringLiteral("O"));
+    QCOMPARE(page.names().join(QLatin1Char(' ')), QStringLiteral("bob lost nobody root"));
+    QTest::keyClicks(page.nameFilter, QStringLiteral("st"));
+    QCOMPARE(page.names().join(QLatin1Char(' ')), QStringLiteral("lost"));
+    QCOMPARE(page.title(), QStringLiteral("lost"));
+    QTest::keyClicks(page.nameFilter, QStringLiteral("."));
+    QCOMPARE(page.names(), QStringList());
+    QCOMPARE(page.title(), QStringLiteral("No user is selected"));
+    page.nameFilter->clear();
+    QCOMPARE(page.names().size(), 5);
+    QCOMPARE(page.title(), QStringLiteral("lost"));
+}
+
+void UsersPageTest::nameFilterKeepsCurrentUser()
+{
+    Page page;
+    page.select("nobody");
+    QTest::keyClicks(page.nameFilter, QStringLiteral("o"));
+    QCOMPARE(page.title(), QStringLiteral("nobody"));
+    page.nameFilter->clear();
+    QCOMPARE(page.title(), QStringLiteral("nobody"));
+}
+
+void UsersPageTest::showsFieldsOfCurrentUser()
+{
+    Page page;
+    page.select("ada");
+    QCOMPARE(page.title(), QStringLiteral("ada"));
+    QCOMPARE(fieldText(page.page, "Full name:"), QStringLiteral(u"Ada \u00d6st"));
+    QCOMPARE(fieldText(page.page, "Room:"), QStringLiteral("204"));
+    QCOMPARE(fieldText(page.page, "Work phone:"), QStringLiteral("555-0142"));
+    QCOMPARE(fieldText(page.page, "Home phone:"), QStringLiteral("555-0199"));
+    QCOMPARE(fieldText(page.page, "Other:"), QStringLiteral("a,b"));
+    QCOMPARE(fieldText(page.page, "Home directory:"), QStringLiteral("/home/ada"));
+    QCOMPARE(fieldText(page.page, "Login shell:"), QStringLiteral("/bin/bash"));
+    QCOMPARE(fieldText(page.page, "UID:"), QStringLiteral("1000"));
+    QCOMPARE(fieldText(page.page, "GID:"), QStringLiteral("1000"));
+    QCOMPARE(fieldText(page.page, "Primary group:"), QStringLiteral("ada"));
+    QCOMPARE(fieldText(page.page, "All groups:"), QStringLiteral("ada, ormel-admin, audio"));
+}
+
+void UsersPageTest::showsTextAsItIs()
+{
+    Page page;
+    page.select("bob");
+    QCOMPARE(fieldText(page.page, "Full name:"), QStringLiteral("<b>Bob</b> &amp; co"));
+    for (const QLabel *label : page.page.findChildren<QLabel *>()) {
+        if (label->text().contains(QLatin1String("Bob"))) {
+            QCOMPARE(label->textFormat(), Qt::PlainText);
+        }
+    }
+}
+
+void UsersPageTest::showsDashesForWhatIsMissing()
+{
+    Page page;
+    page.select("lost");
+    const QString dash = QStringLiteral(u"\u2013");
+    QCOMPARE(fieldText(page.page, "Full name:"), dash);
+    QCOMPARE(fieldText(page.page, "Other:"), dash);
+    QCOMPARE(fieldText(page.page, "Primary group:"), dash);
+    QCOMPARE(fieldText(page.page, "GID:"), QStringLiteral("4711"));
+    QCOMPARE(fieldText(page.page, "All groups:"), dash);
+}
+
+void UsersPageTest::marksAdministratorsAndSystemAccounts()
+{
+    Page page;
+    const auto marks = [&page](const char *name) {
+        page.select(name);
+        return QStringLiteral("%1 %2")
+            .arg(part<QLabel>(page.page, "administratorMark")->isVisible())
+            .arg(part<QLabel>(page.page, "systemMark")->isVisible());
+    };
+    QCOMPARE(marks("ada"), QStringLiteral("1 0"));
+    QCOMPARE(marks("bob"), QStringLiteral("0 0"));
+    QCOMPARE(marks("root"), QStringLiteral("0 1"));
+}
+
+void UsersPageTest::showsLimitsWithExplanations()
+{
+    Sandbox::write(limitsPath(), rules);
+    Page page;
+    page.select("bob");
+    QCOMPARE(shownRows(*page.limits),
+             QStringList({
+                 QStringLiteral("core|0|0 KB|Maximum core file size."),
+                 QStringLiteral("memlock|64|64 KB|Maximum locked-in-memory address space."),
+                 QStringLiteral("nproc|-1|-1|Maximum number of processes."),
+             }));
+    const QString toolTip = QStringLiteral("<qt>Maximum core file size.</qt>");
+    QCOMPARE(toolTips(*page.limits, 0), QStringList({toolTip, toolTip, toolTip, toolTip}));
+
+    page.select("lost");
+    QCOMPARE(shownRows(*page.limits), QStringList(QStringLiteral("core|0|0 KB|Maximum core file size.")));
+}
+
+void UsersPageTest::tellsThatNoLimitApplies()
+{
+    Sandbox::write(limitsPath(), rules);
+    Page page;
+    page.select("root");
+    QVERIFY(!page.limits->isVisible());
+    QVERIFY(part<QLabel>(page.page, "noLimits")->isVisible());
+    page.select("ada");
+    QVERIFY(page.limits->isVisible());
+    QVERIFY(!part<QLabel>(page.page, "noLimits")->isVisible());
+}
+
+void UsersPageTest::tellsThatLimitsAreIncomplete()
+{
+    Sandbox::write(limitsPath(), rules);
+    Sandbox::write(dropInPath(QStringLiteral("secret.conf")), "* hard nproc 1\n");
+    QFile::setPermissions(dropInPath(QStringLiteral("secret.conf")), {});
+    Page page;
+    const auto *message = page.limits->parentWidget()->findChild<KMessageWidget *>();
+    QVERIFY(message);
+    QVERIFY(message->isVisible());
+    QVERIFY2(message->text().contains(QLatin1String("/etc/security/limits.d/secret.conf")),
+             qPrintable(message->text()));
+    QCOMPARE(shownRows(*page.limits).size(), 2);
+
+    Sandbox::remove(dropInPath(QStringLiteral("secret.conf")));
+    page.reload();
+    QVERIFY(!message->isVisible());
+}
+
+void UsersPageTest::showsOwnPicture()
+{
+    QTemporaryDir home;
+    const QByteArray path = QFile::encodeName(home.path());
+    Sandbox::setAccounts("ada:x:1000:50::" + path + ":/bin/sh\n", "staff:x:50:\n");
+    writePicture(facesPath + QStringLiteral("/stock.png"), Qt::blue);
+    writePicture(home.filePath(QStringLiteral(".face.icon")), Qt::green);
+    Page page;
+    QCOMPARE(page.pictureColour(), QColor(Qt::green));
+    const QPixmap picture = part<QLabel>(page.page, "picture")->pixmap(Qt::ReturnByValue);
+    QCOMPARE(picture.size() / picture.devicePixelRatio(), QSize(96, 64));
+
+    writePicture(home.filePath(QStringLiteral(".face")), Qt::red);
+    page.reload();
+    QCOMPARE(page.pictureColour(), QColor(Qt::red));
+}
+
+void UsersPageTest::keepsStockPictureOfUser()
+{
+    for (int i = 0; i < 64; ++i) {
+        writePicture(facesPath + QStringLiteral("/%1.png").arg(i), QColor(4 * i, 0, 0));
+    }
+    Page page;
+    const QColor first = page.pictureColour();
+    for (int i = 0; i < 10; ++i) {
+        page.select("bob");
+        page.select("ada");
+        QCOMPARE(page.pictureColour(), first);
+    }
+    page.reload();
+    QCOMPARE(page.pictureColour(), first);
+}
+
+void UsersPageTest::passesOverFacesThatAreNoPictures()
+{
+    QTemporaryDir home;
+    const QByteArray path = QFile::encodeName(home.path());
+    Sandbox::setAccounts("ada:x:1000:50::" + path + ":/bin/sh\n", "staff:x:50:\n");
+    writePicture(facesPath + QStringLiteral("/stock.png"), Qt::blue);
+    // Opening this one would wait for somebody who writes to it.
+    QCOMPARE(mkfifo(qPrintable(home.filePath(QStringLiteral(".face"))), 0600), 0);
+    QVERIFY(QDir(home.path()).mkdir(QStringLiteral(".face.icon")));
+    Page page;
+    QCOMPARE(page.pictureColour(), QColor(Qt::blue));
+}
+
+void UsersPageTest::showsSignWithoutPicture()
+{
+    const IconTheme theme({QStringLiteral("user"), QStringLiteral("user-system")});
+    Page page;
+    QVERIFY(!part<QLabel>(page.page, "picture")->pixmap(Qt::ReturnByValue).isNull());
+    QCOMPARE(part<QLabel>(page.page, "picture")->accessibleName(), QStringLiteral("No picture"));
+}
+
+void UsersPageTest::showsTextWithoutPictureAndIcon()
+{
+    const IconTheme theme({});
+    Page page;
+    QCOMPARE(part<QLabel>(page.page, "picture")->text(), QStringLiteral("No picture"));
+}
+
+void UsersPageTest::followsKeyboard()
+{
+    Page page;
+    page.view->setFocus();
+    QTest::keyClick(page.view, Qt::Key_Down);
+    QCOMPARE(page.title(), QStringLiteral("bob"));
+    QTest::keyClick(page.view, Qt::Key_End);
+    QCOMPARE(page.title(), QStringLiteral("root"));
+    QTest::keyClick(page.view, Qt::Key_L);
+    QCOMPARE(page.title(), QStringLiteral("lost"));
+}
+
+void UsersPageTest::doesNotExpandRows()
+{
+    Page page;
+    QAbstractItemModelTester tester(page.view->model());
+    QTest::keyClick(page.view, Qt::Key_Asterisk);
+    QCOMPARE(shownRows(*page.view).size(), 5);
+}
+
+void UsersPageTest::keepsCurrentUserOnReload()
+{
+    Page page;
+    page.select("bob");
+    Sandbox::setAccounts("aaa:x:1005:50::/:/bin/sh\nbob:x:1001:50:Robert:/home/bob:/bin/sh\n", groupsFile);
+    page.reload();
+    QCOMPARE(page.names().join(QLatin1Char(' ')), QStringLiteral("aaa bob"));
+    QCOMPARE(page.title(), QStringLiteral("bob"));
+    QCOMPARE(fieldText(page.page, "Full name:"), QStringLiteral("Robert"));
+}
+
+void UsersPageTest::choosesAnotherUserWhenCurrentOneIsGone()
+{
+    Page page;
+    page.select("bob");
+    Sandbox::setAccounts("carl:x:1005:50::/:/bin/sh\ndora:x:1006:50::/:/bin/sh\n", groupsFile);
+    page.reload();
+    QCOMPARE(page.title(), QStringLiteral("carl"));
+}
+
+void UsersPageTest::showsNothingOfNewAccount()
+{
+    Page page;
+    page.store.users()->setNewUserName(QStringLiteral("zoe"));
+    QCOMPARE(page.title(), QStringLiteral("ada"));
+    page.select("zoe");
+    QCOMPARE(page.title(), QStringLiteral("No user is selected"));
+    QCOMPARE(fieldText(page.page, "UID:"), QStringLiteral(u"\u2013"));
+}
+
+void UsersPageTest::reportsFilesThatCannotBeRead()
+{
+    QFile::setPermissions(passwdPath(), {});
+    Page page;
+    const auto *message = page.view->parentWidget()->findChild<KMessageWidget *>();
+    QVERIFY(message);
+    QVERIFY(message->isVisible());
+    QCOMPARE(message->text(), QStringLiteral("<qt>Cannot read '/etc/passwd': Permission denied</qt>"));
+    QCOMPARE(page.title(), QStringLiteral("No user is selected"));
+
+    QFile::setPermissions(passwdPath(), QFile::ReadOwner | QFile::WriteOwner);
+    Sandbox::remove(groupPath());
+    page.reload();
+    QCOMPARE(message->text(), QStringLiteral("<qt>Cannot read '/etc/group': No such file or directory</qt>"));
+    QCOMPARE(page.names().size(), 5);
+
+    Sandbox::setAccounts(usersFile, groupsFile);
+    page.reload();
+    QVERIFY(!message->isVisible());
+}
+
+void UsersPageTest::worksWithoutAccountsAndGroups()
+{
+    Sandbox::setAccounts("", "");
+    Page page;
+    QCOMPARE(page.names(), QStringList());
+    QCOMPARE(page.title(), QStringLiteral("No user is selected"));
+    Sandbox::setAccounts(usersFile, "");
+    page.reload();
+    QCOMPARE(page.title(), QStringLiteral("ada"));
+    QCOMPARE(fieldText(page.page, "All groups:"), QStringLiteral(u"\u2013"));
+}
+
+QTEST_MAIN(UsersPageTest)
+
+#include "userspagetest.moc"

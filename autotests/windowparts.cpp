@@ -1,0 +1,148 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "windowparts.h"
+
+#include <KSqueezedTextLabel>
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenuBar>
+#include <QTabBar>
+#include <QTreeView>
+
+namespace
+{
+template<typename Widget>
+QList<Widget *> visibleChildren(const QWidget &window)
+{
+    QList<Widget *> visible;
+    const QList<Widget *> all = window.findChildren<Widget *>();
+    std::copy_if(all.begin(), all.end(), std::back_inserter(visible), [](const Widget *widget) {
+        return widget->isVisible() && widget->height() > 0;
+    });
+    return visible;
+}
+
+void addMnemonic(QStringList &letters, const QString &text)
+{
+    const QKeySequence sequence = QKeySequence::mnemonic(text);
+    if (!sequence.isEmpty()) {
+        letters.append(sequence.toString());
+    }
+}
+
+bool isClipped(const QLabel &label)
+{
+    if (qobject_cast<const KSqueezedTextLabel *>(&label) || label.text().isEmpty()) {
+        return false;
+    }
+    if (label.wordWrap()) {
+        return label.heightForWidth(label.width()) > label.height();
+    }
+    return label.sizeHint().width() > label.width() || label.sizeHint().height() > label.height();
+}
+
+void addClippedTitles(QStringList &clipped, const QTreeView &view)
+{
+    const QHeaderView &header = *view.header();
+    for (int i = 0; i < header.count(); ++i) {
+        if (header.sectionSize(i) < header.sectionSizeHint(i)) {
+            clipped.append(view.accessibleName() + QLatin1Char(' ')
+                           + header.model()->headerData(i, Qt::Horizontal).toString());
+        }
+    }
+}
+}
+
+QString fieldText(const QWidget &page, const char *title)
+{
+    const QList<QLabel *> labels = page.findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
+        if (label->text() != QLatin1String(title) || !label->buddy()) {
+            continue;
+        }
+        if (const auto *line = qobject_cast<const KSqueezedTextLabel *>(label->buddy())) {
+            return line->fullText();
+        }
+        return qobject_cast<const QLabel *>(label->buddy())->text();
+    }
+    qFatal("The page has no %s", title);
+}
+
+QStringList shownRows(const QAbstractItemView &view)
+{
+    const QAbstractItemModel &model = *view.model();
+    QStringList rows;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < model.columnCount(); ++column) {
+            cells.append(model.index(row, column).data().toString());
+        }
+        rows.append(cells.join(QLatin1Char('|')));
+    }
+    return rows;
+}
+
+QStringList toolTips(const QAbstractItemView &view, int row)
+{
+    QStringList texts;
+    for (int column = 0; column < view.model()->columnCount(); ++column) {
+        texts.append(view.model()->index(row, column).data(Qt::ToolTipRole).toString());
+    }
+    return texts;
+}
+
+QStringList mnemonics(const QWidget &window)
+{
+    QStringList letters;
+    for (const QLabel *label : visibleChildren<QLabel>(window)) {
+        if (label->buddy() && label->textFormat() != Qt::PlainText) {
+            addMnemonic(letters, label->text());
+        }
+    }
+    for (const QAbstractButton *button : visibleChildren<QAbstractButton>(window)) {
+        addMnemonic(letters, button->text());
+    }
+    for (const QMenuBar *bar : visibleChildren<QMenuBar>(window)) {
+        for (const QAction *action : bar->actions()) {
+            addMnemonic(letters, action->text());
+        }
+    }
+    for (const QTabBar *bar : visibleChildren<QTabBar>(window)) {
+        for (int i = 0; i < bar->count(); ++i) {
+            addMnemonic(letters, bar->tabText(i));
+        }
+    }
+    return letters;
+}
+
+QStringList clippedTexts(const QWidget &window)
+{
+    QStringList clipped;
+    for (const QLabel *label : visibleChildren<QLabel>(window)) {
+        if (isClipped(*label)) {
+            clipped.append(label->text());
+        }
+    }
+    for (const QAbstractButton *button : visibleChildren<QAbstractButton>(window)) {
+        if (button->width() < button->minimumSizeHint().width()
+            || button->height() < button->minimumSizeHint().height()) {
+            clipped.append(button->text());
+        }
+    }
+    for (const QComboBox *comboBox : visibleChildren<QComboBox>(window)) {
+        if (comboBox->width() < comboBox->sizeHint().width()) {
+            clipped.append(comboBox->currentText());
+        }
+    }
+    for (const QTreeView *view : visibleChildren<QTreeView>(window)) {
+        addClippedTitles(clipped, *view);
+    }
+    return clipped;
+}

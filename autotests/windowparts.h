@@ -1,0 +1,29 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef WINDOWPARTS_H
+#define WINDOWPARTS_H
+
+#include <QStringList>
+
+class QAbstractItemView;
+class QWidget;
+
+/** The text of the field whose title is @p title; ends the test when there is none. */
+QString fieldText(const QWidget &page, const char *title);
+
+/** The rows of a flat view, the texts of their cells joined by bars. */
+QStringList shownRows(const QAbstractItemView &view);
+
+/** The tool tips of a row, one for each column. */
+QStringList toolTips(const QAbstractItemView &view, int row);
+
+/** The letters that lead, with Alt, to what @p window shows, and to its menus. */
+QStringList mnemonics(const QWidget &window);
+
+/** The visible texts that have less room than they need. */
+QStringList clippedTexts(const QWidget &window);
+
+#endif
