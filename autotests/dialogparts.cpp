@@ -7,11 +7,15 @@
 
 #include <QAbstractItemView>
 #include <QAccessible>
+#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QFileDialog>
 #include <QGridLayout>
 #include <QStyledItemDelegate>
 #include <QTest>
+#include <QTimer>
+#include <QToolButton>
 
 namespace
 {
@@ -154,4 +158,27 @@ QStringList unnamedAccessibles(QWidget &dialog)
     QStringList unnamed;
     collectUnnamed(QAccessible::queryAccessibleInterface(&dialog), unnamed);
     return unnamed;
+}
+
+void withFileDialog(const QDialog &dialog, const std::function<void(QFileDialog *)> &work)
+{
+    bool done = false;
+    QTimer timer; // fires in the event loop of the file dialog
+    timer.setSingleShot(true);
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        auto *fileDialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        if (!fileDialog) {
+            qFatal("No file dialog appears");
+        }
+        work(fileDialog);
+        if (fileDialog->isVisible()) { // a comparison that fails in there leaves it open
+            fileDialog->reject();
+        }
+        done = true;
+    });
+    timer.start(0);
+    part<QToolButton>(dialog, "fileButton")->click();
+    if (!done) {
+        qFatal("The file dialog was not shown");
+    }
 }

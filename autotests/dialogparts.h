@@ -11,9 +11,12 @@
 #include <QStringList>
 #include <QWidget>
 
+#include <functional>
+
 class QAbstractItemView;
 class QComboBox;
 class QDialog;
+class QFileDialog;
 class QGridLayout;
 
 /** The widget of a dialog by its object name; ends the test when there is none. */
@@ -49,5 +52,8 @@ QStringList tabOrder(QWidget &dialog, QWidget *first);
 
 /** The elements of a dialog that can have the focus but have no name to be read out. */
 QStringList unnamedAccessibles(QWidget &dialog);
+
+/** Presses the file button of a dialog and does @p work with the file dialog, which should close it. */
+void withFileDialog(const QDialog &dialog, const std::function<void(QFileDialog *)> &work);
 
 #endif

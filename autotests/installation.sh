@@ -20,3 +20,11 @@ done
 [ "$(readlink -f "$libdir/libormel-users-qt.so.1")" = "$libdir/libormel-users-qt.so.1.0.0" ]
 
 "$source/autotests/readmeexample.sh" "$way" "$source/README.md" "$prefix" "$flags"
+
+export LD_LIBRARY_PATH=$libdir
+# The translations are found next to the program: its own texts and the library's.
+printf '@staff - core 1\n' >/etc/security/limits.conf
+rm -f /etc/security/limits.d/*
+LANGUAGE=de XDG_DATA_DIRS=$prefix/share "$prefix/bin/ormel-users" limits >german
+grep -qx 'Regel  *Bedeutung' german
+grep -q 'Gruppenname: „staff“' german

@@ -69,7 +69,7 @@ private Q_SLOTS:
 
 void ListTranslationTest::initTestCase()
 {
-    KLocalizedString::addDomainLocaleDir("ormel_kcm_users", QStringLiteral(CATALOGUES "/locale"));
+    KLocalizedString::addDomainLocaleDir("ormel_kcm_users", QStringLiteral(LOCALE_DIR));
     Sandbox::setAccounts("root:x:0:0::/:\nzoe:x:1000:1000::/:\n", "root:x:0:\nzoe:x:1000:\n");
 }
 
@@ -84,8 +84,8 @@ void ListTranslationTest::translatesModelsWhenAsked_data()
     QTest::addColumn<QStringList>("plainHeaders");
     QTest::addColumn<QStringList>("translatedHeaders");
 
-    QTest::newRow("users") << true << words("Name UID System") << lines({"<Name>", "UID", "<user System>"});
-    QTest::newRow("groups") << false << words("Name GID System") << lines({"<Name>", "GID", "<group System>"});
+    QTest::newRow("users") << true << words("Name UID System") << words("Nazwa UID Systemowy");
+    QTest::newRow("groups") << false << words("Name GID System") << words("Nazwa GID Systemowa");
 }
 
 void ListTranslationTest::translatesModelsWhenAsked()
@@ -101,9 +101,9 @@ void ListTranslationTest::translatesModelsWhenAsked()
 
     QCOMPARE(headers(model), plainHeaders);
     QCOMPARE(rowTexts(model), lines({"root | 0 | Yes", "zoe | 1000 | No"}));
-    setLanguage("de");
+    setLanguage("pl");
     QCOMPARE(headers(model), translatedHeaders);
-    QCOMPARE(rowTexts(model), lines({"root | 0 | <Yes>", "zoe | 1000 | <No>"}));
+    QCOMPARE(rowTexts(model), lines({"root | 0 | Tak", "zoe | 1000 | Nie"}));
 }
 
 void ListTranslationTest::translatesUserDialogWhenMade()
@@ -122,21 +122,21 @@ void ListTranslationTest::translatesUserDialogWhenMade()
     const UserSelectDialog before;
     QCOMPARE(formTexts(before), plain);
 
-    setLanguage("de");
+    setLanguage("pl");
     QCOMPARE(formTexts(before), plain);
     const UserSelectDialog after;
     QCOMPARE(formTexts(after),
-             lines({"<Select Users>",
-                    "<Select Users>",
-                    "<Filter>",
-                    "<Filter>",
-                    "<Filter>",
-                    "<filter All>",
-                    "<filter Ordinary>",
-                    "<filter System>",
-                    "<filter Administrators>",
-                    "<filter Selected>",
-                    "<filter Unselected>"}));
+             lines({"Wybór użytkowników",
+                    "Wybór użytkowników",
+                    "Filtr",
+                    "Filtr",
+                    "Filtr",
+                    "Wszystkie",
+                    "Zwykłe",
+                    "Systemowe",
+                    "Administratorzy",
+                    "Zaznaczone",
+                    "Niezaznaczone"}));
 }
 
 void ListTranslationTest::translatesGroupDialogWhenMade()
@@ -154,20 +154,20 @@ void ListTranslationTest::translatesGroupDialogWhenMade()
     const GroupSelectDialog before;
     QCOMPARE(formTexts(before), plain);
 
-    setLanguage("de");
+    setLanguage("pl");
     QCOMPARE(formTexts(before), plain);
     const GroupSelectDialog after;
     QCOMPARE(formTexts(after),
-             lines({"<Select Groups>",
-                    "<Select Groups>",
-                    "<Filter>",
-                    "<Filter>",
-                    "<Filter>",
-                    "<filter All>",
-                    "<filter Ordinary>",
-                    "<filter System>",
-                    "<filter Selected>",
-                    "<filter Unselected>"}));
+             lines({"Wybór grup",
+                    "Wybór grup",
+                    "Filtr",
+                    "Filtr",
+                    "Filtr",
+                    "Wszystkie",
+                    "Zwykłe",
+                    "Systemowe",
+                    "Zaznaczone",
+                    "Niezaznaczone"}));
 }
 
 QTEST_MAIN(ListTranslationTest)

@@ -100,7 +100,7 @@ QStringList lines(std::initializer_list<const char *> texts)
 {
     QStringList lines;
     for (const char *text : texts) {
-        lines.append(QString::fromLatin1(text));
+        lines.append(QString::fromUtf8(text));
     }
     return lines;
 }

@@ -3,6 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "dialogparts.h"
 #include "messagerecorder.h"
 #include "sandbox.h"
 
@@ -24,10 +25,8 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 
-#include <functional>
 #include <random>
 
 namespace
@@ -88,50 +87,16 @@ void addFormats()
     QTest::newRow("svg") << svg("100");
 }
 
-template<typename Widget>
-Widget *child(const UserIconDialog &dialog, const char *name)
-{
-    auto *widget = dialog.findChild<Widget *>(QLatin1String(name));
-    if (!widget) {
-        qFatal("There is no %s", name);
-    }
-    return widget;
-}
-
 QPushButton *okButton(const UserIconDialog &dialog)
 {
-    return child<QDialogButtonBox>(dialog, "buttonBox")->button(QDialogButtonBox::Ok);
+    return part<QDialogButtonBox>(dialog, "buttonBox")->button(QDialogButtonBox::Ok);
 }
 
 /** The widget in the preview frame. */
 QWidget *preview(const UserIconDialog &dialog)
 {
-    const QLayout *layout = child<QFrame>(dialog, "previewFrame")->layout();
+    const QLayout *layout = part<QFrame>(dialog, "previewFrame")->layout();
     return layout && layout->count() == 1 ? layout->itemAt(0)->widget() : nullptr;
-}
-
-/** Presses the file button and does @p work with the file dialog, which should close it. */
-void withFileDialog(const UserIconDialog &dialog, const std::function<void(QFileDialog *)> &work)
-{
-    bool done = false;
-    QTimer timer; // fires in the event loop of the file dialog
-    timer.setSingleShot(true);
-    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-        auto *fileDialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        if (!fileDialog) {
-            qFatal("No file dialog appears");
-        }
-        work(fileDialog);
-        if (fileDialog->isVisible()) { // a comparison that fails in there leaves it open
-            fileDialog->reject();
-        }
-        done = true;
-    });
-    timer.start(0);
-    child<QToolButton>(dialog, "fileButton")->click();
-    if (!done) {
-        qFatal("The file dialog was not shown");
-    }
 }
 
 void chooseFile(const UserIconDialog &dialog, const QString &path)
@@ -215,13 +180,13 @@ void UserIconDialogTest::shouldBuildForm()
     QCOMPARE(dialog.windowTitle(), QStringLiteral("Select User Icon"));
     QVERIFY(!dialog.isModal());
 
-    const auto *frame = child<QFrame>(dialog, "previewFrame");
+    const auto *frame = part<QFrame>(dialog, "previewFrame");
     QCOMPARE(frame->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding));
     QCOMPARE(frame->minimumSize(), QSize(250, 250));
     QCOMPARE(frame->frameShape(), QFrame::StyledPanel);
     QCOMPARE(frame->frameShadow(), QFrame::Sunken);
 
-    const auto *buttonBox = child<QDialogButtonBox>(dialog, "buttonBox");
+    const auto *buttonBox = part<QDialogButtonBox>(dialog, "buttonBox");
     QCOMPARE(buttonBox->orientation(), Qt::Horizontal);
     QCOMPARE(buttonBox->standardButtons(), QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
 }
@@ -234,10 +199,10 @@ void UserIconDialogTest::shouldStackFrameButtonsAndButtonBox()
     QVERIFY(rows);
     QCOMPARE(rows->objectName(), QStringLiteral("verticalLayout"));
     QCOMPARE(rows->count(), 3);
-    QCOMPARE(rows->itemAt(0)->widget(), child<QFrame>(dialog, "previewFrame"));
+    QCOMPARE(rows->itemAt(0)->widget(), part<QFrame>(dialog, "previewFrame"));
     const auto *buttons = qobject_cast<QHBoxLayout *>(rows->itemAt(1)->layout());
     QVERIFY(buttons);
-    QCOMPARE(rows->itemAt(2)->widget(), child<QDialogButtonBox>(dialog, "buttonBox"));
+    QCOMPARE(rows->itemAt(2)->widget(), part<QDialogButtonBox>(dialog, "buttonBox"));
 
     QCOMPARE(buttons->objectName(), QStringLiteral("horizontalLayout"));
     QCOMPARE(buttons->count(), 9);
@@ -269,7 +234,7 @@ void UserIconDialogTest::shouldOfferToolButtons()
     QFETCH(QString, text);
 
     const UserIconDialog dialog;
-    const auto *button = child<QToolButton>(dialog, QTest::currentDataTag());
+    const auto *button = part<QToolButton>(dialog, QTest::currentDataTag());
     QCOMPARE(dialog.layout()->itemAt(1)->layout()->itemAt(place)->widget(), button);
     QCOMPARE(button->text(), text);
     QCOMPARE(button->toolTip(), text);
@@ -310,14 +275,14 @@ void UserIconDialogTest::shouldLeaveIconsEmptyWithoutTheme()
     for (const QToolButton *button : buttons) {
         QVERIFY(button->icon().pixmap(16).isNull());
     }
-    QVERIFY(child<QToolButton>(dialog, "selectAllButton")->icon().isNull());
+    QVERIFY(part<QToolButton>(dialog, "selectAllButton")->icon().isNull());
 }
 
 void UserIconDialogTest::shouldPutWidgetIntoPreviewFrame()
 {
     const UserIconDialog dialog;
 
-    QVERIFY(qobject_cast<QHBoxLayout *>(child<QFrame>(dialog, "previewFrame")->layout()));
+    QVERIFY(qobject_cast<QHBoxLayout *>(part<QFrame>(dialog, "previewFrame")->layout()));
     QVERIFY(preview(dialog));
     QCOMPARE(preview(dialog)->metaObject()->className(), "IconSelectWidget");
 }
@@ -343,7 +308,7 @@ void UserIconDialogTest::shouldAcceptAndReject()
     QCOMPARE(accepted.count(), 1);
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
 
-    child<QDialogButtonBox>(dialog, "buttonBox")->button(QDialogButtonBox::Cancel)->click();
+    part<QDialogButtonBox>(dialog, "buttonBox")->button(QDialogButtonBox::Cancel)->click();
     QCOMPARE(rejected.count(), 1);
     QCOMPARE(dialog.result(), int(QDialog::Rejected));
 }
@@ -397,7 +362,7 @@ void UserIconDialogTest::shouldReturnSquareMarkedWithMouse()
     QCOMPARE(dialog.selectedPixmap().toImage(), image.copy(400, 0, 400, 400));
     drag(QPoint(150, 150), QPoint(60, 155));
     QCOMPARE(dialog.selectedPixmap().toImage(), image.copy(40, 20, 400, 400));
-    child<QToolButton>(dialog, "selectAllButton")->click();
+    part<QToolButton>(dialog, "selectAllButton")->click();
     QCOMPARE(dialog.selectedPixmap().toImage(), image.copy(400, 0, 800, 800));
 }
 
@@ -439,7 +404,7 @@ void UserIconDialogTest::shouldTurnMirrorAndReset()
     const QImage image = gradient(QSize(200, 200));
     dialog.setPixmap(QPixmap::fromImage(image));
     const auto afterPressing = [&dialog](const char *button) {
-        child<QToolButton>(dialog, button)->click();
+        part<QToolButton>(dialog, button)->click();
         return dialog.selectedPixmap().toImage();
     };
 
@@ -624,7 +589,7 @@ void UserIconDialogTest::shouldPasteImage()
     const UserIconDialog dialog;
     const QImage image = gradient(QSize(20, 20));
     QGuiApplication::clipboard()->setImage(image);
-    child<QToolButton>(dialog, "clipboardButton")->click();
+    part<QToolButton>(dialog, "clipboardButton")->click();
     QVERIFY(okButton(dialog)->isEnabled());
     QCOMPARE(dialog.selectedPixmap().toImage(), image);
 }
@@ -636,18 +601,18 @@ void UserIconDialogTest::shouldIgnoreClipboardWithoutImage()
     if (clipboard->supportsSelection()) {
         clipboard->setImage(gradient(QSize(5, 5)), QClipboard::Selection);
     }
-    child<QToolButton>(dialog, "clipboardButton")->click();
+    part<QToolButton>(dialog, "clipboardButton")->click();
     QVERIFY(!okButton(dialog)->isEnabled());
 
     clipboard->setText(QStringLiteral("text"));
-    child<QToolButton>(dialog, "clipboardButton")->click();
+    part<QToolButton>(dialog, "clipboardButton")->click();
     QVERIFY(!okButton(dialog)->isEnabled());
     QVERIFY(dialog.selectedPixmap().isNull());
-    QVERIFY(child<QToolButton>(dialog, "clipboardButton")->isEnabled());
+    QVERIFY(part<QToolButton>(dialog, "clipboardButton")->isEnabled());
 
     const QImage image = gradient(QSize(20, 20));
     dialog.setPixmap(QPixmap::fromImage(image));
-    child<QToolButton>(dialog, "clipboardButton")->click();
+    part<QToolButton>(dialog, "clipboardButton")->click();
     QCOMPARE(dialog.selectedPixmap().toImage(), image);
 }
 
@@ -657,7 +622,7 @@ void UserIconDialogTest::shouldPasteImageThatCannotBeConverted()
     auto *data = new QMimeData;
     data->setImageData(QStringLiteral("no image"));
     QGuiApplication::clipboard()->setMimeData(data);
-    child<QToolButton>(dialog, "clipboardButton")->click();
+    part<QToolButton>(dialog, "clipboardButton")->click();
     QVERIFY(okButton(dialog)->isEnabled());
     QVERIFY(dialog.selectedPixmap().isNull());
 }
@@ -671,7 +636,7 @@ void UserIconDialogTest::shouldReplacePictureAndSelection()
     chooseFile(dialog, write("second.png", encoded(second, "png")));
     QCOMPARE(dialog.selectedPixmap().toImage(), second);
     QGuiApplication::clipboard()->setImage(first);
-    child<QToolButton>(dialog, "clipboardButton")->click();
+    part<QToolButton>(dialog, "clipboardButton")->click();
     QCOMPARE(dialog.selectedPixmap().toImage(), first);
     dialog.setPixmap(QPixmap::fromImage(second));
     QCOMPARE(dialog.selectedPixmap().toImage(), second);

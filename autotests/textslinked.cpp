@@ -3,14 +3,14 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
-#include <QCoreApplication>
+#include <QApplication>
 
 extern "C" void printTexts();
 
 // The library is there before the application object.
 int main(int argc, char **argv)
 {
-    const QCoreApplication application(argc, argv);
+    const QApplication application(argc, argv);
     printTexts();
     return 0;
 }

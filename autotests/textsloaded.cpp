@@ -3,7 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFile>
 
 #include <dlfcn.h>
@@ -11,15 +11,15 @@
 // The application object is there before the library, which comes along with the module to load.
 int main(int argc, char **argv)
 {
-    const QCoreApplication application(argc, argv);
+    const QApplication application(argc, argv);
     if (dlopen("libormel-users-qt.so.1", RTLD_NOLOAD | RTLD_NOW)) {
         qFatal("The library is there already");
     }
-    void *module = dlopen(QFile::encodeName(QCoreApplication::arguments().at(1)).constData(), RTLD_NOW);
+    void *module = dlopen(QFile::encodeName(QApplication::arguments().at(1)).constData(), RTLD_NOW);
     if (!module) {
         qFatal("%s", dlerror());
     }
     const auto printTexts = reinterpret_cast<void (*)()>(dlsym(module, "printTexts"));
     printTexts();
-    return dlclose(module);
+    return 0;
 }
