@@ -133,6 +133,7 @@ private Q_SLOTS:
     void hasUniqueMnemonics();
     void namesAllElements();
     void reachesAllElementsByTab();
+    void showsRowsWithoutRowsBelow();
     void clipsNothing_data();
     void clipsNothing();
     void mirrors();
@@ -431,6 +432,23 @@ void MainWindowTest::reachesAllElementsByTab()
         for (QWidget *widget : qAsConst(expected)) {
             QVERIFY2(reached.contains(widget),
                      qPrintable(widget->objectName() + QLatin1String(widget->metaObject()->className())));
+        }
+    }
+}
+
+void MainWindowTest::showsRowsWithoutRowsBelow()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    for (int page = 0; page < window.pages()->count(); ++page) {
+        window.pages()->setCurrentIndex(page);
+        const QList<QTreeView *> views = window.pages()->currentWidget()->findChildren<QTreeView *>();
+        for (QTreeView *view : views) {
+            const QModelIndex first = view->model()->index(0, 0);
+            view->setCurrentIndex(first);
+            // Expands what there is; without an end, if the model let it.
+            QTest::keyClick(view, Qt::Key_Asterisk);
+            QVERIFY(!view->isExpanded(first));
         }
     }
 }
