@@ -81,6 +81,9 @@ private Q_SLOTS:
     void helps();
     void refusesWrongUsage_data();
     void refusesWrongUsage();
+    void needsDisplayForWindows_data();
+    void needsDisplayForWindows();
+    void endsWithoutCrashAtUnreachableDisplay();
     void reportsOutputThatCannotBeWritten();
 
 private:
@@ -291,6 +294,9 @@ void ListCommandsTest::helps_data()
     QTest::newRow("pick-users --help, without a display")
         << QStringList({QStringLiteral("pick-users"), QStringLiteral("--help")})
         << QStringLiteral("-h, --help Show this help.");
+    QTest::newRow("--help of the window, without a display")
+        << QStringList(QStringLiteral("--help"))
+        << QStringLiteral("--screenshots <directory> Write pictures of every page and dialog to a");
     QTest::newRow("groups -h") << QStringList({QStringLiteral("groups"), QStringLiteral("-h")})
                                << QStringLiteral("--json Print JSON instead of a table.");
 }
@@ -317,7 +323,6 @@ void ListCommandsTest::refusesWrongUsage_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("message");
 
-    QTest::newRow("no word") << QStringList() << QStringLiteral("No command was given.");
     QTest::newRow("unknown word") << QStringList(QStringLiteral("bogus")) << QStringLiteral("Unknown command 'bogus'.");
     QTest::newRow("unknown option") << QStringList(QStringLiteral("--bogus"))
                                     << QStringLiteral("Unknown option 'bogus'.");
@@ -338,6 +343,36 @@ void ListCommandsTest::refusesWrongUsage()
                           QStringLiteral("ormel-users: Try 'ormel-users --help'.")}));
     QCOMPARE(result.output, QByteArray());
     QCOMPARE(result.status, 2);
+}
+
+void ListCommandsTest::needsDisplayForWindows_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+
+    QTest::newRow("the main window") << QStringList();
+    QTest::newRow("a dialog") << QStringList(QStringLiteral("pick-users"));
+}
+
+void ListCommandsTest::needsDisplayForWindows()
+{
+    QFETCH(QStringList, arguments);
+
+    const QStringList noDisplay{
+        QStringLiteral("QT_QPA_PLATFORM="), QStringLiteral("DISPLAY="), QStringLiteral("WAYLAND_DISPLAY=")};
+    const Program::Result result = Program::run(Program::path(), arguments, {}, noDisplay);
+    QCOMPARE(
+        lines(result.errors),
+        QStringList(QStringLiteral("ormel-users: There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set.")));
+    QCOMPARE(result.output, QByteArray());
+    QCOMPARE(result.status, 1);
+}
+
+void ListCommandsTest::endsWithoutCrashAtUnreachableDisplay()
+{
+    const QStringList unreachable{QStringLiteral("QT_QPA_PLATFORM=xcb"), QStringLiteral("DISPLAY=:987")};
+    const Program::Result result = Program::run(Program::path(), {}, {}, unreachable);
+    QVERIFY2(result.errors.contains("could not connect to display :987"), result.errors.constData());
+    QCOMPARE(result.status, 1);
 }
 
 void ListCommandsTest::reportsOutputThatCannotBeWritten()

@@ -52,6 +52,7 @@ MainWindow::MainWindow(QWidget *parent)
     , m_pageActions(new QActionGroup(this))
     , m_progress(new QLabel(steps[0].progress.toString(), this))
 {
+    setWindowTitle(i18nc("@title name of the application", "Ormel Users"));
     resize(960, 700);
     m_pages->setObjectName(QStringLiteral("pages"));
     m_pages->setDocumentMode(true);

@@ -1,0 +1,170 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "accountfixtures.h"
+#include "limitsfixtures.h"
+#include "program.h"
+#include "sandbox.h"
+
+#include <QDir>
+#include <QImage>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace
+{
+QString text(const char *latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+/** Runs without a display and without a platform chosen, as scripts/demo does on a server. */
+Program::Result takeScreenshots(const QString &directory, const QStringList &variables = {})
+{
+    const QStringList noDisplay{text("QT_QPA_PLATFORM="), text("DISPLAY="), text("WAYLAND_DISPLAY=")};
+    return Program::run(Program::path(), {text("--screenshots"), directory}, {}, noDisplay + variables);
+}
+
+QStringList pictureNames()
+{
+    return {
+        text("dialog-about.png"),
+        text("dialog-select-groups.png"),
+        text("dialog-select-icon.png"),
+        text("dialog-select-one-group.png"),
+        text("dialog-select-one-user.png"),
+        text("dialog-select-users.png"),
+        text("page-choose.png"),
+        text("page-groups.png"),
+        text("page-limits.png"),
+        text("page-new-account.png"),
+        text("page-users.png"),
+    };
+}
+
+/** How many colours a picture has: few mean that nothing was drawn. */
+int colours(const QImage &picture)
+{
+    QSet<QRgb> found;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            found.insert(picture.pixel(x, y));
+        }
+    }
+    return found.size();
+}
+}
+
+/** ormel-users --screenshots. */
+class ScreenshotsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void drawsAllPagesAndDialogs();
+    void printsWhatItWrites();
+    void drawsAtOtherScale();
+    void showsWhatIsThere();
+    void leavesWindowStateAlone();
+    void reportsDirectoryThatCannotBeMade();
+    void reportsFileThatCannotBeWritten();
+    void needsDirectory();
+};
+
+void ScreenshotsTest::init()
+{
+    Sandbox::setAccounts("root:x:0:0:root:/root:/bin/bash\nada:x:1000:50:Ada:/home/ada:/bin/sh\n",
+                         "root:x:0:\normel-admin:x:27:ada\nstaff:x:50:\n");
+    clearLimits();
+}
+
+void ScreenshotsTest::drawsAllPagesAndDialogs()
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(text("new/pictures"));
+    const Program::Result result = takeScreenshots(path);
+    QCOMPARE(result.status, 0);
+    QCOMPARE(QDir(path).entryList(QDir::Files, QDir::Name), pictureNames());
+    for (const QString &name : pictureNames()) {
+        const QImage picture(QDir(path).filePath(name));
+        QVERIFY2(picture.width() >= 200 && picture.height() >= 100, qPrintable(name));
+        QVERIFY2(colours(picture) > 10, qPrintable(name));
+    }
+}
+
+void ScreenshotsTest::printsWhatItWrites()
+{
+    const QTemporaryDir directory;
+    QStringList printed =
+        QString::fromLocal8Bit(takeScreenshots(directory.path()).output).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    printed.sort();
+    QStringList expected;
+    for (const QString &name : pictureNames()) {
+        expected.append(directory.filePath(name));
+    }
+    QCOMPARE(printed, expected);
+}
+
+void ScreenshotsTest::drawsAtOtherScale()
+{
+    const QTemporaryDir plain;
+    const QTemporaryDir scaled;
+    QCOMPARE(takeScreenshots(plain.path()).status, 0);
+    QCOMPARE(takeScreenshots(scaled.path(), {text("QT_SCALE_FACTOR=2")}).status, 0);
+    const QString name = text("page-users.png");
+    QCOMPARE(QImage(scaled.filePath(name)).size(), 2 * QImage(plain.filePath(name)).size());
+}
+
+void ScreenshotsTest::showsWhatIsThere()
+{
+    const QTemporaryDir before;
+    const QTemporaryDir after;
+    QCOMPARE(takeScreenshots(before.path()).status, 0);
+    Sandbox::write(limitsPath(), "* soft core 0\n");
+    QCOMPARE(takeScreenshots(after.path()).status, 0);
+    for (const auto &name : {text("page-users.png"), text("page-groups.png"), text("page-limits.png")}) {
+        QVERIFY2(QImage(before.filePath(name)) != QImage(after.filePath(name)), qPrintable(name));
+    }
+    const QString dialog = text("dialog-select-users.png");
+    QCOMPARE(QImage(before.filePath(dialog)), QImage(after.filePath(dialog)));
+}
+
+void ScreenshotsTest::leavesWindowStateAlone()
+{
+    const QTemporaryDir directory;
+    const QTemporaryDir settings;
+    QCOMPARE(takeScreenshots(directory.path(), {text("XDG_CONFIG_HOME=") + settings.path()}).status, 0);
+    QVERIFY(QDir(settings.path()).isEmpty());
+}
+
+void ScreenshotsTest::reportsDirectoryThatCannotBeMade()
+{
+    const Program::Result result = takeScreenshots(text("/proc/pictures"));
+    QCOMPARE(result.errors, QByteArray("ormel-users: Cannot make the directory '/proc/pictures'.\n"));
+    QCOMPARE(result.status, 1);
+}
+
+void ScreenshotsTest::reportsFileThatCannotBeWritten()
+{
+    const QTemporaryDir directory;
+    QVERIFY(QDir(directory.path()).mkdir(text("page-users.png")));
+    const Program::Result result = takeScreenshots(directory.path());
+    const QString file = directory.filePath(text("page-users.png"));
+    QVERIFY(result.errors.contains(text("Cannot write '%1'").arg(file).toLocal8Bit()));
+    QCOMPARE(result.status, 1);
+}
+
+void ScreenshotsTest::needsDirectory()
+{
+    const Program::Result result = Program::run({text("--screenshots")});
+    QVERIFY(result.errors.contains("screenshots"));
+    QCOMPARE(result.status, 2);
+}
+
+QTEST_GUILESS_MAIN(ScreenshotsTest)
+
+#include "screenshotstest.moc"
