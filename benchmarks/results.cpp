@@ -39,20 +39,31 @@ void Results::ReportRuns(const std::vector<Run> &runs)
     ConsoleReporter::ReportRuns(runs);
     for (const Run &run : runs) {
         if (run.run_type == Run::RT_Iteration) {
-            add(run);
-        } else if (run.report_big_o) {
-            m_growths.emplace(run.run_name.function_name, run.complexity);
+            addTime(run);
         }
+    }
+    // A fit comes as a pair.
+    if (runs.size() == 2 && runs[0].report_big_o) {
+        addGrowth(runs[0], runs[1]);
     }
 }
 
-void Results::add(const Run &run)
+void Results::addTime(const Run &run)
 {
     const std::string &size = run.run_name.args;
     const std::string name = run.run_name.function_name + (size.empty() ? "" : '/' + size);
     const double value = valueOf(run);
     Result &result = m_results.emplace(name, Result{value, run.benchmark_name()}).first->second;
     result.least = std::min(result.least, value);
+}
+
+void Results::addGrowth(const Run &order, const Run &deviation)
+{
+    const Growth growth{order.complexity, deviation.cpu_accumulated_time};
+    Growth &best = m_growths.emplace(order.run_name.function_name, growth).first->second;
+    if (growth.deviation < best.deviation) {
+        best = growth;
+    }
 }
 
 std::optional<double> Results::least(const std::string &name) const
@@ -72,7 +83,7 @@ std::string Results::growth(const std::string &family) const
         {benchmark::oNCubed, "O(n³)"},
     };
     const auto found = m_growths.find(family);
-    return found == m_growths.end() ? std::string() : texts.at(found->second);
+    return found == m_growths.end() ? std::string() : texts.at(found->second.order);
 }
 
 std::vector<std::string> Results::quickOnes() const

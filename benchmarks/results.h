@@ -24,7 +24,7 @@ public:
     /** The least that a benchmark took in any of its runs: seconds, or bytes; nothing when it was not run. */
     std::optional<double> least(const std::string &name) const;
 
-    /** How the time of a benchmark grows with the size, such as "O(n)"; empty when it was not fitted. */
+    /** How the time of a benchmark grows with the size by the best fit, such as "O(n)"; empty without one. */
     std::string growth(const std::string &family) const;
 
     /** The full names of the benchmarks of which a run takes less than a second. */
@@ -36,10 +36,16 @@ private:
         std::string fullName;
     };
 
-    void add(const Run &run);
+    struct Growth {
+        benchmark::BigO order;
+        double deviation;
+    };
+
+    void addTime(const Run &run);
+    void addGrowth(const Run &order, const Run &deviation);
 
     std::map<std::string, Result> m_results;
-    std::map<std::string, benchmark::BigO> m_growths;
+    std::map<std::string, Growth> m_growths;
 };
 
 #endif
