@@ -174,11 +174,13 @@ QString facePath(int number)
     return UserUtils::userIconPath() + QStringLiteral("/face%1.png").arg(number);
 }
 
+/** The last one is the toolkit's, of a file that vanished while its directory was listed. */
 bool isKnownWarning(const QString &text)
 {
     static const QRegularExpression known(
         QStringLiteral("^((UserInfo: unable to open /etc/passwd)|(GroupInfo: unable to open /etc/(passwd|group))|"
-                       "(GroupInfo: unable to find group entry by (gid: [0-9]+|name: [a-z0-9-]*)))$"));
+                       "(GroupInfo: unable to find group entry by (gid: [0-9]+|name: [a-z0-9-]*))|"
+                       "(QFSFileEngine::open: No file name specified))$"));
     return known.match(text).hasMatch();
 }
 
@@ -527,8 +529,7 @@ void FileChangesTest::readsFilesThatChangeAtAnyTime()
     }
     setVersion(1);
     QCOMPARE(UserInfo::getUsers().size(), userCount);
-    QCOMPARE(describe(GroupInfo::getGroup(QStringLiteral("staff"))),
-             QStringLiteral("staff(51: user0 user3)"));
+    QCOMPARE(describe(GroupInfo::getGroup(QStringLiteral("staff"))), QStringLiteral("staff(51: user0 user3)"));
 }
 
 QTEST_MAIN(FileChangesTest)
