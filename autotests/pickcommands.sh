@@ -61,6 +61,12 @@ try "1" "Select Groups" "Escape" pick-groups --user alice
 try "0 alice staff video" "Select Groups" "Tab Tab space Return" pick-groups --user alice
 try "0 root" "Select Groups" "Tab r o o Tab Home Return" pick-groups --single
 
+# Without accounts there are no rows to pick.
+: >/etc/passwd
+: >/etc/group
+try "0" "Select Users" "Tab Tab Home Return" pick-users --single
+try "0" "Select Groups" "Tab Tab space Return" pick-groups
+
 for unknown in "pick-users --group nobodies" "pick-groups --user nobody-else"; do
     status=0
     # shellcheck disable=SC2086 # a command and its arguments
