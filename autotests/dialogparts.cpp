@@ -52,6 +52,9 @@ bool isFocusable(const QAccessibleInterface &element)
 
 void collectUnnamed(QAccessibleInterface *element, QStringList &unnamed)
 {
+    if (element->state().invisible) {
+        return;
+    }
     if (isFocusable(*element) && element->text(QAccessible::Name).isEmpty()) {
         const QObject *object = element->object();
         unnamed.append(object ? QString::fromLatin1(object->metaObject()->className()) + object->objectName()

@@ -23,9 +23,8 @@ QList<Widget *> visibleChildren(const QWidget &window)
 {
     QList<Widget *> visible;
     const QList<Widget *> all = window.findChildren<Widget *>();
-    std::copy_if(all.begin(), all.end(), std::back_inserter(visible), [](const Widget *widget) {
-        return widget->isVisible() && widget->height() > 0;
-    });
+    std::copy_if(
+        all.begin(), all.end(), std::back_inserter(visible), [](const Widget *widget) { return widget->isVisible(); });
     return visible;
 }
 
@@ -131,8 +130,8 @@ QStringList clippedTexts(const QWidget &window)
         }
     }
     for (const QAbstractButton *button : visibleChildren<QAbstractButton>(window)) {
-        if (button->width() < button->minimumSizeHint().width()
-            || button->height() < button->minimumSizeHint().height()) {
+        const QSize needed = button->minimumSizeHint();
+        if (!button->text().isEmpty() && (button->width() < needed.width() || button->height() < needed.height())) {
             clipped.append(button->text());
         }
     }

@@ -25,7 +25,7 @@ void About::setApplicationData()
                      KAboutLicense::LGPL_V2_1,
                      i18nc("@info copyright", "© 2026 The Ormel Users contributors"));
     about.setLicense(KAboutLicense::LGPL_V2_1, KAboutLicense::OrLaterVersions);
-    about.setDesktopFileName(QStringLiteral("ormel-users"));
+    about.setDesktopFileName(QStringLiteral("org.ormel.users"));
     KAboutData::setApplicationData(about);
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("ormel-users")));
 }

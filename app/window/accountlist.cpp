@@ -20,6 +20,9 @@
 
 namespace
 {
+/** How wide the list stays, in characters. */
+constexpr int minCharacters = 32;
+
 /** The list models do not look at the parent when they count rows, and tree views ask about rows below rows. */
 class FlatProxyModel : public QSortFilterProxyModel
 {
@@ -67,11 +70,11 @@ AccountList::AccountList(const QString &name, const QVector<Filter> &filters, QW
     m_view->setAllColumnsShowFocus(true);
     m_view->setAlternatingRowColors(true);
     m_view->setSortingEnabled(true);
+    m_view->setMinimumWidth(minCharacters * m_view->fontMetrics().averageCharWidth());
     m_view->setModel(m_proxy);
     m_view->setItemDelegateForColumn(0, new LeftToRight::Delegate(m_view));
     m_view->sortByColumn(0, Qt::AscendingOrder);
 
-    setFocusProxy(m_view);
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(m_error, 0, 0, 1, 2);
@@ -89,6 +92,11 @@ AccountList::AccountList(const QString &name, const QVector<Filter> &filters, QW
 void AccountList::setError(const QString &text)
 {
     Messages::show(*m_error, text);
+}
+
+void AccountList::focusList()
+{
+    m_view->setFocus();
 }
 
 void AccountList::focusFilter()

@@ -47,6 +47,8 @@ public:
     /** Shows @p text above the list; nothing when it is empty. */
     void setError(const QString &text);
 
+    void focusList();
+
     /** Puts the cursor where names are filtered. */
     void focusFilter();
 

@@ -19,6 +19,9 @@
 
 namespace
 {
+/** How wide the details stay, in characters. */
+constexpr int minCharacters = 40;
+
 /** A label that cuts text short, with a tool tip that takes the text for what it is. */
 class LineLabel : public KSqueezedTextLabel
 {
@@ -47,6 +50,9 @@ Details::Details(int pictureSize, QWidget *parent)
 {
     setWidgetResizable(true);
     setFrameShape(NoFrame);
+    setMinimumWidth(minCharacters * fontMetrics().averageCharWidth());
+    // The fields have the focus; the one that has it is scrolled to.
+    setFocusPolicy(Qt::NoFocus);
 
     auto *content = new QWidget(this);
     m_picture = new QLabel(content);
@@ -54,23 +60,26 @@ Details::Details(int pictureSize, QWidget *parent)
     m_picture->setFixedSize(pictureSize, pictureSize);
     m_picture->setAlignment(Qt::AlignCenter);
     m_picture->setWordWrap(true);
-    m_title = new QLabel(content);
+    m_title = new LineLabel(content);
     m_title->setObjectName(QStringLiteral("title"));
     m_title->setTextFormat(Qt::PlainText);
-    m_title->setWordWrap(true);
     m_title->setAlignment(LeftToRight::lineStart());
     QFont font = m_title->font();
     font.setBold(true);
     font.setPointSizeF(font.pointSizeF() * 1.3);
     m_title->setFont(font);
 
-    m_marksLayout = new QVBoxLayout;
-    m_marksLayout->addWidget(m_title);
+    m_marksLayout = new QHBoxLayout;
+    // The place of the marks stays when there are none.
+    m_marksLayout->addStrut(fontMetrics().lineSpacing());
     m_marksLayout->addStretch();
+    auto *names = new QVBoxLayout;
+    names->addWidget(m_title);
+    names->addLayout(m_marksLayout);
+    names->addStretch();
     auto *head = new QHBoxLayout;
     head->addWidget(m_picture, 0, Qt::AlignTop);
-    head->addLayout(m_marksLayout, 1);
-    head->setSpacing(2 * head->spacing());
+    head->addLayout(names, 1);
 
     m_fieldsLayout = new QFormLayout;
     auto *layout = new QVBoxLayout(content);
@@ -106,7 +115,7 @@ void Details::setNoPicture(const QIcon &sign, const QString &text)
 
 void Details::setTitle(const QString &title)
 {
-    m_title->setText(title);
+    setText(*m_title, title);
 }
 
 QLabel *Details::addMark(const QString &text)

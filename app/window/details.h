@@ -9,8 +9,8 @@
 #include <QScrollArea>
 
 class QFormLayout;
+class QHBoxLayout;
 class QLabel;
-class QVBoxLayout;
 
 /** What is known of one account: picture, name, marks, and fields of text below. */
 class Details : public QScrollArea
@@ -47,7 +47,7 @@ private:
 
     QLabel *m_picture = nullptr;
     QLabel *m_title = nullptr;
-    QVBoxLayout *m_marksLayout = nullptr;
+    QHBoxLayout *m_marksLayout = nullptr;
     QFormLayout *m_fieldsLayout = nullptr;
 };
 

@@ -18,7 +18,6 @@
 
 #include <QFormLayout>
 #include <QLabel>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace
@@ -76,43 +75,23 @@ LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
     m_findings->setObjectName(QStringLiteral("findingsTable"));
     m_noFindings->setObjectName(QStringLiteral("noFindings"));
 
-    QSplitter *parts =
-        PageLayout::split(Qt::Vertical, QStringLiteral("limitsParts"), {createRulesPart(), createFindingsPart()});
-    parts->setStretchFactor(0, 1);
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_error);
-    layout->addWidget(parts);
-
-    connect(m_rules, &QTreeWidget::currentItemChanged, this, &LimitsPage::explain);
-    connect(m_store, &AccountStore::limitsRead, this, &LimitsPage::showAll);
-}
-
-QWidget *LimitsPage::createRulesPart()
-{
-    auto *part = new QWidget;
     auto *explanations = new QFormLayout;
     m_domain = addExplanation(explanations, i18nc("@label whom a limit is for", "Domain:"));
     m_type = addExplanation(explanations, i18nc("@label soft or hard limit", "Type:"));
     m_item = addExplanation(explanations, i18nc("@label what is limited", "Item:"));
 
-    auto *layout = new QVBoxLayout(part);
-    layout->setContentsMargins({});
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_error);
     layout->addWidget(m_rules->createTitleLabel());
-    layout->addWidget(m_rules, 1);
+    layout->addWidget(m_rules, 2);
     layout->addLayout(explanations);
-    return part;
-}
-
-QWidget *LimitsPage::createFindingsPart()
-{
-    auto *part = new QWidget;
-    auto *layout = new QVBoxLayout(part);
-    layout->setContentsMargins({});
+    layout->addSpacing(2 * layout->spacing());
     layout->addWidget(m_findings->createTitleLabel());
     layout->addWidget(m_findings, 1);
     layout->addWidget(m_noFindings);
-    layout->addStretch();
-    return part;
+
+    connect(m_rules, &QTreeWidget::currentItemChanged, this, &LimitsPage::explain);
+    connect(m_store, &AccountStore::limitsRead, this, &LimitsPage::showAll);
 }
 
 QLabel *LimitsPage::addExplanation(QFormLayout *layout, const QString &title)

@@ -24,8 +24,6 @@ public:
     explicit LimitsPage(AccountStore *store, QWidget *parent = nullptr);
 
 private:
-    QWidget *createRulesPart();
-    QWidget *createFindingsPart();
     QLabel *addExplanation(QFormLayout *layout, const QString &title);
     void showAll();
     void showRules();

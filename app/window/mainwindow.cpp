@@ -113,7 +113,7 @@ void MainWindow::addFileMenu()
                                     i18nc("@action:inmenu", "&Quit"),
                                     this,
                                     &QWidget::close,
-                                    QKeySequence::Quit);
+                                    Qt::CTRL | Qt::Key_Q);
     quit->setMenuRole(QAction::QuitRole);
 }
 
@@ -202,7 +202,7 @@ void MainWindow::finishReading()
     if (!m_pages->isEnabled()) {
         m_pages->setEnabled(true);
         if (AccountList *list = currentList()) {
-            list->setFocus();
+            list->focusList();
         }
     }
     Q_EMIT reloaded();

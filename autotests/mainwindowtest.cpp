@@ -1,0 +1,504 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "mainwindow.h"
+#include "about.h"
+#include "accountfixtures.h"
+#include "accountlist.h"
+#include "accountstore.h"
+#include "dialogparts.h"
+#include "generatedaccounts.h"
+#include "limitsfixtures.h"
+#include "sandbox.h"
+#include "windowparts.h"
+#include "windowstate.h"
+
+#include <UserListModel>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSignalSpy>
+#include <QSplitter>
+#include <QStandardPaths>
+#include <QTabWidget>
+#include <QTest>
+#include <QTreeView>
+
+namespace
+{
+QString text(const char *latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+/** Notes what is painted and what is read, in their order. */
+class Log : public QObject
+{
+public:
+    explicit Log(MainWindow &window)
+        : m_progress(part<QLabel>(window, "progress"))
+    {
+        m_progress->installEventFilter(this);
+        auto *store = window.findChild<AccountStore *>();
+        connect(store, &AccountStore::limitsRead, this, [this] { note(text("limits")); });
+        connect(store, &AccountStore::usersRead, this, [this] { note(text("users")); });
+        connect(store, &AccountStore::groupsRead, this, [this] { note(text("groups")); });
+    }
+
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint) {
+            note(m_progress->text());
+        }
+        return false;
+    }
+
+    QStringList entries;
+
+private:
+    void note(const QString &entry)
+    {
+        if (entries.isEmpty() || entries.constLast() != entry) {
+            entries.append(entry);
+        }
+    }
+
+    QLabel *m_progress;
+};
+
+bool waitUntilRead(MainWindow &window)
+{
+    QSignalSpy reloaded(&window, &MainWindow::reloaded);
+    return reloaded.isValid() && reloaded.wait(60000);
+}
+
+/** Shows the window, with the focus, after everything was read. */
+bool open(MainWindow &window)
+{
+    window.show();
+    return waitUntilRead(window) && QTest::qWaitForWindowActive(&window);
+}
+
+QTreeView *accountsView(const MainWindow &window)
+{
+    return part<QTreeView>(*window.pages()->currentWidget(), "accountsView");
+}
+
+QStringList menuEntries(const QMenu &menu)
+{
+    QStringList entries;
+    const QList<QAction *> actions = menu.actions();
+    for (const QAction *action : actions) {
+        const QString entry = action->text() + QLatin1Char(' ') + action->shortcut().toString();
+        entries.append(action->isSeparator() ? text("-") : entry.trimmed());
+    }
+    return entries;
+}
+
+QString settingsPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + text("/ormel-users/window.ini");
+}
+}
+
+class MainWindowTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void paintsBeforeItReads();
+    void paintsEachStepBeforeIt();
+    void showsBusyCursorWhileReading();
+    void readsAgainAtF5();
+    void readsOnceAtATime();
+    void canBeClosedWhileReading();
+    void startsInList();
+    void hasMenus();
+    void leadsToPagesByKeys();
+    void leadsToNameFilter();
+    void hasNoNameFilterOnOtherPages();
+    void tellsAboutItself();
+    void quits();
+    void startsWithoutSettings();
+    void remembersState();
+    void survivesSettingsOfOthers();
+    void hasUniqueMnemonics();
+    void namesAllElements();
+    void reachesAllElementsByTab();
+    void clipsNothing_data();
+    void clipsNothing();
+    void mirrors();
+    void showsManyAccounts();
+    void worksWithoutAccounts();
+};
+
+void MainWindowTest::initTestCase()
+{
+    About::setApplicationData();
+}
+
+void MainWindowTest::init()
+{
+    Sandbox::setAccounts("root:x:0:0:root:/root:/bin/bash\n"
+                         "ada:x:1000:50:Ada:/home/ada:/bin/sh\n"
+                         "bob:x:1001:50:Bob:/home/bob:/bin/sh\n",
+                         "root:x:0:\normel-admin:x:27:ada\nstaff:x:50:\n");
+    clearLimits();
+    Sandbox::write(limitsPath(), "* soft core 0\n* both nproc some\n");
+    QFile::remove(settingsPath());
+}
+
+void MainWindowTest::paintsBeforeItReads()
+{
+    MainWindow window;
+    const Log log(window);
+    QVERIFY(!window.findChild<UserListModel *>());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(waitUntilRead(window) || !log.entries.isEmpty());
+    QCOMPARE(log.entries.constFirst(), QStringLiteral(u"Reading the limits\u2026"));
+    QVERIFY(window.findChild<UserListModel *>());
+}
+
+void MainWindowTest::paintsEachStepBeforeIt()
+{
+    MainWindow window;
+    const Log log(window);
+    window.show();
+    QVERIFY(waitUntilRead(window));
+    const QStringList expected{
+        QStringLiteral(u"Reading the limits\u2026"),
+        text("limits"),
+        QStringLiteral(u"Reading the users\u2026"),
+        text("users"),
+        QStringLiteral(u"Reading the groups\u2026"),
+        text("groups"),
+    };
+    QCOMPARE(log.entries.mid(0, expected.size()), expected);
+    QVERIFY(part<QLabel>(window, "progress")->text().startsWith(text("Read at ")));
+}
+
+void MainWindowTest::showsBusyCursorWhileReading()
+{
+    MainWindow window;
+    int busy = 0;
+    auto *store = window.findChild<AccountStore *>();
+    connect(store, &AccountStore::usersRead, &window, [&busy, &window] {
+        const QCursor *cursor = QApplication::overrideCursor();
+        busy += cursor && cursor->shape() == Qt::BusyCursor && !window.pages()->isEnabled();
+    });
+    window.show();
+    QVERIFY(waitUntilRead(window));
+    QCOMPARE(busy, 1);
+    QVERIFY(!QApplication::overrideCursor());
+    QVERIFY(window.pages()->isEnabled());
+}
+
+void MainWindowTest::readsAgainAtF5()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    QCOMPARE(shownRows(*accountsView(window)).size(), 3);
+    Sandbox::setAccounts("eve:x:1002:50::/:/bin/sh\n", "staff:x:50:\n");
+    QTest::keyClick(&window, Qt::Key_F5);
+    QVERIFY(waitUntilRead(window));
+    QCOMPARE(shownRows(*accountsView(window)), QStringList(text("eve|1002|No")));
+    window.pages()->setCurrentIndex(1);
+    QCOMPARE(shownRows(*accountsView(window)), QStringList(text("staff|50|Yes")));
+}
+
+void MainWindowTest::readsOnceAtATime()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    QSignalSpy reloaded(&window, &MainWindow::reloaded);
+    for (int i = 0; i < 3; ++i) {
+        window.reload();
+    }
+    QVERIFY(reloaded.wait());
+    QTest::qWait(100);
+    QCOMPARE(reloaded.size(), 1);
+    QVERIFY(!QApplication::overrideCursor());
+}
+
+void MainWindowTest::canBeClosedWhileReading()
+{
+    {
+        MainWindow window;
+        window.reload();
+        QVERIFY(QApplication::overrideCursor());
+    }
+    QVERIFY(!QApplication::overrideCursor());
+    QCoreApplication::processEvents();
+}
+
+void MainWindowTest::startsInList()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    QCOMPARE(QApplication::focusWidget(), accountsView(window));
+}
+
+void MainWindowTest::hasMenus()
+{
+    const MainWindow window;
+    QStringList titles;
+    QList<QStringList> menus;
+    const QList<QAction *> actions = window.menuBar()->actions();
+    for (const QAction *action : actions) {
+        titles.append(action->text());
+        menus.append(menuEntries(*action->menu()));
+    }
+    QCOMPARE(titles, QStringList({text("&File"), text("&View"), text("&Help")}));
+    QCOMPARE(menus.at(0), QStringList({text("&Reload F5"), text("-"), text("&Quit Ctrl+Q")}));
+    QCOMPARE(menus.at(1),
+             QStringList({text("&Users Alt+1"),
+                          text("&Groups Alt+2"),
+                          text("&Limits Alt+3"),
+                          text("&New Account Alt+4"),
+                          text("&Choose Alt+5"),
+                          text("-"),
+                          text("&Filter by Name Ctrl+F")}));
+    QCOMPARE(menus.at(2), QStringList({text("&About Ormel Users"), text("About &Qt")}));
+}
+
+void MainWindowTest::leadsToPagesByKeys()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    const QList<QAction *> actions = window.menuBar()->actions().at(1)->menu()->actions();
+    for (int page = window.pages()->count() - 1; page >= 0; --page) {
+        QTest::keyClick(&window, Qt::Key(Qt::Key_1 + page), Qt::AltModifier);
+        QCOMPARE(window.pages()->currentIndex(), page);
+        QVERIFY(actions.at(page)->isChecked());
+        QVERIFY(window.pages()->isAncestorOf(QApplication::focusWidget()));
+    }
+}
+
+void MainWindowTest::leadsToNameFilter()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    for (int page = 0; page < 2; ++page) {
+        window.pages()->setCurrentIndex(page);
+        QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(QApplication::focusWidget(), part<QLineEdit>(*window.pages()->currentWidget(), "filterLineEdit"));
+    }
+}
+
+void MainWindowTest::hasNoNameFilterOnOtherPages()
+{
+    MainWindow window;
+    const QAction *filter = window.menuBar()->actions().at(1)->menu()->actions().constLast();
+    QVERIFY(filter->isEnabled());
+    window.pages()->setCurrentIndex(2);
+    QVERIFY(!filter->isEnabled());
+    window.pages()->setCurrentIndex(1);
+    QVERIFY(filter->isEnabled());
+}
+
+void MainWindowTest::tellsAboutItself()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    window.menuBar()->actions().at(2)->menu()->actions().constFirst()->trigger();
+    QPointer<QMessageBox> dialog = window.findChild<QMessageBox *>();
+    QVERIFY(dialog);
+    QVERIFY(dialog->text().startsWith(text("Ormel Users ")));
+    QVERIFY(dialog->informativeText().contains(text("GNU Lesser General Public License")));
+    QTest::keyClick(dialog, Qt::Key_Escape);
+    QTRY_VERIFY(!dialog);
+}
+
+void MainWindowTest::quits()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    QTest::keyClick(&window, Qt::Key_Q, Qt::ControlModifier);
+    QTRY_VERIFY(!window.isVisible());
+}
+
+void MainWindowTest::startsWithoutSettings()
+{
+    MainWindow window;
+    const QSize size = window.size();
+    WindowState::restore(window);
+    QCOMPARE(window.size(), size);
+    QCOMPARE(window.pages()->currentIndex(), 0);
+    QVERIFY(open(window));
+    QCOMPARE(shownRows(*accountsView(window)).size(), 3);
+    QCOMPARE(shownRows(*accountsView(window)).constFirst(), text("ada|1000|No"));
+}
+
+void MainWindowTest::remembersState()
+{
+    QList<int> sizes;
+    {
+        MainWindow window;
+        QVERIFY(open(window));
+        window.resize(800, 650);
+        window.pages()->setCurrentIndex(1);
+        QTest::keyClick(part<QComboBox>(*window.pages()->currentWidget(), "filterComboBox"), Qt::Key_End);
+        accountsView(window)->sortByColumn(1, Qt::DescendingOrder);
+        clickText(*accountsView(window), text("ormel-admin"));
+        auto *splitter = part<QSplitter>(window, "groupListColumns");
+        splitter->setSizes({300, splitter->width() - 300 - splitter->handleWidth()});
+        sizes = splitter->sizes();
+        WindowState::save(window);
+    }
+    QVERIFY(QFile::exists(settingsPath()));
+    MainWindow window;
+    WindowState::restore(window);
+    QCOMPARE(window.size(), QSize(800, 650));
+    QCOMPARE(window.pages()->currentIndex(), 1);
+    QVERIFY(open(window));
+    QCOMPARE(part<QSplitter>(window, "groupListColumns")->sizes(), sizes);
+    QCOMPARE(shownRows(*accountsView(window)),
+             QStringList({text("staff|50|Yes"), text("ormel-admin|27|Yes"), text("root|0|Yes")}));
+    QCOMPARE(part<QLabel>(*window.pages()->currentWidget(), "title")->text(), text("ormel-admin"));
+}
+
+void MainWindowTest::survivesSettingsOfOthers()
+{
+    QDir().mkpath(QFileInfo(settingsPath()).path());
+    QFile file(settingsPath());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[General]\ngeometry=nonsense\npage=77\n"
+               "[userList]\nfilter=99\nsortColumn=-4\nsortOrder=9\n[splitters]\nuserListColumns=x\n");
+    file.close();
+    MainWindow window;
+    WindowState::restore(window);
+    QCOMPARE(window.pages()->currentIndex(), 0);
+    QVERIFY(open(window));
+    QCOMPARE(shownRows(*accountsView(window)).size(), 3);
+    QCOMPARE(part<QComboBox>(window, "filterComboBox")->currentIndex(), 0);
+}
+
+void MainWindowTest::hasUniqueMnemonics()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    for (int page = 0; page < window.pages()->count(); ++page) {
+        window.pages()->setCurrentIndex(page);
+        QStringList letters = mnemonics(window);
+        QVERIFY(letters.size() >= 3);
+        letters.sort();
+        QStringList unique = letters;
+        unique.removeDuplicates();
+        QCOMPARE(letters, unique);
+    }
+}
+
+void MainWindowTest::namesAllElements()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    for (int page = 0; page < window.pages()->count(); ++page) {
+        window.pages()->setCurrentIndex(page);
+        QCOMPARE(unnamedAccessibles(*window.pages()->currentWidget()).join(QLatin1Char(' ')), QString());
+    }
+}
+
+void MainWindowTest::reachesAllElementsByTab()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    for (int page = 0; page < window.pages()->count(); ++page) {
+        window.pages()->setCurrentIndex(page);
+        QList<QWidget *> expected;
+        const QList<QWidget *> all = window.pages()->currentWidget()->findChildren<QWidget *>();
+        std::copy_if(all.begin(), all.end(), std::back_inserter(expected), [](const QWidget *widget) {
+            return widget->isVisible() && widget->isEnabled() && widget->focusPolicy() & Qt::TabFocus
+                && !widget->focusProxy();
+        });
+        QVERIFY(!expected.isEmpty());
+        QSet<QWidget *> reached;
+        for (int i = 0; i < 2 * expected.size() + 10; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            reached.insert(QApplication::focusWidget());
+        }
+        for (QWidget *widget : qAsConst(expected)) {
+            QVERIFY2(reached.contains(widget),
+                     qPrintable(widget->objectName() + QLatin1String(widget->metaObject()->className())));
+        }
+    }
+}
+
+void MainWindowTest::clipsNothing_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    const QSize usual = MainWindow().size();
+    QTest::newRow("left to right") << usual << Qt::LeftToRight;
+    QTest::newRow("right to left") << usual << Qt::RightToLeft;
+    QTest::newRow("in little room") << QSize(640, 480) << Qt::LeftToRight;
+}
+
+void MainWindowTest::clipsNothing()
+{
+    QFETCH(QSize, size);
+    QFETCH(Qt::LayoutDirection, direction);
+
+    QApplication::setLayoutDirection(direction);
+    MainWindow window;
+    QVERIFY(open(window));
+    window.resize(size);
+    for (int page = 0; page < window.pages()->count(); ++page) {
+        window.pages()->setCurrentIndex(page);
+        QCoreApplication::processEvents();
+        QCOMPARE(clippedTexts(window).join(QLatin1Char('|')), QString());
+    }
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+void MainWindowTest::mirrors()
+{
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    MainWindow window;
+    QVERIFY(open(window));
+    QWidget *page = window.pages()->currentWidget();
+    const QPoint origin = page->rect().topLeft();
+    const int list = accountsView(window)->mapTo(page, origin).x();
+    const int title = part<QLabel>(*page, "title")->mapTo(page, origin).x();
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    QVERIFY(title < list);
+}
+
+void MainWindowTest::showsManyAccounts()
+{
+    GeneratedAccounts::write(2000);
+    MainWindow window;
+    const Log log(window);
+    QVERIFY(open(window));
+    QCOMPARE(log.entries.constFirst(), QStringLiteral(u"Reading the limits\u2026"));
+    QCOMPARE(accountsView(window)->model()->rowCount(), 2000);
+    QTest::keyClick(accountsView(window), Qt::Key_End);
+    QCOMPARE(part<QLabel>(*window.pages()->currentWidget(), "title")->text(), text("user999"));
+    QTest::keyClick(&window, Qt::Key_2, Qt::AltModifier);
+    QCOMPARE(accountsView(window)->model()->rowCount(), 2000 + GeneratedAccounts::sharedGroups + 1);
+}
+
+void MainWindowTest::worksWithoutAccounts()
+{
+    Sandbox::remove(passwdPath());
+    Sandbox::remove(groupPath());
+    Sandbox::clear(text("/etc/security"));
+    MainWindow window;
+    QVERIFY(open(window));
+    for (int page = 0; page < window.pages()->count(); ++page) {
+        window.pages()->setCurrentIndex(page);
+        QCoreApplication::processEvents();
+        QCOMPARE(clippedTexts(window).join(QLatin1Char('|')), QString());
+    }
+}
+
+QTEST_MAIN(MainWindowTest)
+
+#include "mainwindowtest.moc"
