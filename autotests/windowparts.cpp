@@ -12,8 +12,6 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMenuBar>
-#include <QTabBar>
 #include <QTreeView>
 
 namespace
@@ -26,14 +24,6 @@ QList<Widget *> visibleChildren(const QWidget &window)
     std::copy_if(
         all.begin(), all.end(), std::back_inserter(visible), [](const Widget *widget) { return widget->isVisible(); });
     return visible;
-}
-
-void addMnemonic(QStringList &letters, const QString &text)
-{
-    const QKeySequence sequence = QKeySequence::mnemonic(text);
-    if (!sequence.isEmpty()) {
-        letters.append(sequence.toString());
-    }
 }
 
 bool isClipped(const QLabel &label)
@@ -95,30 +85,6 @@ QStringList toolTips(const QAbstractItemView &view, int row)
         texts.append(view.model()->index(row, column).data(Qt::ToolTipRole).toString());
     }
     return texts;
-}
-
-QStringList mnemonics(const QWidget &window)
-{
-    QStringList letters;
-    for (const QLabel *label : visibleChildren<QLabel>(window)) {
-        if (label->buddy() && label->textFormat() != Qt::PlainText) {
-            addMnemonic(letters, label->text());
-        }
-    }
-    for (const QAbstractButton *button : visibleChildren<QAbstractButton>(window)) {
-        addMnemonic(letters, button->text());
-    }
-    for (const QMenuBar *bar : visibleChildren<QMenuBar>(window)) {
-        for (const QAction *action : bar->actions()) {
-            addMnemonic(letters, action->text());
-        }
-    }
-    for (const QTabBar *bar : visibleChildren<QTabBar>(window)) {
-        for (int i = 0; i < bar->count(); ++i) {
-            addMnemonic(letters, bar->tabText(i));
-        }
-    }
-    return letters;
 }
 
 QStringList clippedTexts(const QWidget &window)

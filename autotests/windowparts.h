@@ -20,9 +20,6 @@ QStringList shownRows(const QAbstractItemView &view);
 /** The tool tips of a row, one for each column. */
 QStringList toolTips(const QAbstractItemView &view, int row);
 
-/** The letters that lead, with Alt, to what @p window shows, and to its menus. */
-QStringList mnemonics(const QWidget &window);
-
 /** The visible texts that have less room than they need. */
 QStringList clippedTexts(const QWidget &window);
 
