@@ -46,11 +46,18 @@ NO_TEXT = re.compile(
 )
 
 
+def without_mnemonic(text):
+    return re.sub(r"\(&\w\)", "", text).replace("&", "")
+
+
 def pairs(entry):
-    """Each translation with the English text that it stands for."""
+    """Each translation with the English text that it stands for, both without mnemonics. A number may
+    be said by words, like "one", which msgfmt judges."""
     if not entry.msgid_plural:
-        return [(entry.msgid, entry.msgstr)]
-    return [(entry.msgid_plural, text) for text in entry.msgstr_plural.values()]
+        return [(without_mnemonic(entry.msgid), without_mnemonic(entry.msgstr))]
+    texts = [entry.msgid_plural, *entry.msgstr_plural.values()]
+    english, *translations = (text.replace("%1", "1") for text in texts)
+    return [(english, text) for text in translations]
 
 
 def quotation_faults(language, english, text):
