@@ -498,7 +498,7 @@ void FileChangesTest::readsFilesThatChangeAtAnyTime()
     const QStringList filesBefore = openFiles();
 
     const int seconds = qMax(1, qEnvironmentVariableIntValue("ORMEL_TEST_SECONDS"));
-    MessageRecorder recorder;
+    auto recorder = std::make_unique<MessageRecorder>();
     QSet<QString> warnings;
     size_t memoryBefore = 0;
     int rounds = 0;
@@ -510,7 +510,7 @@ void FileChangesTest::readsFilesThatChangeAtAnyTime()
         for (const NamedReading &reading : otherReadings) {
             QVERIFY2((this->*reading.read)(), reading.name);
         }
-        const QStringList texts = recorder.takeTexts();
+        const QStringList texts = recorder->takeTexts();
         warnings.unite(QSet<QString>(texts.begin(), texts.end()));
         if (timer.elapsed() < 500 * seconds) {
             memoryBefore = mallinfo2().uordblks;
@@ -519,6 +519,7 @@ void FileChangesTest::readsFilesThatChangeAtAnyTime()
     const size_t memory = mallinfo2().uordblks;
     QCOMPARE(openFiles(), filesBefore);
     QCOMPARE(changer.state(), QProcess::Running);
+    recorder.reset();
     changer.kill();
     changer.waitForFinished();
 

@@ -4,7 +4,6 @@
 */
 
 #include "mainwindow.h"
-#include "pageparts.h"
 #include "about.h"
 #include "accountfixtures.h"
 #include "accountlist.h"
@@ -12,6 +11,7 @@
 #include "dialogparts.h"
 #include "generatedaccounts.h"
 #include "limitsfixtures.h"
+#include "pageparts.h"
 #include "sandbox.h"
 #include "windowparts.h"
 #include "windowstate.h"
@@ -29,6 +29,8 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTreeView>
+
+#include <memory>
 
 namespace
 {
@@ -190,15 +192,15 @@ void MainWindowTest::paintsEachStepBeforeIt()
 void MainWindowTest::showsBusyCursorWhileReading()
 {
     MainWindow window;
-    int busy = 0;
+    const auto busy = std::make_shared<int>(0);
     auto *store = window.findChild<AccountStore *>();
-    connect(store, &AccountStore::usersRead, &window, [&busy, &window] {
+    connect(store, &AccountStore::usersRead, &window, [busy, &window] {
         const QCursor *cursor = QApplication::overrideCursor();
-        busy += cursor && cursor->shape() == Qt::BusyCursor && !window.pages()->isEnabled();
+        *busy += cursor && cursor->shape() == Qt::BusyCursor && !window.pages()->isEnabled();
     });
     window.show();
     QVERIFY(waitUntilRead(window));
-    QCOMPARE(busy, 1);
+    QCOMPARE(*busy, 1);
     QVERIFY(!QApplication::overrideCursor());
     QVERIFY(window.pages()->isEnabled());
 }

@@ -106,6 +106,31 @@ void OpenedFilesTest::readsFilesItNames_data()
     QTest::newRow("icon dialog") << QStringList{QStringLiteral("icon dialog"), picture} << QStringList()
                                  << QString(QStringLiteral("/usr/share/kiv/faces /usr/share/kiv/faces/birds ")
                                             + picture);
+
+    const QString foreignDirectory = QStringLiteral("=/tmp/hostile");
+    QStringList hostile;
+    for (const char *name : {"GCONV_PATH",
+                             "HOME",
+                             "HOSTALIASES",
+                             "LDAPCONF",
+                             "LOCPATH",
+                             "NLSPATH",
+                             "QT_LOGGING_CONF",
+                             "QT_PLUGIN_PATH",
+                             "TMPDIR",
+                             "XDG_CONFIG_HOME",
+                             "XDG_DATA_HOME"}) {
+        hostile.append(QLatin1String(name) + foreignDirectory);
+    }
+    const auto hostileRow = [&hostile](const char *family, const QString &files) {
+        QTest::addRow("%s, in a hostile environment", family)
+            << QStringList{QString::fromLatin1(family)} << hostile << files;
+    };
+    hostileRow("records", accountFiles());
+    hostileRow("validators", QStringLiteral("/etc/adduser.conf"));
+    hostileRow("hashes", QString());
+    hostileRow("limits", limits);
+
     const QString catalogue = QStringLiteral(CATALOGUES "/locale/de/LC_MESSAGES/ormel_kcm_users.mo");
     QTest::newRow("limits, in German") << QStringList{QStringLiteral("limits")}
                                        << QStringList{QStringLiteral("LANGUAGE=de"),

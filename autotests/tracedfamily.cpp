@@ -3,20 +3,18 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "filechoice.h"
+
 #include <GroupInfo>
 #include <GroupListModel>
 #include <GroupSelectDialog>
 #include <LimitsParser>
-#include <UserIconDialog>
 #include <UserInfo>
 #include <UserListModel>
 #include <UserSelectDialog>
 #include <UserUtils>
 
 #include <QApplication>
-#include <QFileDialog>
-#include <QTimerEvent>
-#include <QToolButton>
 #include <QValidator>
 
 #include <algorithm>
@@ -111,29 +109,12 @@ void selectDialogs()
     show(groups);
 }
 
-/** Chooses the file that the second argument names as soon as it can. */
-class FileChoice : public QObject
-{
-protected:
-    void timerEvent(QTimerEvent *event) override
-    {
-        auto *chooser = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        if (!chooser) {
-            return;
-        }
-        killTimer(event->timerId());
-        chooser->selectFile(QApplication::arguments().at(2));
-        QMetaObject::invokeMethod(chooser, "accept");
-    }
-};
-
+/** Chooses the file that the second argument names. */
 void iconDialog()
 {
     UserIconDialog dialog;
     show(dialog);
-    FileChoice choice;
-    choice.startTimer(0);
-    dialog.findChild<QToolButton *>(QStringLiteral("fileButton"))->click();
+    const FileChoice choice(dialog, QApplication::arguments().at(2));
     dialog.selectedPixmap();
 }
 

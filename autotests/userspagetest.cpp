@@ -85,7 +85,8 @@ struct Page {
     QStringList names() const
     {
         QStringList names;
-        for (const QString &row : shownRows(*view)) {
+        const QStringList rows = shownRows(*view);
+        for (const QString &row : rows) {
             names.append(row.section(QLatin1Char('|'), 0, 0));
         }
         return names;
@@ -249,7 +250,8 @@ void UsersPageTest::showsTextAsItIs()
     Page page;
     page.select("bob");
     QCOMPARE(fieldText(page.page, "Full name:"), QStringLiteral("<b>Bob</b> &amp; co"));
-    for (const QLabel *label : page.page.findChildren<QLabel *>()) {
+    const QList<QLabel *> labels = page.page.findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
         if (label->text().contains(QLatin1String("Bob"))) {
             QCOMPARE(label->textFormat(), Qt::PlainText);
         }

@@ -90,23 +90,27 @@ QStringList toolTips(const QAbstractItemView &view, int row)
 QStringList clippedTexts(const QWidget &window)
 {
     QStringList clipped;
-    for (const QLabel *label : visibleChildren<QLabel>(window)) {
+    const auto labels = visibleChildren<QLabel>(window);
+    for (const QLabel *label : labels) {
         if (isClipped(*label)) {
             clipped.append(label->text());
         }
     }
-    for (const QAbstractButton *button : visibleChildren<QAbstractButton>(window)) {
+    const auto buttons = visibleChildren<QAbstractButton>(window);
+    for (const QAbstractButton *button : buttons) {
         const QSize needed = button->minimumSizeHint();
         if (!button->text().isEmpty() && (button->width() < needed.width() || button->height() < needed.height())) {
             clipped.append(button->text());
         }
     }
-    for (const QComboBox *comboBox : visibleChildren<QComboBox>(window)) {
+    const auto comboBoxes = visibleChildren<QComboBox>(window);
+    for (const QComboBox *comboBox : comboBoxes) {
         if (comboBox->width() < comboBox->sizeHint().width()) {
             clipped.append(comboBox->currentText());
         }
     }
-    for (const QTreeView *view : visibleChildren<QTreeView>(window)) {
+    const auto views = visibleChildren<QTreeView>(window);
+    for (const QTreeView *view : views) {
         addClippedTitles(clipped, *view);
     }
     return clipped;

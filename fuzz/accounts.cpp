@@ -80,10 +80,12 @@ void Target::run(const QByteArray &input)
     requireEqual(text(describe(actualGroups)), text(groups), "The groups");
     requireEqual(text(warnings), text(expected.warnings), "The warnings");
 
-    for (const UserInfo &user : actualUsers.mid(0, mostReloads)) {
+    const QList<UserInfo> firstUsers = actualUsers.mid(0, mostReloads);
+    for (const UserInfo &user : firstUsers) {
         reload(user);
     }
-    for (const GroupInfo &group : actualGroups.mid(0, mostReloads)) {
+    const QList<GroupInfo> firstGroups = actualGroups.mid(0, mostReloads);
+    for (const GroupInfo &group : firstGroups) {
         reload(group);
     }
 }

@@ -35,8 +35,9 @@ void printFatalMessage(QtMsgType type, const QMessageLogContext & /*context*/, c
 
 extern "C" int LLVMFuzzerInitialize(int *count, char ***arguments)
 {
-    // It lives as long as the program.
-    static_cast<void>(new QApplication(*count, *arguments));
+    // Never deleted, as windows that targets keep outlive what is static here.
+    static const auto *const application = new QApplication(*count, *arguments);
+    Q_UNUSED(application)
     qInstallMessageHandler(printFatalMessage);
     Target::prepare();
     return 0;

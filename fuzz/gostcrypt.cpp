@@ -19,30 +19,32 @@ extern "C" char *gost_crypt(const char *key, const char *setting);
 
 namespace
 {
-const QByteArray gostPrefix = "$gost12512hash$";
-const QByteArray sha512Prefix = "$6$";
+constexpr char gostPrefix[] = "$gost12512hash$";
+constexpr int gostPrefixLength = sizeof(gostPrefix) - 1;
+constexpr char sha512Prefix[] = "$6$";
 constexpr int longestSystemKey = 511;
 constexpr int hashLength = 86;
 
 /** @p setting, but with no more rounds than can be waited for; those that are refused stay. */
 QByteArray withFewRounds(const QByteArray &setting)
 {
-    const int begin = gostPrefix.size() + qstrlen("rounds=");
+    const QByteArray rounds = setting.mid(gostPrefixLength, 7);
+    const int begin = gostPrefixLength + rounds.size();
     const int end = setting.indexOf('$', begin);
-    if (setting.mid(gostPrefix.size(), 7) != "rounds=" || end < 0) {
+    if (rounds != "rounds=" || end < 0) {
         return setting;
     }
     bool isNumber = false;
-    const uint rounds = setting.mid(begin, end - begin).toUInt(&isNumber);
-    const bool isMuch = isNumber && rounds > 2000 && rounds <= 999999999;
-    return isMuch ? setting.left(begin) + QByteArray::number(1000 + rounds % 1000) + setting.mid(end) : setting;
+    const uint number = setting.mid(begin, end - begin).toUInt(&isNumber);
+    const bool isMuch = isNumber && number > 2000 && number <= 999999999;
+    return isMuch ? setting.left(begin) + QByteArray::number(1000 + number % 1000) + setting.mid(end) : setting;
 }
 
 /** A byte array with the hash; a null one when it was refused. */
 QByteArray gostHash(const QByteArray &key, const QByteArray &setting)
 {
     errno = 0;
-    const QByteArray hash = gost_crypt(key.constData(), setting.constData());
+    QByteArray hash = gost_crypt(key.constData(), setting.constData());
     require(hash.isNull() == (errno == EINVAL), QStringLiteral("What is refused is an invalid argument"));
     return hash;
 }
@@ -63,7 +65,8 @@ void checkForm(const QByteArray &hash)
     require(hash.startsWith(gostPrefix), QStringLiteral("A hash begins with its method"));
     const int separator = hash.lastIndexOf('$');
     require(hash.size() == separator + 1 + hashLength, QStringLiteral("A hash has 86 characters"));
-    for (const char c : hash.mid(separator + 1)) {
+    const QByteArray value = hash.mid(separator + 1);
+    for (const char c : value) {
         require(alphabet.contains(c), QStringLiteral("A hash is made of 64 characters"));
     }
 }
@@ -85,7 +88,7 @@ void Target::run(const QByteArray &input)
         return;
     }
     if (key.size() <= longestSystemKey) {
-        compareWithSystem(key, sha512Prefix + setting.mid(gostPrefix.size()));
+        compareWithSystem(key, sha512Prefix + setting.mid(gostPrefixLength));
     }
     if (!hash.isNull()) {
         checkForm(hash);

@@ -73,8 +73,8 @@ QString rangeToolTip(const QString &domain, int position, const QString &text)
 QString toolTipOf(const QString &domain)
 {
     const bool isGroup = domain.startsWith(QLatin1Char('@'));
-    const QString range = isGroup ? rangeToolTip(domain, 1, QStringLiteral("Group GID range from %1 to %2"))
-                                  : rangeToolTip(domain, 0, QStringLiteral("User UID range from %1 to %2"));
+    QString range = isGroup ? rangeToolTip(domain, 1, QStringLiteral("Group GID range from %1 to %2"))
+                            : rangeToolTip(domain, 0, QStringLiteral("User UID range from %1 to %2"));
     if (!range.isNull()) {
         return range;
     }

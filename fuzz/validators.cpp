@@ -122,7 +122,8 @@ void Target::run(const QByteArray &input)
     require(expression, QStringLiteral("The validator has an expression"));
     const QRegularExpression whole(QLatin1String("\\A(?:") + expression->regularExpression().pattern()
                                    + QLatin1String(")\\z"));
-    for (const QByteArray &line : lines.mid(1, mostTexts)) {
+    const QList<QByteArray> texts = lines.mid(1, mostTexts);
+    for (const QByteArray &line : texts) {
         const QString text = unescaped(line);
         checkUserName(*userName, whole, text);
         checkName(*groupName, text, groupNameState(text));

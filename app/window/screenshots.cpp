@@ -78,6 +78,11 @@ std::unique_ptr<QWidget> selectIcon()
     return dialog;
 }
 
+std::unique_ptr<QWidget> about()
+{
+    return std::unique_ptr<QWidget>(About::createDialog());
+}
+
 struct Dialog {
     const char *name;
     std::unique_ptr<QWidget> (*create)();
@@ -89,7 +94,7 @@ const Dialog dialogs[] = {
     {"dialog-select-groups", [] { return selectGroups(false); }},
     {"dialog-select-one-group", [] { return selectGroups(true); }},
     {"dialog-select-icon", selectIcon},
-    {"dialog-about", []() -> std::unique_ptr<QWidget> { return std::unique_ptr<QWidget>(About::createDialog()); }},
+    {"dialog-about", about},
 };
 
 /** Takes pictures of what is shown until one of them cannot be written. */

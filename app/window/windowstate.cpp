@@ -49,10 +49,12 @@ void WindowState::save(const MainWindow &window)
     Settings settings;
     settings.setValue(geometryKey(), window.saveGeometry());
     settings.setValue(pageKey(), window.pages()->currentIndex());
-    for (const QSplitter *splitter : parts<QSplitter>(window)) {
+    const auto splitters = parts<QSplitter>(window);
+    for (const QSplitter *splitter : splitters) {
         settings.setValue(splitterKey(*splitter), splitter->saveState());
     }
-    for (const AccountList *list : parts<AccountList>(window)) {
+    const auto lists = parts<AccountList>(window);
+    for (const AccountList *list : lists) {
         list->saveState(settings);
     }
 }
@@ -62,10 +64,12 @@ void WindowState::restore(MainWindow &window)
     const Settings settings;
     window.restoreGeometry(settings.value(geometryKey()).toByteArray());
     window.pages()->setCurrentIndex(settings.value(pageKey()).toInt());
-    for (QSplitter *splitter : parts<QSplitter>(window)) {
+    const auto splitters = parts<QSplitter>(window);
+    for (QSplitter *splitter : splitters) {
         splitter->restoreState(settings.value(splitterKey(*splitter)).toByteArray());
     }
-    for (AccountList *list : parts<AccountList>(window)) {
+    const auto lists = parts<AccountList>(window);
+    for (AccountList *list : lists) {
         list->restoreState(settings);
     }
 }
