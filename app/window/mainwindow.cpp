@@ -33,14 +33,14 @@ namespace
 {
 struct Step {
     KLazyLocalizedString progress;
-    void (AccountStore::*read)();
+    void (*read)(AccountStore &store);
 };
 
 // The limits come first, since the pages of accounts show them, too.
 const Step steps[] = {
-    {kli18n("Reading the limits…"), &AccountStore::readLimits},
-    {kli18n("Reading the users…"), &AccountStore::readUsers},
-    {kli18n("Reading the groups…"), &AccountStore::readGroups},
+    {kli18n("Reading the limits…"), [](AccountStore &store) { store.readLimits(); }},
+    {kli18n("Reading the users…"), [](AccountStore &store) { store.readUsers(); }},
+    {kli18n("Reading the groups…"), [](AccountStore &store) { store.readGroups(); }},
 };
 constexpr int stepCount = std::size(steps);
 }
@@ -188,7 +188,7 @@ void MainWindow::startStep(int step)
     m_progress->setText(steps[step].progress.toString());
     QTimer::singleShot(0, this, [this, step] {
         m_progress->repaint();
-        (m_store->*steps[step].read)();
+        steps[step].read(*m_store);
         startStep(step + 1);
     });
 }
