@@ -50,9 +50,9 @@ public:
     const QString &name() const;
 
     /**
-     * @return the login names of the members, each once: the explicit members in
-     * the order of the group line, then the accounts whose primary group it is in
-     * the order of @c /etc/passwd.
+     * @return the login names of the members, decoded as Latin-1, each once: the explicit
+     * members in the order of the group line, then the accounts whose primary group it is
+     * in the order of @c /etc/passwd.
      */
     const QStringList &users() const;
 
@@ -66,7 +66,7 @@ public:
     bool isSystem() const;
 
     /**
-     * Asks the name service (@c getpwnam) for the account @p userName.
+     * Asks the name service (@c getpwnam) for the account @p userName, encoded as Latin-1.
      *
      * @return whether this is the primary group of that account; false for an unknown
      * account and, without a lookup, for an empty record.
@@ -120,6 +120,8 @@ public:
      *
      * @return for every gid that is somebody's primary group, the login names of those
      * accounts in file order; an empty map, with a warning, when the file cannot be opened.
+     *
+     * Costs one read of @c /etc/passwd, whatever the number of groups.
      */
     static QHash<uint, QStringList> getPrimaryGroups();
 

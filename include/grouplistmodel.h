@@ -40,6 +40,10 @@
  * reloadGroup() after a change. When they cannot be read it is empty, with the warning of
  * GroupInfo::getGroups(). Nothing here changes a group.
  *
+ * To make a model costs as much as reload(). Names are compared one by one: findGroup(),
+ * selectedGroupNames(), reloadGroup(), removeRows() for each row, and whatever applies the filter take
+ * a pass over the groups. Other operations do not depend on their number, but for what is said there.
+ *
  * To be used on the GUI thread, like the views.
  */
 class ORMELUSERSQT_EXPORT GroupListModel : public QAbstractTableModel

@@ -35,6 +35,11 @@ class GroupSelectDialog;
  *
  * It is the counterpart of UserSelectDialog, with the groups of a GroupListModel. One thing differs:
  * selectedGroupNames() are the checked groups in single selection mode, too.
+ *
+ * To make a dialog costs one GroupInfo::getGroups(); when the groups cannot be read there are none
+ * to pick, and nothing tells the operator. The lock of a row costs nothing.
+ *
+ * Like all widgets it belongs to the GUI thread.
  */
 class ORMELUSERSQT_EXPORT GroupSelectDialog : public QDialog
 {

@@ -107,7 +107,7 @@ public:
      */
     bool readLimitsConf(QString &error);
 
-    /** @return the rules in the order of the files and of the lines in them. */
+    /** @return the rules in the order of the files and of the lines in them. The list is shared, not copied. */
     QList<Field> fields() const;
 
     /**
@@ -153,7 +153,8 @@ public:
      * Gives the text that shows @p value, a value of @p item: an integer with its unit or, for a
      * Boolean, "Enabled" or "Disabled", translated; the value's own text for every other item.
      *
-     * An unlimited value has no text of its own: it shows as -1, with the item's unit.
+     * An unlimited value has no text of its own: it shows as -1, with the item's unit. A null
+     * @p value shows as 0 where there is a unit, as "Disabled" for a Boolean, and else as an empty text.
      */
     static QString valueToString(const QVariant &value, const QString &item);
 
@@ -166,7 +167,12 @@ public:
      */
     static QString typeToolTip(const QString &type);
 
-    /** @return whom @p domain is for. */
+    /**
+     * Tells whom @p domain is for: the range of user ids or group ids that it names, everybody for
+     * "*", the group behind a leading "@", or else the user of that name. No account is looked up.
+     *
+     * @return plain text in the language of the moment of the call; it is never empty.
+     */
     static QString domainToolTip(const QString &domain);
 
     /** @return the names of the catalogue's items in ascending order. Built on each call. */

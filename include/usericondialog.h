@@ -52,7 +52,11 @@ public:
     explicit UserIconDialog(QWidget *parent = nullptr);
     ~UserIconDialog() override;
 
-    /** Shows @p pixmap with the largest square in its middle selected, and enables Ok; null shows nothing. */
+    /**
+     * Shows @p pixmap with the largest square in its middle selected, and enables Ok; null shows nothing.
+     *
+     * Keeps one copy of it as an image, four bytes for each of its pixels. Its size is not limited.
+     */
     void setPixmap(const QPixmap &pixmap);
 
     /**

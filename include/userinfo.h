@@ -101,6 +101,8 @@ public:
      * encoded as Latin-1.
      *
      * @return the record; an empty one, without a message, when there is no such account.
+     *
+     * Costs one account lookup and what getUser(passwd *) does.
      */
     static UserInfo getUser(const QString &name);
 
@@ -128,15 +130,21 @@ public:
      *
      * @param entry must not be null
      * @return the groups, each with all its members; an empty list when memory ran out.
+     *
+     * Costs one @c getgrouplist, two lookups for each group (@c getgrgid and @c getgrnam) and one
+     * read of @c /etc/passwd.
      */
     static QList<GroupInfo> getUserGroups(passwd *entry);
 
     /**
-     * Looks the account up again by its current name and takes over everything but the name.
+     * Looks the account up again by its current name (@c getpwnam), and its primary group
+     * (@c getgrgid), and takes over everything but the name.
      *
      * The account and its primary group must exist: unlike getUser(), this does not check, and
      * a missing one crashes. Call it for an account known to exist, for example right after
      * creating or changing it.
+     *
+     * Costs the same as getUser() by name.
      */
     void reload();
 

@@ -37,6 +37,10 @@
  * reloadUser() after a change. When they cannot be read it is empty, with the warning of
  * UserInfo::getUsers(). Nothing here changes an account.
  *
+ * To make a model costs as much as reload(). Names are compared one by one: findUser(),
+ * selectedUserNames(), reloadUser(), removeRows() for each row, and whatever applies the filter take
+ * a pass over the users. Other operations do not depend on their number, but for what is said there.
+ *
  * To be used on the GUI thread, like the views.
  */
 class ORMELUSERSQT_EXPORT UserListModel : public QAbstractTableModel

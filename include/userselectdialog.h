@@ -40,6 +40,12 @@ class UserSelectDialog;
  * In multiple selection mode, that of a new dialog, the result are the users with a check mark. In
  * single selection mode there are no check boxes and it is the current row. A double-click
  * accepts the dialog in either mode; see activatedUserName().
+ *
+ * To make a dialog costs one UserInfo::getUsers(); when the accounts cannot be read there are
+ * none to pick, and nothing tells the operator. With a group, a row makes account lookups whenever
+ * it is drawn or laid out; see UserListModel::flags().
+ *
+ * Like all widgets it belongs to the GUI thread.
  */
 class ORMELUSERSQT_EXPORT UserSelectDialog : public QDialog
 {

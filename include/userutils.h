@@ -29,6 +29,9 @@ class QValidator;
  * @endcode
  *
  * No result is cached and nothing is logged.
+ *
+ * The validators belong to the thread that makes them. All operations may be called from several
+ * threads at once, but for saltPassword().
  */
 class ORMELUSERSQT_EXPORT UserUtils
 {
@@ -74,7 +77,7 @@ public:
 
     /**
      * Draws one of the 64 characters of which salts are made (letters, digits, "." and "/"), each
-     * with the same probability, from the operating system's secure random source.
+     * with the same probability, from the operating system's secure random source. It does not fail.
      */
     static char saltCharacter();
 
