@@ -17,6 +17,7 @@
 #include <QValidator>
 
 #include <cerrno>
+#include <cstdarg>
 #include <memory>
 
 #include <fcntl.h>
@@ -37,8 +38,11 @@ extern "C" Q_DECL_EXPORT int open64(const char *path, int flags, ...)
         errno = EINTR;
         return -1;
     }
-    // The library creates no file: there is no mode.
-    return next(path, flags);
+    va_list arguments;
+    va_start(arguments, flags);
+    const auto mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+    va_end(arguments);
+    return next(path, flags, mode);
 }
 
 namespace

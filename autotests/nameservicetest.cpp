@@ -149,7 +149,9 @@ void NameServiceTest::givesWhatTheServiceSays_data()
             QStringLiteral("%1 | 7000 | 7000 | %2 | %3 | %4")
                 .arg(longText('u'), longText('g'), longText('h'), longText('s')));
     answers("crowd", QStringLiteral("crew(7000: alice ghost %1)").arg(crowd().join(QLatin1Char(' '))), ghostFields);
+#ifndef __SANITIZE_ADDRESS__ // it reads the names itself
     answers("nulls", QStringLiteral("crew(7000: )"), QStringLiteral("null | 7000 | 7000 | null | null | null"));
+#endif
     // Each answer gives another number: the id leads to one name, the name to another one. Within one
     // call neither is asked for again.
     row("changes",
