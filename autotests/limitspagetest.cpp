@@ -169,6 +169,7 @@ void LimitsPageTest::readsAnew()
     Page page;
     QCOMPARE(shownRows(*page.rules), QStringList());
     QVERIFY(page.shows("limitsError"));
+    QVERIFY(!page.shows("noFindings"));
     QFile::setPermissions(limitsPath(), QFile::ReadOwner | QFile::WriteOwner);
     page.store.readLimits();
     QCOMPARE(shownRows(*page.rules).size(), 5);

@@ -139,7 +139,8 @@ void LimitsPage::showFindings()
     }
     m_findings->setRows(rows);
     m_findings->setVisible(!rows.isEmpty());
-    Messages::show(*m_noFindings, rows.isEmpty() ? i18n("Every line is taken as it is written.") : QString());
+    const bool allIsWell = rows.isEmpty() && m_store->limitsError().isEmpty();
+    Messages::show(*m_noFindings, allIsWell ? i18n("Every line is taken as it is written.") : QString());
 }
 
 void LimitsPage::explain(const QTreeWidgetItem *rule)
