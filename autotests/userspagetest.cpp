@@ -459,6 +459,12 @@ void UsersPageTest::reportsFilesThatCannotBeRead()
     QCOMPARE(message->text(), QStringLiteral("<qt>Cannot read '/etc/group': No such file or directory</qt>"));
     QCOMPARE(page.names().size(), 5);
 
+    Sandbox::remove(passwdPath());
+    page.reload();
+    QCOMPARE(message->text(),
+             QStringLiteral("<qt>Cannot read '/etc/passwd': No such file or directory<br>"
+                            "Cannot read '/etc/group': No such file or directory</qt>"));
+
     Sandbox::setAccounts(usersFile, groupsFile);
     page.reload();
     QVERIFY(!message->isVisible());

@@ -18,13 +18,14 @@ namespace
 /** The models tell nothing but that they are empty when a file cannot be read. */
 QString readError()
 {
+    QStringList errors;
     for (const auto &path : {QStringLiteral("/etc/passwd"), QStringLiteral("/etc/group")}) {
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly)) {
-            return i18n("Cannot read '%1': %2", path, file.errorString());
+            errors.append(i18n("Cannot read '%1': %2", path, file.errorString()));
         }
     }
-    return {};
+    return errors.join(QLatin1Char('\n'));
 }
 
 /** A new model has read the accounts already. */

@@ -48,7 +48,7 @@ public:
     /** What is odd about the limits files. */
     const QList<LimitsFinding> &limitsFindings() const;
 
-    /** Why the account files cannot be read; empty when they can. */
+    /** Why account files cannot be read, a line for each that cannot; empty when all can. */
     const QString &accountsError() const;
 
     /** Why not all limits files could be read; empty when they could. */
