@@ -11,6 +11,7 @@
 #include "dialogparts.h"
 #include "generatedaccounts.h"
 #include "limitsfixtures.h"
+#include "modellog.h"
 #include "pageparts.h"
 #include "sandbox.h"
 #include "windowparts.h"
@@ -122,6 +123,8 @@ private Q_SLOTS:
     void readsAgainAtF5();
     void readsOnceAtATime();
     void canBeClosedWhileReading();
+    void listsNewAccountOnItsPageOnly();
+    void readsNameRulesAgain();
     void startsInList();
     void hasMenus();
     void leadsToPagesByKeys();
@@ -241,6 +244,53 @@ void MainWindowTest::canBeClosedWhileReading()
     }
     QVERIFY(!QApplication::overrideCursor());
     QCoreApplication::processEvents();
+}
+
+void MainWindowTest::listsNewAccountOnItsPageOnly()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    auto *filter = part<QComboBox>(*window.pages()->currentWidget(), "filterComboBox");
+    QTest::keyClick(filter, Qt::Key_Down);
+    const QStringList ordinary = shownRows(*accountsView(window));
+    QCOMPARE(ordinary, QStringList({text("ada|1000|No"), text("bob|1001|No")}));
+
+    QTest::keyClick(&window, Qt::Key_4, Qt::AltModifier);
+    QWidget *page = window.pages()->currentWidget();
+    QTest::keyClicks(part<QLineEdit>(*page, "userNameEdit"), text("new"));
+    auto *existing = part<QTreeView>(*page, "usersView");
+    QCOMPARE(shownNames(*existing->model()), text("ada bob root new"));
+
+    QTest::keyClick(&window, Qt::Key_1, Qt::AltModifier);
+    QCOMPARE(shownRows(*accountsView(window)), ordinary);
+    QTest::keyClick(filter, Qt::Key_End);
+    QCOMPARE(shownRows(*accountsView(window)), QStringList(text("ada|1000|No")));
+    QCOMPARE(shownNames(*existing->model()), text("ada bob root new"));
+
+    Sandbox::setAccounts("eve:x:1002:50::/:/bin/sh\n", "staff:x:50:\n");
+    window.reload();
+    QVERIFY(waitUntilRead(window));
+    QCOMPARE(shownNames(*existing->model()), text("eve"));
+    window.pages()->setCurrentWidget(page);
+    QCOMPARE(shownNames(*existing->model()), text("eve new"));
+}
+
+void MainWindowTest::readsNameRulesAgain()
+{
+    Sandbox::remove(text("/etc/adduser.conf"));
+    MainWindow window;
+    QVERIFY(open(window));
+    window.pages()->setCurrentIndex(3);
+    QWidget *page = window.pages()->currentWidget();
+    QTest::keyClicks(part<QLineEdit>(*page, "userNameEdit"), text("new"));
+    const auto *note = part<QLabel>(*page, "userNameEditNote");
+    QVERIFY(!note->isVisible());
+    Sandbox::write(text("/etc/adduser.conf"), "NAME_REGEX=\"[0-9]+\"\n");
+    window.reload();
+    QVERIFY(waitUntilRead(window));
+    QVERIFY(note->isVisible());
+    QVERIFY(note->text().contains(text("[0-9]+")));
+    Sandbox::remove(text("/etc/adduser.conf"));
 }
 
 void MainWindowTest::startsInList()

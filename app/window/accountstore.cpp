@@ -52,6 +52,8 @@ void AccountStore::readUsers()
 {
     m_accountsError = readError();
     readInto(m_users, this);
+    readInto(m_usersBesideNewOne, this);
+    m_usersBesideNewOne->setFilter(UserListModel::All);
     Q_EMIT usersRead();
 }
 
@@ -71,6 +73,11 @@ UserListModel *AccountStore::users() const
 GroupListModel *AccountStore::groups() const
 {
     return m_groups;
+}
+
+UserListModel *AccountStore::usersBesideNewOne() const
+{
+    return m_usersBesideNewOne;
 }
 
 QStringList AccountStore::primaryMembers(const GroupInfo &group) const

@@ -77,7 +77,10 @@ void MainWindow::addPages()
     addPage(new GroupsPage(m_store), "groups", i18nc("@title:tab also in a menu", "&Groups"));
     addPage(new LimitsPage(m_store), "limits", i18nc("@title:tab also in a menu", "&Limits"));
     auto *newAccount = new NewAccountPage;
-    connect(m_store, &AccountStore::usersRead, newAccount, [=] { newAccount->setModel(m_store->users()); });
+    connect(m_store, &AccountStore::usersRead, newAccount, [=] {
+        newAccount->readRules();
+        newAccount->setModel(m_store->usersBesideNewOne());
+    });
     addPage(newAccount, "new-account", i18nc("@title:tab also in a menu", "&New Account"));
     addPage(new ChoosePage, "choose", i18nc("@title:tab also in a menu", "&Choose"));
 }
