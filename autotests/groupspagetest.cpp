@@ -7,6 +7,7 @@
 #include "accountfixtures.h"
 #include "accountstore.h"
 #include "dialogparts.h"
+#include "icontheme.h"
 #include "limitsfixtures.h"
 #include "sandbox.h"
 #include "windowparts.h"
@@ -102,11 +103,13 @@ void GroupsPageTest::init()
 
 void GroupsPageTest::isEmptyBeforeGroupsAreRead()
 {
+    const IconTheme theme({text("group"), text("group-system")});
     AccountStore store;
     GroupsPage page(&store);
     page.show();
     QCOMPARE(part<QLabel>(page, "title")->text(), text("No group is selected"));
     QVERIFY(!store.groups());
+    QVERIFY(part<QLabel>(page, "picture")->pixmap(Qt::ReturnByValue).isNull());
 }
 
 void GroupsPageTest::listsGroupsByName()
@@ -138,9 +141,11 @@ void GroupsPageTest::filtersByName()
 
 void GroupsPageTest::showsGroup()
 {
+    const IconTheme theme({text("group"), text("group-system")});
     Page page;
     page.select("staff");
     QCOMPARE(page.title(), text("staff"));
+    QVERIFY(!part<QLabel>(page.page, "picture")->pixmap(Qt::ReturnByValue).isNull());
     QCOMPARE(fieldText(page.page, "GID:"), text("50"));
     QVERIFY(part<QLabel>(page.page, "systemMark")->isVisible());
     page.select("club");

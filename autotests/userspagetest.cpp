@@ -18,6 +18,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QComboBox>
+#include <QImageWriter>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTemporaryDir>
@@ -92,11 +93,22 @@ struct Page {
         return names;
     }
 
+    QPixmap shownPicture() const
+    {
+        return part<QLabel>(page, "picture")->pixmap(Qt::ReturnByValue);
+    }
+
+    /** The picture of the current user, which comes later than the details. */
+    QPixmap picture() const
+    {
+        return QTest::qWaitFor([this] { return !shownPicture().isNull(); }) ? shownPicture() : QPixmap();
+    }
+
     /** The colour in the middle of the picture. */
     QColor pictureColour() const
     {
-        const QPixmap picture = part<QLabel>(page, "picture")->pixmap(Qt::ReturnByValue);
-        return picture.toImage().pixelColor(picture.rect().center());
+        const QPixmap shown = picture();
+        return shown.toImage().pixelColor(shown.rect().center());
     }
 
     AccountStore store;
@@ -127,6 +139,9 @@ private Q_SLOTS:
     void tellsThatNoLimitApplies();
     void tellsThatLimitsAreIncomplete();
     void showsOwnPicture();
+    void showsDetailsBeforePicture();
+    void showsNoPictureOfNobody();
+    void showsTurnedPicture();
     void keepsStockPictureOfUser();
     void passesOverFacesThatAreNoPictures();
     void showsSignWithoutPicture();
@@ -251,11 +266,14 @@ void UsersPageTest::showsTextAsItIs()
     page.select("bob");
     QCOMPARE(fieldText(page.page, "Full name:"), QStringLiteral("<b>Bob</b> &amp; co"));
     const QList<QLabel *> labels = page.page.findChildren<QLabel *>();
+    int withName = 0;
     for (const QLabel *label : labels) {
         if (label->text().contains(QLatin1String("Bob"))) {
             QCOMPARE(label->textFormat(), Qt::PlainText);
+            ++withName;
         }
     }
+    QVERIFY(withName > 0);
 }
 
 void UsersPageTest::showsDashesForWhatIsMissing()
@@ -341,12 +359,63 @@ void UsersPageTest::showsOwnPicture()
     writePicture(home.filePath(QStringLiteral(".face.icon")), Qt::green);
     Page page;
     QCOMPARE(page.pictureColour(), QColor(Qt::green));
-    const QPixmap picture = part<QLabel>(page.page, "picture")->pixmap(Qt::ReturnByValue);
-    QCOMPARE(picture.size() / picture.devicePixelRatio(), QSize(96, 64));
+    QCOMPARE(page.picture().size() / page.picture().devicePixelRatio(), QSize(96, 64));
 
     writePicture(home.filePath(QStringLiteral(".face")), Qt::red);
     page.reload();
     QCOMPARE(page.pictureColour(), QColor(Qt::red));
+}
+
+void UsersPageTest::showsDetailsBeforePicture()
+{
+    writePicture(facesPath + QStringLiteral("/stock.png"), Qt::blue);
+    QTemporaryDir home;
+    writePicture(home.filePath(QStringLiteral(".face")), Qt::red);
+    Sandbox::setAccounts("ada:x:1000:50::" + QFile::encodeName(home.path()) + ":/bin/sh\nbob:x:1001:50:Bob:/:/bin/sh\n",
+                         "staff:x:50:\n");
+    Page page;
+    QCOMPARE(page.pictureColour(), QColor(Qt::red));
+    page.select("bob");
+    QCOMPARE(fieldText(page.page, "Full name:"), QStringLiteral("Bob"));
+    QVERIFY(page.shownPicture().isNull());
+    QCOMPARE(page.pictureColour(), QColor(Qt::blue));
+    page.select("ada");
+    page.select("bob");
+    page.select("ada");
+    QVERIFY(page.shownPicture().isNull());
+    QCOMPARE(page.pictureColour(), QColor(Qt::red));
+    QVERIFY(!QApplication::overrideCursor());
+}
+
+void UsersPageTest::showsNoPictureOfNobody()
+{
+    writePicture(facesPath + QStringLiteral("/stock.png"), Qt::blue);
+    AccountStore store;
+    UsersPage empty(&store);
+    empty.show();
+    QTest::qWait(200);
+    QVERIFY(part<QLabel>(empty, "picture")->pixmap(Qt::ReturnByValue).isNull());
+
+    Page page;
+    QCOMPARE(page.pictureColour(), QColor(Qt::blue));
+    QTest::keyClicks(page.nameFilter, QStringLiteral("no such user"));
+    QCOMPARE(page.title(), QStringLiteral("No user is selected"));
+    QTest::qWait(200);
+    QVERIFY(page.shownPicture().isNull());
+    QCOMPARE(part<QLabel>(page.page, "picture")->text(), QString());
+}
+
+void UsersPageTest::showsTurnedPicture()
+{
+    QTemporaryDir home;
+    Sandbox::setAccounts("ada:x:1000:50::" + QFile::encodeName(home.path()) + ":/bin/sh\n", "staff:x:50:\n");
+    QImage picture(300, 200, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    QImageWriter writer(home.filePath(QStringLiteral(".face")), "jpg");
+    writer.setTransformation(QImageIOHandler::TransformationRotate90);
+    QVERIFY(writer.write(picture));
+    Page page;
+    QCOMPARE(page.picture().size() / page.picture().devicePixelRatio(), QSize(64, 96));
 }
 
 void UsersPageTest::keepsStockPictureOfUser()
@@ -356,6 +425,7 @@ void UsersPageTest::keepsStockPictureOfUser()
     }
     Page page;
     const QColor first = page.pictureColour();
+    QVERIFY(first.isValid());
     for (int i = 0; i < 10; ++i) {
         page.select("bob");
         page.select("ada");
@@ -382,7 +452,7 @@ void UsersPageTest::showsSignWithoutPicture()
 {
     const IconTheme theme({QStringLiteral("user"), QStringLiteral("user-system")});
     Page page;
-    QVERIFY(!part<QLabel>(page.page, "picture")->pixmap(Qt::ReturnByValue).isNull());
+    QVERIFY(!page.picture().isNull());
     QCOMPARE(part<QLabel>(page.page, "picture")->accessibleName(), QStringLiteral("No picture"));
 }
 
@@ -390,7 +460,7 @@ void UsersPageTest::showsTextWithoutPictureAndIcon()
 {
     const IconTheme theme({});
     Page page;
-    QCOMPARE(part<QLabel>(page.page, "picture")->text(), QStringLiteral("No picture"));
+    QTRY_COMPARE(part<QLabel>(page.page, "picture")->text(), QStringLiteral("No picture"));
 }
 
 void UsersPageTest::followsKeyboard()

@@ -94,8 +94,8 @@ void GroupsPage::showDetails(const GroupInfo &group)
 {
     const bool known = !group.isEmpty();
     m_details->setTitle(known ? group.name() : i18n("No group is selected"));
-    const QString icon = group.isSystem() ? QStringLiteral("group-system") : QStringLiteral("group");
-    m_details->setPicture(QIcon::fromTheme(icon).pixmap(m_details->pictureSize()));
+    const QIcon icon = QIcon::fromTheme(group.isSystem() ? QStringLiteral("group-system") : QStringLiteral("group"));
+    m_details->setPicture(known ? icon.pixmap(m_details->pictureSize()) : QPixmap());
     m_system->setVisible(known && group.isSystem());
     Details::setText(*m_gid, known ? QString::number(group.gid()) : QString());
 }
