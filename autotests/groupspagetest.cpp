@@ -184,12 +184,12 @@ void GroupsPageTest::showsLimitsOfGroup()
     page.select("staff");
     QCOMPARE(shownRows(*page.limits),
              QStringList({
-                 text("core|0|0 KB|Maximum core file size."),
-                 text("maxlogins|3|3|Maximum number of logins for this user."),
-                 text("memlock|64|64 KB|Maximum locked-in-memory address space."),
+                 text("core|0|0 KB|*|Maximum core file size."),
+                 text("maxlogins|3|3|%staff|Maximum number of logins for this user."),
+                 text("memlock|64|64 KB|@staff|Maximum locked-in-memory address space."),
              }));
     page.select("ada");
-    QCOMPARE(shownRows(*page.limits), QStringList(text("core|0|0 KB|Maximum core file size.")));
+    QCOMPARE(shownRows(*page.limits), QStringList(text("core|0|0 KB|*|Maximum core file size.")));
 }
 
 void GroupsPageTest::keepsCurrentGroupOnReload()

@@ -136,6 +136,7 @@ private Q_SLOTS:
     void showsDashesForWhatIsMissing();
     void marksAdministratorsAndSystemAccounts();
     void showsLimitsWithExplanations();
+    void tellsWhichRuleApplies();
     void tellsThatNoLimitApplies();
     void tellsThatLimitsAreIncomplete();
     void showsOwnPicture();
@@ -309,15 +310,43 @@ void UsersPageTest::showsLimitsWithExplanations()
     page.select("bob");
     QCOMPARE(shownRows(*page.limits),
              QStringList({
-                 QStringLiteral("core|0|0 KB|Maximum core file size."),
-                 QStringLiteral("memlock|64|64 KB|Maximum locked-in-memory address space."),
-                 QStringLiteral("nproc|-1|-1|Maximum number of processes."),
+                 QStringLiteral("core|0|0 KB|*|Maximum core file size."),
+                 QStringLiteral("memlock|64|64 KB|@audio|Maximum locked-in-memory address space."),
+                 QStringLiteral("nproc|-1|-1|bob|Maximum number of processes."),
              }));
     const QString toolTip = QStringLiteral("<qt>Maximum core file size.</qt>");
-    QCOMPARE(toolTips(*page.limits, 0), QStringList({toolTip, toolTip, toolTip, toolTip}));
+    QCOMPARE(toolTips(*page.limits, 0),
+             QStringList({toolTip, toolTip, toolTip, QStringLiteral("<qt>All users</qt>"), toolTip}));
 
     page.select("lost");
-    QCOMPARE(shownRows(*page.limits), QStringList(QStringLiteral("core|0|0 KB|Maximum core file size.")));
+    QCOMPARE(shownRows(*page.limits), QStringList(QStringLiteral("core|0|0 KB|*|Maximum core file size.")));
+}
+
+void UsersPageTest::tellsWhichRuleApplies()
+{
+    Sandbox::setAccounts(QByteArray(usersFile) + "toor:x:0:0::/:/bin/sh\n", groupsFile);
+    Sandbox::write(limitsPath(),
+                   "* - core 1\n* - nproc 1\n* - maxlogins 1\n* - locks 1\n"
+                   "%audio - maxlogins 2\n%audio - locks 2\n"
+                   "@audio - nproc 3\n@ormel-admin - nproc 4\n"
+                   "//:// - nproc 5\n1000:2000 - nproc 6\n@//:// - stack 7\n"
+                   "ada hard core 1\n");
+    Page page;
+    const auto rules = [&page](const char *user) {
+        page.select(user);
+        QStringList rules;
+        const QStringList rows = shownRows(*page.limits);
+        for (const QString &row : rows) {
+            const QStringList cells = row.split(QLatin1Char('|'));
+            rules.append(cells.at(0) + QLatin1Char('=') + cells.at(1) + QLatin1Char(' ') + cells.at(3));
+        }
+        return rules.join(QLatin1String(", "));
+    };
+    QCOMPARE(rules("ada"), QStringLiteral("core=1 ada, locks=1 *, maxlogins=2 %audio, nproc=4 @ormel-admin"));
+    QCOMPARE(rules("bob"), QStringLiteral("core=1 *, locks=1 *, maxlogins=2 %audio, nproc=3 @audio"));
+    QCOMPARE(toolTips(*page.limits, 3).at(3), QStringLiteral("<qt>Group name: &quot;audio&quot;</qt>"));
+    QCOMPARE(rules("lost"), QStringLiteral("core=1 *, locks=1 *, maxlogins=1 *, nproc=1 *"));
+    QCOMPARE(rules("toor"), QStringLiteral("core=1 *, locks=1 *, maxlogins=1 *, nproc=5 //://, stack=7 @//://"));
 }
 
 void UsersPageTest::tellsThatNoLimitApplies()

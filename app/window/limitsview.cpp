@@ -23,6 +23,7 @@ LimitsView::LimitsView(QWidget *parent)
                             {i18nc("@title:column what is limited", "Item"), Table::Code},
                             {i18nc("@title:column of a limit", "Value"), Table::Code},
                             {i18nc("@title:column a value with its unit", "Limit"), Table::Code},
+                            {i18nc("@title:column whom the rule is for that sets a limit", "Rule"), Table::Code},
                             {i18nc("@title:column", "Description"), Table::Words},
                         },
                         this))
@@ -55,6 +56,7 @@ void LimitsView::show(const QVector<Limit> &limits, const QString &error)
             {limit.item, explanation},
             {limit.value.toString(), explanation},
             {LimitsParser::valueToString(limit.value, limit.item), explanation},
+            {limit.domain, LimitsParser::domainToolTip(limit.domain)},
             {explanation, explanation},
         }));
     }
