@@ -121,6 +121,7 @@ std::unique_ptr<QCoreApplication> makeApplication(bool forWindow, int &argc, cha
     if (!forWindow) {
         return std::make_unique<QCoreApplication>(argc, argv);
     }
+    Icons::useScreenResolution();
     auto application = std::make_unique<QApplication>(argc, argv);
     Icons::setFallback();
     About::setApplicationData();

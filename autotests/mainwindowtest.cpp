@@ -10,6 +10,8 @@
 #include "accountstore.h"
 #include "dialogparts.h"
 #include "generatedaccounts.h"
+#include "icons.h"
+#include "icontheme.h"
 #include "limitsfixtures.h"
 #include "modellog.h"
 #include "pageparts.h"
@@ -114,6 +116,9 @@ class MainWindowTest : public QObject
 {
     Q_OBJECT
 
+public:
+    static void initMain();
+
 private Q_SLOTS:
     void initTestCase();
     void init();
@@ -139,12 +144,18 @@ private Q_SLOTS:
     void namesAllElements();
     void reachesAllElementsByTab();
     void showsRowsWithoutRowsBelow();
+    void drawsPicturesAsSharpAsTheScreen();
     void clipsNothing_data();
     void clipsNothing();
     void mirrors();
     void showsManyAccounts();
     void worksWithoutAccounts();
 };
+
+void MainWindowTest::initMain()
+{
+    Icons::useScreenResolution();
+}
 
 void MainWindowTest::initTestCase()
 {
@@ -502,6 +513,25 @@ void MainWindowTest::showsRowsWithoutRowsBelow()
             QTest::keyClick(view, Qt::Key_Asterisk);
             QVERIFY(!view->isExpanded(first));
         }
+    }
+}
+
+void MainWindowTest::drawsPicturesAsSharpAsTheScreen()
+{
+    const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", text("1"));
+    QImage face(192, 192, QImage::Format_RGB32);
+    face.fill(Qt::blue);
+    Sandbox::clear(text("/usr/share/kiv/faces"));
+    QVERIFY(face.save(text("/usr/share/kiv/faces/stock.png")));
+    const IconTheme theme({text("group"), text("group-system")}, 96);
+    MainWindow window;
+    QVERIFY(open(window));
+    for (const int page : {0, 1}) {
+        window.pages()->setCurrentIndex(page);
+        const auto *picture = part<QLabel>(*window.pages()->currentWidget(), "picture");
+        QTRY_VERIFY(!picture->pixmap(Qt::ReturnByValue).isNull());
+        const qreal ratio = picture->pixmap(Qt::ReturnByValue).devicePixelRatio();
+        QCOMPARE(QString::number(ratio), scale);
     }
 }
 
