@@ -106,6 +106,9 @@ QStringList menuEntries(const QMenu &menu)
     return entries;
 }
 
+/** How many letters lead to parts of each page. */
+const int mnemonicCounts[] = {3, 4, 2, 14, 8};
+
 QString settingsPath()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + text("/ormel-users/window.ini");
@@ -131,6 +134,8 @@ private Q_SLOTS:
     void listsNewAccountOnItsPageOnly();
     void readsNameRulesAgain();
     void startsInList();
+    void startsOnPageWithoutList_data();
+    void startsOnPageWithoutList();
     void hasMenus();
     void leadsToPagesByKeys();
     void leadsToNameFilter();
@@ -141,6 +146,7 @@ private Q_SLOTS:
     void remembersState();
     void survivesSettingsOfOthers();
     void hasUniqueMnemonics();
+    void leadsToPartsByMnemonics();
     void namesAllElements();
     void reachesAllElementsByTab();
     void showsRowsWithoutRowsBelow();
@@ -311,6 +317,27 @@ void MainWindowTest::startsInList()
     QCOMPARE(QApplication::focusWidget(), accountsView(window));
 }
 
+void MainWindowTest::startsOnPageWithoutList_data()
+{
+    QTest::addColumn<int>("page");
+
+    QTest::newRow("limits") << 2;
+    QTest::newRow("new account") << 3;
+    QTest::newRow("choose") << 4;
+}
+
+void MainWindowTest::startsOnPageWithoutList()
+{
+    QFETCH(int, page);
+
+    MainWindow window;
+    window.pages()->setCurrentIndex(page);
+    QVERIFY(open(window));
+    QVERIFY(window.pages()->isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QVERIFY(window.pages()->currentWidget()->isAncestorOf(QApplication::focusWidget()));
+}
+
 void MainWindowTest::hasMenus()
 {
     const MainWindow window;
@@ -450,9 +477,11 @@ void MainWindowTest::hasUniqueMnemonics()
 {
     MainWindow window;
     QVERIFY(open(window));
+    QCOMPARE(window.pages()->count(), int(std::size(mnemonicCounts)));
     for (int page = 0; page < window.pages()->count(); ++page) {
         window.pages()->setCurrentIndex(page);
         QStringList letters = mnemonics(*window.pages()->currentWidget());
+        QCOMPARE(letters.size(), mnemonicCounts[page]);
         const QList<QAction *> menus = window.menuBar()->actions();
         for (const QAction *menu : menus) {
             letters.append(QKeySequence::mnemonic(menu->text()).toString());
@@ -461,6 +490,32 @@ void MainWindowTest::hasUniqueMnemonics()
         QStringList unique = letters;
         unique.removeDuplicates();
         QCOMPARE(letters, unique);
+    }
+}
+
+void MainWindowTest::leadsToPartsByMnemonics()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    const struct {
+        Qt::Key page;
+        Qt::Key letter;
+        const char *part;
+    } keys[] = {
+        {Qt::Key_1, Qt::Key_S, "filterComboBox"},
+        {Qt::Key_1, Qt::Key_N, "filterLineEdit"},
+        {Qt::Key_1, Qt::Key_L, "limitsTable"},
+        {Qt::Key_2, Qt::Key_S, "filterComboBox"},
+        {Qt::Key_2, Qt::Key_N, "filterLineEdit"},
+        {Qt::Key_2, Qt::Key_M, "membersTable"},
+        {Qt::Key_2, Qt::Key_L, "limitsTable"},
+        {Qt::Key_3, Qt::Key_R, "rulesTable"},
+        {Qt::Key_3, Qt::Key_L, "findingsTable"},
+    };
+    for (const auto &key : keys) {
+        QTest::keyClick(&window, key.page, Qt::AltModifier);
+        QTest::keyClick(&window, key.letter, Qt::AltModifier);
+        QCOMPARE(QApplication::focusWidget()->objectName(), text(key.part));
     }
 }
 

@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSettings>
 #include <QSortFilterProxyModel>
@@ -75,12 +76,20 @@ AccountList::AccountList(const QString &name, const QVector<Filter> &filters, QW
     m_view->setItemDelegateForColumn(0, new LeftToRight::Delegate(m_view));
     m_view->sortByColumn(0, Qt::AscendingOrder);
 
+    auto *filterLabel = new QLabel(i18nc("@label:listbox which accounts are shown", "&Show:"), this);
+    filterLabel->setBuddy(m_filterComboBox);
+    auto *nameLabel = new QLabel(i18nc("@label:textbox a part of the names of accounts to show", "&Name:"), this);
+    nameLabel->setBuddy(m_filterLineEdit);
+
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins({});
+    layout->setColumnStretch(1, 1);
     layout->addWidget(m_error, 0, 0, 1, 2);
-    layout->addWidget(m_filterComboBox, 1, 0);
-    layout->addWidget(m_filterLineEdit, 1, 1);
-    layout->addWidget(m_view, 2, 0, 1, 2);
+    layout->addWidget(filterLabel, 1, 0);
+    layout->addWidget(m_filterComboBox, 1, 1);
+    layout->addWidget(nameLabel, 2, 0);
+    layout->addWidget(m_filterLineEdit, 2, 1);
+    layout->addWidget(m_view, 3, 0, 1, 2);
 
     connect(m_filterComboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &AccountList::applyFilter);
     connect(m_filterLineEdit, &QLineEdit::textChanged, m_proxy, &QSortFilterProxyModel::setFilterFixedString);
@@ -107,6 +116,9 @@ void AccountList::focusFilter()
 
 void AccountList::show(QAbstractItemModel *model)
 {
+    if (m_proxy->sourceModel() == model) {
+        return;
+    }
     m_setModelFilter(m_filterComboBox->currentData().toInt());
     m_proxy->setSourceModel(model);
     QHeaderView *header = m_view->header();

@@ -111,6 +111,6 @@ void GroupsPage::showMembers(const GroupInfo &group)
     for (const QString &user : users) {
         rows.append(Table::row({{user, {}}, {primaryMembers.contains(user) ? primaryGroup : member, {}}}));
     }
-    m_membersTitle->setText(i18np("%1 member", "%1 members", rows.size()));
+    m_membersTitle->setText(i18np("%1 &member", "%1 &members", rows.size()));
     m_members->setRows(rows);
 }

@@ -51,7 +51,7 @@ LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
     : QWidget(parent)
     , m_store(store)
     , m_error(Messages::create(KMessageWidget::Error, this))
-    , m_rules(new Table(i18nc("@title of a list", "Rules in the order in which they are read"),
+    , m_rules(new Table(i18nc("@title of a list", "&Rules in the order in which they are read"),
                         {
                             {i18nc("@title:column whom a limit is for", "Domain"), Table::Code},
                             {i18nc("@title:column soft or hard limit", "Type"), Table::Code},
@@ -60,7 +60,7 @@ LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
                             {i18nc("@title:column a value with its unit", "Limit"), Table::Code},
                         },
                         this))
-    , m_findings(new Table(i18nc("@title of a list", "Lines that do not mean what they seem to"),
+    , m_findings(new Table(i18nc("@title of a list", "&Lines that do not mean what they seem to"),
                            {
                                {i18nc("@title:column", "File"), Table::Code},
                                {i18nc("@title:column of a file", "Line"), Table::Code},

@@ -18,7 +18,7 @@ LimitsView::LimitsView(QWidget *parent)
     : QWidget(parent)
     , m_error(Messages::create(KMessageWidget::Warning, this))
     , m_none(new QLabel(i18n("No limit applies."), this))
-    , m_table(new Table(i18nc("@title of a list", "Limits that apply"),
+    , m_table(new Table(i18nc("@title of a list", "&Limits that apply"),
                         {
                             {i18nc("@title:column what is limited", "Item"), Table::Code},
                             {i18nc("@title:column of a limit", "Value"), Table::Code},

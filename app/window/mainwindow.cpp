@@ -207,6 +207,8 @@ void MainWindow::finishReading()
         m_pages->setEnabled(true);
         if (AccountList *list = currentList()) {
             list->focusList();
+        } else {
+            m_pages->setFocus();
         }
     }
     Q_EMIT reloaded();
