@@ -164,8 +164,8 @@ AccountList *MainWindow::currentList() const
 
 bool MainWindow::event(QEvent *event)
 {
-    if (event->type() == QEvent::Paint && !m_painted) {
-        m_painted = true;
+    if (event->type() == QEvent::Paint && !m_started) {
+        m_started = true;
         QTimer::singleShot(0, this, &MainWindow::reload);
     }
     return QMainWindow::event(event);
@@ -176,6 +176,7 @@ void MainWindow::reload()
     if (m_reading) {
         return;
     }
+    m_started = true;
     m_reading = true;
     m_reloadAction->setEnabled(false);
     QApplication::setOverrideCursor(Qt::BusyCursor);

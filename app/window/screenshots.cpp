@@ -140,6 +140,8 @@ bool takePages(Camera &camera)
     QEventLoop reading;
     QObject::connect(&window, &MainWindow::reloaded, &reading, &QEventLoop::quit);
     window.show();
+    // Not every platform has a first paint.
+    window.reload();
     reading.exec();
     QTabWidget &pages = *window.pages();
     for (int page = 0; page < pages.count(); ++page) {
