@@ -96,6 +96,9 @@ void LimitsPageTest::explainsCells()
                           item,
                           item,
                           item}));
+    QCOMPARE(page.rules->model()->index(0, 1).data(Qt::AccessibleDescriptionRole).toString(),
+             text("This is the soft resource limit.\nThis type of limits is used by default and can be "
+                  "changed by the user."));
 }
 
 void LimitsPageTest::takesUnknownWordsForPlainText()

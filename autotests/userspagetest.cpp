@@ -15,8 +15,11 @@
 #include <UserListModel>
 
 #include <KMessageWidget>
+#include <KSqueezedTextLabel>
 
 #include <QAbstractItemModelTester>
+#include <QAccessible>
+#include <QClipboard>
 #include <QComboBox>
 #include <QImageWriter>
 #include <QLabel>
@@ -133,6 +136,7 @@ private Q_SLOTS:
     void filtersByName();
     void showsFieldsOfCurrentUser();
     void showsTextAsItIs();
+    void givesWholeTextOfCutField();
     void showsDashesForWhatIsMissing();
     void marksAdministratorsAndSystemAccounts();
     void showsLimitsWithExplanations();
@@ -275,6 +279,25 @@ void UsersPageTest::showsTextAsItIs()
         }
     }
     QVERIFY(withName > 0);
+}
+
+void UsersPageTest::givesWholeTextOfCutField()
+{
+    const QString home = QLatin1String("/home") + QStringLiteral("/directory").repeated(40);
+    Sandbox::setAccounts("ada:x:1000:50:Ada:" + home.toLatin1() + ":/bin/sh\n", groupsFile);
+    Page page;
+    QVERIFY(QTest::qWaitForWindowActive(&page.page));
+    const auto labels = page.page.findChildren<KSqueezedTextLabel *>();
+    const auto found = std::find_if(
+        labels.begin(), labels.end(), [&home](const KSqueezedTextLabel *label) { return label->fullText() == home; });
+    QVERIFY(found != labels.end());
+    KSqueezedTextLabel *field = *found;
+    QVERIFY(field->isSqueezed());
+    QCOMPARE(QAccessible::queryAccessibleInterface(field)->text(QAccessible::Name), home);
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(field, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), home);
 }
 
 void UsersPageTest::showsDashesForWhatIsMissing()

@@ -18,6 +18,7 @@
 
 #include <QFormLayout>
 #include <QLabel>
+#include <QTextDocumentFragment>
 #include <QVBoxLayout>
 
 namespace
@@ -37,12 +38,12 @@ QTreeWidgetItem *ruleRow(const LimitsParser::Field &rule)
     const QString itemExplanation = LimitsParser::itemToolTip(rule.item);
     QTreeWidgetItem *row = Table::row({
         {rule.domain, LimitsParser::domainToolTip(rule.domain)},
-        {rule.type, rule.type},
+        {rule.type, QTextDocumentFragment::fromHtml(typeExplanation(rule.type)).toPlainText()},
         {rule.item, itemExplanation},
         {value, itemExplanation},
         {LimitsParser::valueToString(rule.value, rule.item), itemExplanation},
     });
-    row->setToolTip(TypeColumn, typeExplanation(rule.type));
+    row->setToolTip(TypeColumn, typeExplanation(rule.type)); // with the line ends of its author
     return row;
 }
 }

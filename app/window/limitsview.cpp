@@ -29,7 +29,6 @@ LimitsView::LimitsView(QWidget *parent)
                         this))
 {
     m_none->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
-    m_none->setEnabled(false);
     m_table->setObjectName(QStringLiteral("limitsTable"));
     m_none->setObjectName(QStringLiteral("noLimits"));
 
