@@ -15,14 +15,16 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSettings>
 #include <QSortFilterProxyModel>
 #include <QTreeView>
 
 namespace
 {
-/** How wide the list stays, in characters. */
+/** How wide the list stays, and how much wider than the titles of its columns. In characters. */
 constexpr int minCharacters = 32;
+constexpr int minSpareCharacters = 8;
 
 /** The list models do not look at the parent when they count rows, and tree views ask about rows below rows. */
 class FlatProxyModel : public QSortFilterProxyModel
@@ -35,6 +37,17 @@ public:
         return parent.isValid() ? 0 : QSortFilterProxyModel::rowCount();
     }
 };
+
+/** How wide a list is that has room for the titles of its columns. */
+int widthOfTitles(const QTreeView &view)
+{
+    int width = 2 * view.frameWidth() + view.verticalScrollBar()->sizeHint().width()
+        + minSpareCharacters * view.fontMetrics().averageCharWidth();
+    for (int column = 0; column < view.header()->count(); ++column) {
+        width += view.header()->sectionSizeHint(column);
+    }
+    return width;
+}
 
 QString settingsKey(const AccountList &list, const char *name)
 {
@@ -125,6 +138,7 @@ void AccountList::show(QAbstractItemModel *model)
     header->setStretchLastSection(false);
     header->setSectionResizeMode(QHeaderView::ResizeToContents);
     header->setSectionResizeMode(0, QHeaderView::Stretch);
+    m_view->setMinimumWidth(qMax(m_view->minimumWidth(), widthOfTitles(*m_view)));
 }
 
 void AccountList::applyFilter()

@@ -152,7 +152,7 @@ void NewAccountPage::addPicture(QFormLayout *form)
 
 void NewAccountPage::addGroups(QFormLayout *form)
 {
-    auto *button = new QPushButton(i18nc("@action:button", "Choose Group&s…"));
+    auto *button = new QPushButton(i18nc("@action:button", "Choose &Groups…"));
     button->setObjectName(QStringLiteral("groupsButton"));
     connect(button, &QPushButton::clicked, this, &NewAccountPage::chooseGroups);
 
