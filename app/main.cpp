@@ -19,6 +19,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QMutex>
 #include <QSet>
 
 #include <algorithm>
@@ -105,13 +106,13 @@ bool hasDisplay(const QStringList &words)
         || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || containsAny(words, {"-platform", "--platform"});
 }
 
-/** Screenshots are taken without a display. */
+/** Screenshots are taken without a display, and look the same with one. */
 void choosePlatform(const QStringList &words)
 {
     const bool screenshots = std::any_of(words.begin(), words.end(), [](const QString &word) {
         return word.startsWith(QLatin1String("--") + screenshotsOption());
     });
-    if (screenshots && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+    if (screenshots) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
 }
@@ -121,10 +122,22 @@ std::unique_ptr<QCoreApplication> makeApplication(bool forWindow, int &argc, cha
     if (!forWindow) {
         return std::make_unique<QCoreApplication>(argc, argv);
     }
+    Icons::useScreenResolution();
     auto application = std::make_unique<QApplication>(argc, argv);
     Icons::setFallback();
     About::setApplicationData();
     return application;
+}
+
+/** Whether a message is there for the first time. Messages come from any thread. */
+bool isNew(const QString &message)
+{
+    static QMutex mutex;
+    static QSet<QString> shown;
+    const QMutexLocker locker(&mutex);
+    const bool known = shown.contains(message);
+    shown.insert(message);
+    return !known;
 }
 
 /**
@@ -134,9 +147,7 @@ std::unique_ptr<QCoreApplication> makeApplication(bool forWindow, int &argc, cha
  */
 void showOnce(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
 {
-    static QSet<QString> shown;
-    if (!shown.contains(message)) {
-        shown.insert(message);
+    if (isNew(message)) {
         printError(message);
     }
     if (type == QtFatalMsg) {

@@ -172,6 +172,8 @@ void ChoosePageTest::choosesMembers()
         press(dialog, QDialogButtonBox::Ok);
     }));
     QCOMPARE(page.group.chosen->toPlainText(), QStringLiteral("2 users: bob, carol"));
+    QTest::keyClicks(page.group.name, QStringLiteral("s"));
+    QCOMPARE(page.group.chosen->toPlainText(), QStringLiteral("No users chosen."));
 }
 
 void ChoosePageTest::choosesGroups()
@@ -187,6 +189,8 @@ void ChoosePageTest::choosesGroups()
         press(dialog, QDialogButtonBox::Ok);
     }));
     QCOMPARE(page.user.chosen->toPlainText(), QStringLiteral("3 groups: alice, root, staff"));
+    page.user.name->clear();
+    QCOMPARE(page.user.chosen->toPlainText(), QStringLiteral("No groups chosen."));
 }
 
 void ChoosePageTest::choosesAmongAllWithoutName()

@@ -7,6 +7,7 @@
 #include "accountfixtures.h"
 #include "accountstore.h"
 #include "dialogparts.h"
+#include "icontheme.h"
 #include "limitsfixtures.h"
 #include "sandbox.h"
 #include "windowparts.h"
@@ -102,11 +103,13 @@ void GroupsPageTest::init()
 
 void GroupsPageTest::isEmptyBeforeGroupsAreRead()
 {
+    const IconTheme theme({text("group"), text("group-system")});
     AccountStore store;
     GroupsPage page(&store);
     page.show();
     QCOMPARE(part<QLabel>(page, "title")->text(), text("No group is selected"));
     QVERIFY(!store.groups());
+    QVERIFY(part<QLabel>(page, "picture")->pixmap(Qt::ReturnByValue).isNull());
 }
 
 void GroupsPageTest::listsGroupsByName()
@@ -138,9 +141,11 @@ void GroupsPageTest::filtersByName()
 
 void GroupsPageTest::showsGroup()
 {
+    const IconTheme theme({text("group"), text("group-system")});
     Page page;
     page.select("staff");
     QCOMPARE(page.title(), text("staff"));
+    QVERIFY(!part<QLabel>(page.page, "picture")->pixmap(Qt::ReturnByValue).isNull());
     QCOMPARE(fieldText(page.page, "GID:"), text("50"));
     QVERIFY(part<QLabel>(page.page, "systemMark")->isVisible());
     page.select("club");
@@ -168,8 +173,8 @@ void GroupsPageTest::countsMembers()
             labels.begin(), labels.end(), [&page](const QLabel *label) { return label->buddy() == page.members; });
         return (*found)->text();
     };
-    QCOMPARE(title("staff"), text("3 members"));
-    QCOMPARE(title("ada"), text("1 member"));
+    QCOMPARE(title("staff"), text("3 &members"));
+    QCOMPARE(title("ada"), text("1 &member"));
 }
 
 void GroupsPageTest::showsLimitsOfGroup()
@@ -179,12 +184,12 @@ void GroupsPageTest::showsLimitsOfGroup()
     page.select("staff");
     QCOMPARE(shownRows(*page.limits),
              QStringList({
-                 text("core|0|0 KB|Maximum core file size."),
-                 text("maxlogins|3|3|Maximum number of logins for this user."),
-                 text("memlock|64|64 KB|Maximum locked-in-memory address space."),
+                 text("core|0|0 KB|*|Maximum core file size."),
+                 text("maxlogins|3|3|%staff|Maximum number of logins for this user."),
+                 text("memlock|64|64 KB|@staff|Maximum locked-in-memory address space."),
              }));
     page.select("ada");
-    QCOMPARE(shownRows(*page.limits), QStringList(text("core|0|0 KB|Maximum core file size.")));
+    QCOMPARE(shownRows(*page.limits), QStringList(text("core|0|0 KB|*|Maximum core file size.")));
 }
 
 void GroupsPageTest::keepsCurrentGroupOnReload()

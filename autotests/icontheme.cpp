@@ -15,22 +15,22 @@ namespace
 const char indexFile[] = "[Icon Theme]\n"
                          "Name=Test\n"
                          "Comment=Icons of a test\n"
-                         "Directories=16\n"
-                         "[16]\n"
-                         "Size=16\n"
+                         "Directories=icons\n"
+                         "[icons]\n"
+                         "Size=%1\n"
                          "Type=Fixed\n";
 
-void writeTheme(const QString &path, const QStringList &names)
+void writeTheme(const QString &path, const QStringList &names, int size)
 {
     QFile index(path + QStringLiteral("/index.theme"));
-    if (!QDir().mkpath(path + QStringLiteral("/16")) || !index.open(QIODevice::WriteOnly)
-        || index.write(indexFile) < 0) {
+    if (!QDir().mkpath(path + QStringLiteral("/icons")) || !index.open(QIODevice::WriteOnly)
+        || index.write(QString::fromLatin1(indexFile).arg(size).toLatin1()) < 0) {
         qFatal("Cannot write %s", qPrintable(index.fileName()));
     }
     for (const QString &name : names) {
-        QImage image(16, 16, QImage::Format_RGB32);
+        QImage image(size, size, QImage::Format_RGB32);
         image.fill(Qt::blue);
-        const QString file = path + QStringLiteral("/16/%1.png").arg(name);
+        const QString file = path + QStringLiteral("/icons/%1.png").arg(name);
         if (!image.save(file)) {
             qFatal("Cannot write %s", qPrintable(file));
         }
@@ -38,11 +38,11 @@ void writeTheme(const QString &path, const QStringList &names)
 }
 }
 
-IconTheme::IconTheme(const QStringList &names)
+IconTheme::IconTheme(const QStringList &names, int size)
     : m_previousPaths(QIcon::themeSearchPaths())
     , m_previousName(QIcon::themeName())
 {
-    writeTheme(m_directory.filePath(QStringLiteral("test-icons")), names);
+    writeTheme(m_directory.filePath(QStringLiteral("test-icons")), names, size);
     QIcon::setThemeSearchPaths({m_directory.path()});
     QIcon::setThemeName(QStringLiteral("test-icons"));
 }

@@ -13,7 +13,8 @@
 class IconTheme
 {
 public:
-    explicit IconTheme(const QStringList &names);
+    /** @param size the width and height of the icons */
+    explicit IconTheme(const QStringList &names, int size = 16);
     ~IconTheme();
 
 private:

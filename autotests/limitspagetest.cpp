@@ -96,6 +96,9 @@ void LimitsPageTest::explainsCells()
                           item,
                           item,
                           item}));
+    QCOMPARE(page.rules->model()->index(0, 1).data(Qt::AccessibleDescriptionRole).toString(),
+             text("This is the soft resource limit.\nThis type of limits is used by default and can be "
+                  "changed by the user."));
 }
 
 void LimitsPageTest::takesUnknownWordsForPlainText()
@@ -169,6 +172,7 @@ void LimitsPageTest::readsAnew()
     Page page;
     QCOMPARE(shownRows(*page.rules), QStringList());
     QVERIFY(page.shows("limitsError"));
+    QVERIFY(!page.shows("noFindings"));
     QFile::setPermissions(limitsPath(), QFile::ReadOwner | QFile::WriteOwner);
     page.store.readLimits();
     QCOMPARE(shownRows(*page.rules).size(), 5);

@@ -10,7 +10,10 @@
 #include "accountstore.h"
 #include "dialogparts.h"
 #include "generatedaccounts.h"
+#include "icons.h"
+#include "icontheme.h"
 #include "limitsfixtures.h"
+#include "modellog.h"
 #include "pageparts.h"
 #include "sandbox.h"
 #include "windowparts.h"
@@ -103,6 +106,9 @@ QStringList menuEntries(const QMenu &menu)
     return entries;
 }
 
+/** How many letters lead to parts of each page. */
+const int mnemonicCounts[] = {3, 4, 2, 14, 8};
+
 QString settingsPath()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + text("/ormel-users/window.ini");
@@ -113,6 +119,9 @@ class MainWindowTest : public QObject
 {
     Q_OBJECT
 
+public:
+    static void initMain();
+
 private Q_SLOTS:
     void initTestCase();
     void init();
@@ -122,7 +131,11 @@ private Q_SLOTS:
     void readsAgainAtF5();
     void readsOnceAtATime();
     void canBeClosedWhileReading();
+    void listsNewAccountOnItsPageOnly();
+    void readsNameRulesAgain();
     void startsInList();
+    void startsOnPageWithoutList_data();
+    void startsOnPageWithoutList();
     void hasMenus();
     void leadsToPagesByKeys();
     void leadsToNameFilter();
@@ -133,15 +146,22 @@ private Q_SLOTS:
     void remembersState();
     void survivesSettingsOfOthers();
     void hasUniqueMnemonics();
+    void leadsToPartsByMnemonics();
     void namesAllElements();
     void reachesAllElementsByTab();
     void showsRowsWithoutRowsBelow();
+    void drawsPicturesAsSharpAsTheScreen();
     void clipsNothing_data();
     void clipsNothing();
     void mirrors();
     void showsManyAccounts();
     void worksWithoutAccounts();
 };
+
+void MainWindowTest::initMain()
+{
+    Icons::useScreenResolution();
+}
 
 void MainWindowTest::initTestCase()
 {
@@ -243,11 +263,79 @@ void MainWindowTest::canBeClosedWhileReading()
     QCoreApplication::processEvents();
 }
 
+void MainWindowTest::listsNewAccountOnItsPageOnly()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    auto *filter = part<QComboBox>(*window.pages()->currentWidget(), "filterComboBox");
+    QTest::keyClick(filter, Qt::Key_Down);
+    const QStringList ordinary = shownRows(*accountsView(window));
+    QCOMPARE(ordinary, QStringList({text("ada|1000|No"), text("bob|1001|No")}));
+
+    QTest::keyClick(&window, Qt::Key_4, Qt::AltModifier);
+    QWidget *page = window.pages()->currentWidget();
+    QTest::keyClicks(part<QLineEdit>(*page, "userNameEdit"), text("new"));
+    auto *existing = part<QTreeView>(*page, "usersView");
+    QCOMPARE(shownNames(*existing->model()), text("ada bob root new"));
+
+    QTest::keyClick(&window, Qt::Key_1, Qt::AltModifier);
+    QCOMPARE(shownRows(*accountsView(window)), ordinary);
+    QTest::keyClick(filter, Qt::Key_End);
+    QCOMPARE(shownRows(*accountsView(window)), QStringList(text("ada|1000|No")));
+    QCOMPARE(shownNames(*existing->model()), text("ada bob root new"));
+
+    Sandbox::setAccounts("eve:x:1002:50::/:/bin/sh\n", "staff:x:50:\n");
+    window.reload();
+    QVERIFY(waitUntilRead(window));
+    QCOMPARE(shownNames(*existing->model()), text("eve"));
+    window.pages()->setCurrentWidget(page);
+    QCOMPARE(shownNames(*existing->model()), text("eve new"));
+}
+
+void MainWindowTest::readsNameRulesAgain()
+{
+    Sandbox::remove(text("/etc/adduser.conf"));
+    MainWindow window;
+    QVERIFY(open(window));
+    window.pages()->setCurrentIndex(3);
+    QWidget *page = window.pages()->currentWidget();
+    QTest::keyClicks(part<QLineEdit>(*page, "userNameEdit"), text("new"));
+    const auto *note = part<QLabel>(*page, "userNameEditNote");
+    QVERIFY(!note->isVisible());
+    Sandbox::write(text("/etc/adduser.conf"), "NAME_REGEX=\"[0-9]+\"\n");
+    window.reload();
+    QVERIFY(waitUntilRead(window));
+    QVERIFY(note->isVisible());
+    QVERIFY(note->text().contains(text("[0-9]+")));
+    Sandbox::remove(text("/etc/adduser.conf"));
+}
+
 void MainWindowTest::startsInList()
 {
     MainWindow window;
     QVERIFY(open(window));
     QCOMPARE(QApplication::focusWidget(), accountsView(window));
+}
+
+void MainWindowTest::startsOnPageWithoutList_data()
+{
+    QTest::addColumn<int>("page");
+
+    QTest::newRow("limits") << 2;
+    QTest::newRow("new account") << 3;
+    QTest::newRow("choose") << 4;
+}
+
+void MainWindowTest::startsOnPageWithoutList()
+{
+    QFETCH(int, page);
+
+    MainWindow window;
+    window.pages()->setCurrentIndex(page);
+    QVERIFY(open(window));
+    QVERIFY(window.pages()->isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QVERIFY(window.pages()->currentWidget()->isAncestorOf(QApplication::focusWidget()));
 }
 
 void MainWindowTest::hasMenus()
@@ -389,17 +477,51 @@ void MainWindowTest::hasUniqueMnemonics()
 {
     MainWindow window;
     QVERIFY(open(window));
+    QCOMPARE(window.pages()->count(), int(std::size(mnemonicCounts)));
+    // With the same key as a page, neither would be reached.
+    QStringList pageKeys;
+    for (int page = 1; page <= window.pages()->count(); ++page) {
+        pageKeys.append(text("Alt+%1").arg(page));
+    }
     for (int page = 0; page < window.pages()->count(); ++page) {
         window.pages()->setCurrentIndex(page);
         QStringList letters = mnemonics(*window.pages()->currentWidget());
+        QCOMPARE(letters.size(), mnemonicCounts[page]);
         const QList<QAction *> menus = window.menuBar()->actions();
         for (const QAction *menu : menus) {
             letters.append(QKeySequence::mnemonic(menu->text()).toString());
         }
+        letters += pageKeys;
         QVERIFY(!letters.contains(QString()));
         QStringList unique = letters;
         unique.removeDuplicates();
         QCOMPARE(letters, unique);
+    }
+}
+
+void MainWindowTest::leadsToPartsByMnemonics()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    const struct {
+        Qt::Key page;
+        Qt::Key letter;
+        const char *part;
+    } keys[] = {
+        {Qt::Key_1, Qt::Key_S, "filterComboBox"},
+        {Qt::Key_1, Qt::Key_N, "filterLineEdit"},
+        {Qt::Key_1, Qt::Key_L, "limitsTable"},
+        {Qt::Key_2, Qt::Key_S, "filterComboBox"},
+        {Qt::Key_2, Qt::Key_N, "filterLineEdit"},
+        {Qt::Key_2, Qt::Key_M, "membersTable"},
+        {Qt::Key_2, Qt::Key_L, "limitsTable"},
+        {Qt::Key_3, Qt::Key_R, "rulesTable"},
+        {Qt::Key_3, Qt::Key_L, "findingsTable"},
+    };
+    for (const auto &key : keys) {
+        QTest::keyClick(&window, key.page, Qt::AltModifier);
+        QTest::keyClick(&window, key.letter, Qt::AltModifier);
+        QCOMPARE(QApplication::focusWidget()->objectName(), text(key.part));
     }
 }
 
@@ -452,6 +574,25 @@ void MainWindowTest::showsRowsWithoutRowsBelow()
             QTest::keyClick(view, Qt::Key_Asterisk);
             QVERIFY(!view->isExpanded(first));
         }
+    }
+}
+
+void MainWindowTest::drawsPicturesAsSharpAsTheScreen()
+{
+    const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", text("1"));
+    QImage face(192, 192, QImage::Format_RGB32);
+    face.fill(Qt::blue);
+    Sandbox::clear(text("/usr/share/kiv/faces"));
+    QVERIFY(face.save(text("/usr/share/kiv/faces/stock.png")));
+    const IconTheme theme({text("group"), text("group-system")}, 96);
+    MainWindow window;
+    QVERIFY(open(window));
+    for (const int page : {0, 1}) {
+        window.pages()->setCurrentIndex(page);
+        const auto *picture = part<QLabel>(*window.pages()->currentWidget(), "picture");
+        QTRY_VERIFY(!picture->pixmap(Qt::ReturnByValue).isNull());
+        const qreal ratio = picture->pixmap(Qt::ReturnByValue).devicePixelRatio();
+        QCOMPARE(QString::number(ratio), scale);
     }
 }
 

@@ -128,6 +128,7 @@ private Q_SLOTS:
     void saysWhatIsWrong_data();
     void saysWhatIsWrong();
     void tellsUnfinishedName();
+    void readsRulesAnew();
     void keepsLabelsBesideTheirFields();
 
     void listsUsers();
@@ -220,6 +221,19 @@ void NewAccountPageTest::tellsUnfinishedName()
     QCOMPARE(page.shownNote(QStringLiteral("userNameEdit")), hasToMatch("unfinished", "[a-z]+-[0-9]"));
     QTest::keyClicks(page.userName, QStringLiteral("-1"));
     QCOMPARE(page.shownNote(QStringLiteral("userNameEdit")), QString());
+}
+
+void NewAccountPageTest::readsRulesAnew()
+{
+    Page page;
+    QVERIFY(page.open());
+    QTest::keyClicks(page.userName, QStringLiteral("user"));
+    QCOMPARE(page.shownNote(QStringLiteral("userNameEdit")), QString());
+    Sandbox::write(QStringLiteral("/etc/adduser.conf"), "NAME_REGEX=\"[0-9]+\"\n");
+    page.readRules();
+    QCOMPARE(page.shownNote(QStringLiteral("userNameEdit")), hasToMatch("rejected", "[0-9]+"));
+    QTest::keyClick(page.userName, Qt::Key_Backspace);
+    QCOMPARE(page.shownNote(QStringLiteral("userNameEdit")), hasToMatch("rejected", "[0-9]+"));
 }
 
 void NewAccountPageTest::keepsLabelsBesideTheirFields()

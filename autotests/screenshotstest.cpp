@@ -68,6 +68,8 @@ private Q_SLOTS:
     void drawsAllPagesAndDialogs();
     void printsWhatItWrites();
     void drawsAtOtherScale();
+    void drawsOnOtherPlatforms_data();
+    void drawsOnOtherPlatforms();
     void showsWhatIsThere();
     void leavesWindowStateAlone();
     void reportsDirectoryThatCannotBeMade();
@@ -119,6 +121,27 @@ void ScreenshotsTest::drawsAtOtherScale()
     QCOMPARE(takeScreenshots(scaled.path(), {text("QT_SCALE_FACTOR=2")}).status, 0);
     const QString name = text("page-users.png");
     QCOMPARE(QImage(scaled.filePath(name)).size(), 2 * QImage(plain.filePath(name)).size());
+}
+
+void ScreenshotsTest::drawsOnOtherPlatforms_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("variable");
+
+    QTest::newRow("not there") << QStringList() << text("QT_QPA_PLATFORM=nonsense");
+    QTest::newRow("without a first paint") << QStringList({text("-platform"), text("minimal")}) << QString();
+}
+
+void ScreenshotsTest::drawsOnOtherPlatforms()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, variable);
+
+    const QTemporaryDir directory;
+    const Program::Result result =
+        Program::run(Program::path(), arguments + QStringList{text("--screenshots"), directory.path()}, {}, {variable});
+    QCOMPARE(result.status, 0);
+    QCOMPARE(QDir(directory.path()).entryList(QDir::Files, QDir::Name), pictureNames());
 }
 
 void ScreenshotsTest::showsWhatIsThere()

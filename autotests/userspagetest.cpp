@@ -15,9 +15,13 @@
 #include <UserListModel>
 
 #include <KMessageWidget>
+#include <KSqueezedTextLabel>
 
 #include <QAbstractItemModelTester>
+#include <QAccessible>
+#include <QClipboard>
 #include <QComboBox>
+#include <QImageWriter>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTemporaryDir>
@@ -92,11 +96,22 @@ struct Page {
         return names;
     }
 
+    QPixmap shownPicture() const
+    {
+        return part<QLabel>(page, "picture")->pixmap(Qt::ReturnByValue);
+    }
+
+    /** The picture of the current user, which comes later than the details. */
+    QPixmap picture() const
+    {
+        return QTest::qWaitFor([this] { return !shownPicture().isNull(); }) ? shownPicture() : QPixmap();
+    }
+
     /** The colour in the middle of the picture. */
     QColor pictureColour() const
     {
-        const QPixmap picture = part<QLabel>(page, "picture")->pixmap(Qt::ReturnByValue);
-        return picture.toImage().pixelColor(picture.rect().center());
+        const QPixmap shown = picture();
+        return shown.toImage().pixelColor(shown.rect().center());
     }
 
     AccountStore store;
@@ -121,12 +136,17 @@ private Q_SLOTS:
     void filtersByName();
     void showsFieldsOfCurrentUser();
     void showsTextAsItIs();
+    void givesWholeTextOfCutField();
     void showsDashesForWhatIsMissing();
     void marksAdministratorsAndSystemAccounts();
     void showsLimitsWithExplanations();
+    void tellsWhichRuleApplies();
     void tellsThatNoLimitApplies();
     void tellsThatLimitsAreIncomplete();
     void showsOwnPicture();
+    void showsDetailsBeforePicture();
+    void showsNoPictureOfNobody();
+    void showsTurnedPicture();
     void keepsStockPictureOfUser();
     void passesOverFacesThatAreNoPictures();
     void showsSignWithoutPicture();
@@ -251,11 +271,33 @@ void UsersPageTest::showsTextAsItIs()
     page.select("bob");
     QCOMPARE(fieldText(page.page, "Full name:"), QStringLiteral("<b>Bob</b> &amp; co"));
     const QList<QLabel *> labels = page.page.findChildren<QLabel *>();
+    int withName = 0;
     for (const QLabel *label : labels) {
         if (label->text().contains(QLatin1String("Bob"))) {
             QCOMPARE(label->textFormat(), Qt::PlainText);
+            ++withName;
         }
     }
+    QVERIFY(withName > 0);
+}
+
+void UsersPageTest::givesWholeTextOfCutField()
+{
+    const QString home = QLatin1String("/home") + QStringLiteral("/directory").repeated(40);
+    Sandbox::setAccounts("ada:x:1000:50:Ada:" + home.toLatin1() + ":/bin/sh\n", groupsFile);
+    Page page;
+    QVERIFY(QTest::qWaitForWindowActive(&page.page));
+    const auto labels = page.page.findChildren<KSqueezedTextLabel *>();
+    const auto found = std::find_if(
+        labels.begin(), labels.end(), [&home](const KSqueezedTextLabel *label) { return label->fullText() == home; });
+    QVERIFY(found != labels.end());
+    KSqueezedTextLabel *field = *found;
+    QVERIFY(field->isSqueezed());
+    QCOMPARE(QAccessible::queryAccessibleInterface(field)->text(QAccessible::Name), home);
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(field, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), home);
 }
 
 void UsersPageTest::showsDashesForWhatIsMissing()
@@ -291,15 +333,43 @@ void UsersPageTest::showsLimitsWithExplanations()
     page.select("bob");
     QCOMPARE(shownRows(*page.limits),
              QStringList({
-                 QStringLiteral("core|0|0 KB|Maximum core file size."),
-                 QStringLiteral("memlock|64|64 KB|Maximum locked-in-memory address space."),
-                 QStringLiteral("nproc|-1|-1|Maximum number of processes."),
+                 QStringLiteral("core|0|0 KB|*|Maximum core file size."),
+                 QStringLiteral("memlock|64|64 KB|@audio|Maximum locked-in-memory address space."),
+                 QStringLiteral("nproc|-1|-1|bob|Maximum number of processes."),
              }));
     const QString toolTip = QStringLiteral("<qt>Maximum core file size.</qt>");
-    QCOMPARE(toolTips(*page.limits, 0), QStringList({toolTip, toolTip, toolTip, toolTip}));
+    QCOMPARE(toolTips(*page.limits, 0),
+             QStringList({toolTip, toolTip, toolTip, QStringLiteral("<qt>All users</qt>"), toolTip}));
 
     page.select("lost");
-    QCOMPARE(shownRows(*page.limits), QStringList(QStringLiteral("core|0|0 KB|Maximum core file size.")));
+    QCOMPARE(shownRows(*page.limits), QStringList(QStringLiteral("core|0|0 KB|*|Maximum core file size.")));
+}
+
+void UsersPageTest::tellsWhichRuleApplies()
+{
+    Sandbox::setAccounts(QByteArray(usersFile) + "toor:x:0:0::/:/bin/sh\n", groupsFile);
+    Sandbox::write(limitsPath(),
+                   "* - core 1\n* - nproc 1\n* - maxlogins 1\n* - locks 1\n"
+                   "%audio - maxlogins 2\n%audio - locks 2\n"
+                   "@audio - nproc 3\n@ormel-admin - nproc 4\n"
+                   "//:// - nproc 5\n1000:2000 - nproc 6\n@//:// - stack 7\n"
+                   "ada hard core 1\n");
+    Page page;
+    const auto rules = [&page](const char *user) {
+        page.select(user);
+        QStringList rules;
+        const QStringList rows = shownRows(*page.limits);
+        for (const QString &row : rows) {
+            const QStringList cells = row.split(QLatin1Char('|'));
+            rules.append(cells.at(0) + QLatin1Char('=') + cells.at(1) + QLatin1Char(' ') + cells.at(3));
+        }
+        return rules.join(QLatin1String(", "));
+    };
+    QCOMPARE(rules("ada"), QStringLiteral("core=1 ada, locks=1 *, maxlogins=2 %audio, nproc=4 @ormel-admin"));
+    QCOMPARE(rules("bob"), QStringLiteral("core=1 *, locks=1 *, maxlogins=2 %audio, nproc=3 @audio"));
+    QCOMPARE(toolTips(*page.limits, 3).at(3), QStringLiteral("<qt>Group name: &quot;audio&quot;</qt>"));
+    QCOMPARE(rules("lost"), QStringLiteral("core=1 *, locks=1 *, maxlogins=1 *, nproc=1 *"));
+    QCOMPARE(rules("toor"), QStringLiteral("core=1 *, locks=1 *, maxlogins=1 *, nproc=5 //://, stack=7 @//://"));
 }
 
 void UsersPageTest::tellsThatNoLimitApplies()
@@ -341,12 +411,63 @@ void UsersPageTest::showsOwnPicture()
     writePicture(home.filePath(QStringLiteral(".face.icon")), Qt::green);
     Page page;
     QCOMPARE(page.pictureColour(), QColor(Qt::green));
-    const QPixmap picture = part<QLabel>(page.page, "picture")->pixmap(Qt::ReturnByValue);
-    QCOMPARE(picture.size() / picture.devicePixelRatio(), QSize(96, 64));
+    QCOMPARE(page.picture().size() / page.picture().devicePixelRatio(), QSize(96, 64));
 
     writePicture(home.filePath(QStringLiteral(".face")), Qt::red);
     page.reload();
     QCOMPARE(page.pictureColour(), QColor(Qt::red));
+}
+
+void UsersPageTest::showsDetailsBeforePicture()
+{
+    writePicture(facesPath + QStringLiteral("/stock.png"), Qt::blue);
+    QTemporaryDir home;
+    writePicture(home.filePath(QStringLiteral(".face")), Qt::red);
+    Sandbox::setAccounts("ada:x:1000:50::" + QFile::encodeName(home.path()) + ":/bin/sh\nbob:x:1001:50:Bob:/:/bin/sh\n",
+                         "staff:x:50:\n");
+    Page page;
+    QCOMPARE(page.pictureColour(), QColor(Qt::red));
+    page.select("bob");
+    QCOMPARE(fieldText(page.page, "Full name:"), QStringLiteral("Bob"));
+    QVERIFY(page.shownPicture().isNull());
+    QCOMPARE(page.pictureColour(), QColor(Qt::blue));
+    page.select("ada");
+    page.select("bob");
+    page.select("ada");
+    QVERIFY(page.shownPicture().isNull());
+    QCOMPARE(page.pictureColour(), QColor(Qt::red));
+    QVERIFY(!QApplication::overrideCursor());
+}
+
+void UsersPageTest::showsNoPictureOfNobody()
+{
+    writePicture(facesPath + QStringLiteral("/stock.png"), Qt::blue);
+    AccountStore store;
+    UsersPage empty(&store);
+    empty.show();
+    QTest::qWait(200);
+    QVERIFY(part<QLabel>(empty, "picture")->pixmap(Qt::ReturnByValue).isNull());
+
+    Page page;
+    QCOMPARE(page.pictureColour(), QColor(Qt::blue));
+    QTest::keyClicks(page.nameFilter, QStringLiteral("no such user"));
+    QCOMPARE(page.title(), QStringLiteral("No user is selected"));
+    QTest::qWait(200);
+    QVERIFY(page.shownPicture().isNull());
+    QCOMPARE(part<QLabel>(page.page, "picture")->text(), QString());
+}
+
+void UsersPageTest::showsTurnedPicture()
+{
+    QTemporaryDir home;
+    Sandbox::setAccounts("ada:x:1000:50::" + QFile::encodeName(home.path()) + ":/bin/sh\n", "staff:x:50:\n");
+    QImage picture(300, 200, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    QImageWriter writer(home.filePath(QStringLiteral(".face")), "jpg");
+    writer.setTransformation(QImageIOHandler::TransformationRotate90);
+    QVERIFY(writer.write(picture));
+    Page page;
+    QCOMPARE(page.picture().size() / page.picture().devicePixelRatio(), QSize(64, 96));
 }
 
 void UsersPageTest::keepsStockPictureOfUser()
@@ -356,6 +477,7 @@ void UsersPageTest::keepsStockPictureOfUser()
     }
     Page page;
     const QColor first = page.pictureColour();
+    QVERIFY(first.isValid());
     for (int i = 0; i < 10; ++i) {
         page.select("bob");
         page.select("ada");
@@ -382,7 +504,7 @@ void UsersPageTest::showsSignWithoutPicture()
 {
     const IconTheme theme({QStringLiteral("user"), QStringLiteral("user-system")});
     Page page;
-    QVERIFY(!part<QLabel>(page.page, "picture")->pixmap(Qt::ReturnByValue).isNull());
+    QVERIFY(!page.picture().isNull());
     QCOMPARE(part<QLabel>(page.page, "picture")->accessibleName(), QStringLiteral("No picture"));
 }
 
@@ -390,7 +512,7 @@ void UsersPageTest::showsTextWithoutPictureAndIcon()
 {
     const IconTheme theme({});
     Page page;
-    QCOMPARE(part<QLabel>(page.page, "picture")->text(), QStringLiteral("No picture"));
+    QTRY_COMPARE(part<QLabel>(page.page, "picture")->text(), QStringLiteral("No picture"));
 }
 
 void UsersPageTest::followsKeyboard()
@@ -458,6 +580,12 @@ void UsersPageTest::reportsFilesThatCannotBeRead()
     page.reload();
     QCOMPARE(message->text(), QStringLiteral("<qt>Cannot read '/etc/group': No such file or directory</qt>"));
     QCOMPARE(page.names().size(), 5);
+
+    Sandbox::remove(passwdPath());
+    page.reload();
+    QCOMPARE(message->text(),
+             QStringLiteral("<qt>Cannot read '/etc/passwd': No such file or directory<br>"
+                            "Cannot read '/etc/group': No such file or directory</qt>"));
 
     Sandbox::setAccounts(usersFile, groupsFile);
     page.reload();

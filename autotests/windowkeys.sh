@@ -24,6 +24,12 @@ staff:x:50:alice
 alice:x:1000:
 video:x:44:
 END
+rm -rf /etc/security/limits.d
+cat >/etc/security/limits.conf <<END
+* soft core 0
+@staff hard nproc 20
+alice	hard	nproc	10
+END
 failures=0
 
 key() {
@@ -83,12 +89,32 @@ copies "/home/caroline"
 key alt+2 ctrl+f v i d Tab Tab
 copies "44"
 
-# The new account, whose first field is the user name, and the page to choose.
+# Limits: the second rule, and the file of the line that is no rule.
+key alt+3 alt+r Down
+copies "@staff"
+key alt+l
+copies "/etc/security/limits.conf"
+
+# The new account, whose first field is the user name, and its two dialogs.
 key alt+4
 key alt+a d a v e
 copies "dave"
-key alt+5 Tab Tab
-key alt+3 alt+5
+key alt+i
+check "Select User Icon — Ormel Users" "$(title)"
+key Escape
+check "Ormel Users" "$(title)"
+key alt+g
+check "Select Groups — Ormel Users" "$(title)"
+key Escape
+check "Ormel Users" "$(title)"
+
+# Choose: the members of a group, as they are.
+key alt+5 alt+o s t a f f alt+m
+check "Select Users — Ormel Users" "$(title)"
+key Return
+check "Ormel Users" "$(title)"
+key alt+s
+copies "2 users: alice, bob"
 
 # About and back, by the menu.
 key alt+h Return

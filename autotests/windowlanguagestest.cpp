@@ -14,6 +14,7 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QSignalSpy>
 #include <QTabWidget>
 #include <QTest>
 
@@ -30,6 +31,9 @@ QStringList actionMnemonics(const QList<QAction *> &actions)
     }
     return keys;
 }
+
+/** How many letters lead to parts of each page. */
+const int pageKeyCounts[] = {3, 4, 2, 14, 8};
 
 QStringList repeated(QStringList keys)
 {
@@ -51,6 +55,7 @@ private Q_SLOTS:
     void initTestCase();
     void hasRoomAndMnemonics_data();
     void hasRoomAndMnemonics();
+    void cleanup();
 };
 
 void WindowLanguagesTest::initTestCase()
@@ -85,26 +90,43 @@ void WindowLanguagesTest::hasRoomAndMnemonics()
 {
     QFETCH(QString, title);
 
-    KLocalizedString::setLanguages({QString::fromLatin1(QTest::currentDataTag())});
+    const QString language = QString::fromLatin1(QTest::currentDataTag());
+    KLocalizedString::setLanguages({language});
+    QApplication::setLayoutDirection(language == QLatin1String("ar") ? Qt::RightToLeft : Qt::LeftToRight);
     MainWindow window;
+    QSignalSpy reloaded(&window, &MainWindow::reloaded);
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(reloaded.wait());
     QTabWidget *pages = window.pages();
     QCOMPARE(pages->tabText(0), title);
 
     const QList<QAction *> menus = window.menuBar()->actions();
-    const QStringList menuKeys = actionMnemonics(menus);
-    QVERIFY(!menuKeys.contains(QString()));
+    QStringList windowKeys = actionMnemonics(menus);
+    QVERIFY(!windowKeys.contains(QString()));
+    const QList<QAction *> viewActions = menus.at(1)->menu()->actions();
+    for (const QAction *action : viewActions) {
+        windowKeys.append(action->shortcut().toString());
+    }
+    windowKeys.removeAll(QString());
+    QVERIFY(windowKeys.contains(QStringLiteral("Alt+5")));
     for (int page = 0; page < pages->count(); ++page) {
         pages->setCurrentIndex(page);
-        QCOMPARE(repeated(menuKeys + mnemonics(*pages->currentWidget())), QStringList());
-        QCOMPARE(clippedTexts(window), QStringList());
+        QCoreApplication::processEvents();
+        const QStringList pageKeys = mnemonics(*pages->currentWidget());
+        QCOMPARE(pageKeys.size(), pageKeyCounts[page]);
+        QCOMPARE(repeated(windowKeys + pageKeys), QStringList());
+        QCOMPARE(clippedTexts(window).join(QLatin1Char('|')), QString());
     }
     for (const QAction *menu : menus) {
         const QStringList keys = actionMnemonics(menu->menu()->actions());
         QVERIFY(!keys.contains(QString()));
         QCOMPARE(repeated(keys), QStringList());
     }
+}
+
+void WindowLanguagesTest::cleanup()
+{
+    QApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
 QTEST_MAIN(WindowLanguagesTest)

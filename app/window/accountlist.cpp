@@ -13,15 +13,18 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSettings>
 #include <QSortFilterProxyModel>
 #include <QTreeView>
 
 namespace
 {
-/** How wide the list stays, in characters. */
+/** How wide the list stays, and how much wider than the titles of its columns. In characters. */
 constexpr int minCharacters = 32;
+constexpr int minSpareCharacters = 8;
 
 /** The list models do not look at the parent when they count rows, and tree views ask about rows below rows. */
 class FlatProxyModel : public QSortFilterProxyModel
@@ -34,6 +37,17 @@ public:
         return parent.isValid() ? 0 : QSortFilterProxyModel::rowCount();
     }
 };
+
+/** How wide a list is that has room for the titles of its columns. */
+int widthOfTitles(const QTreeView &view)
+{
+    int width = 2 * view.frameWidth() + view.verticalScrollBar()->sizeHint().width()
+        + minSpareCharacters * view.fontMetrics().averageCharWidth();
+    for (int column = 0; column < view.header()->count(); ++column) {
+        width += view.header()->sectionSizeHint(column);
+    }
+    return width;
+}
 
 QString settingsKey(const AccountList &list, const char *name)
 {
@@ -75,12 +89,20 @@ AccountList::AccountList(const QString &name, const QVector<Filter> &filters, QW
     m_view->setItemDelegateForColumn(0, new LeftToRight::Delegate(m_view));
     m_view->sortByColumn(0, Qt::AscendingOrder);
 
+    auto *filterLabel = new QLabel(i18nc("@label:listbox which accounts are shown", "&Show:"), this);
+    filterLabel->setBuddy(m_filterComboBox);
+    auto *nameLabel = new QLabel(i18nc("@label:textbox a part of the names of accounts to show", "&Name:"), this);
+    nameLabel->setBuddy(m_filterLineEdit);
+
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins({});
+    layout->setColumnStretch(1, 1);
     layout->addWidget(m_error, 0, 0, 1, 2);
-    layout->addWidget(m_filterComboBox, 1, 0);
-    layout->addWidget(m_filterLineEdit, 1, 1);
-    layout->addWidget(m_view, 2, 0, 1, 2);
+    layout->addWidget(filterLabel, 1, 0);
+    layout->addWidget(m_filterComboBox, 1, 1);
+    layout->addWidget(nameLabel, 2, 0);
+    layout->addWidget(m_filterLineEdit, 2, 1);
+    layout->addWidget(m_view, 3, 0, 1, 2);
 
     connect(m_filterComboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &AccountList::applyFilter);
     connect(m_filterLineEdit, &QLineEdit::textChanged, m_proxy, &QSortFilterProxyModel::setFilterFixedString);
@@ -107,12 +129,16 @@ void AccountList::focusFilter()
 
 void AccountList::show(QAbstractItemModel *model)
 {
+    if (m_proxy->sourceModel() == model) {
+        return;
+    }
     m_setModelFilter(m_filterComboBox->currentData().toInt());
     m_proxy->setSourceModel(model);
     QHeaderView *header = m_view->header();
     header->setStretchLastSection(false);
     header->setSectionResizeMode(QHeaderView::ResizeToContents);
     header->setSectionResizeMode(0, QHeaderView::Stretch);
+    m_view->setMinimumWidth(qMax(m_view->minimumWidth(), widthOfTitles(*m_view)));
 }
 
 void AccountList::applyFilter()

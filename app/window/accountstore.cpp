@@ -18,13 +18,14 @@ namespace
 /** The models tell nothing but that they are empty when a file cannot be read. */
 QString readError()
 {
+    QStringList errors;
     for (const auto &path : {QStringLiteral("/etc/passwd"), QStringLiteral("/etc/group")}) {
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly)) {
-            return i18n("Cannot read '%1': %2", path, file.errorString());
+            errors.append(i18n("Cannot read '%1': %2", path, file.errorString()));
         }
     }
-    return {};
+    return errors.join(QLatin1Char('\n'));
 }
 
 /** A new model has read the accounts already. */
@@ -51,6 +52,8 @@ void AccountStore::readUsers()
 {
     m_accountsError = readError();
     readInto(m_users, this);
+    readInto(m_usersBesideNewOne, this);
+    m_usersBesideNewOne->setFilter(UserListModel::All);
     Q_EMIT usersRead();
 }
 
@@ -70,6 +73,11 @@ UserListModel *AccountStore::users() const
 GroupListModel *AccountStore::groups() const
 {
     return m_groups;
+}
+
+UserListModel *AccountStore::usersBesideNewOne() const
+{
+    return m_usersBesideNewOne;
 }
 
 QStringList AccountStore::primaryMembers(const GroupInfo &group) const

@@ -40,6 +40,9 @@ public:
     /** The groups; null before they are first read. */
     GroupListModel *groups() const;
 
+    /** All users once more, for a list that gets the row of a new account; null before they are first read. */
+    UserListModel *usersBesideNewOne() const;
+
     /** The logins of the users whose primary group this is. */
     QStringList primaryMembers(const GroupInfo &group) const;
 
@@ -48,7 +51,7 @@ public:
     /** What is odd about the limits files. */
     const QList<LimitsFinding> &limitsFindings() const;
 
-    /** Why the account files cannot be read; empty when they can. */
+    /** Why account files cannot be read, a line for each that cannot; empty when all can. */
     const QString &accountsError() const;
 
     /** Why not all limits files could be read; empty when they could. */
@@ -62,6 +65,7 @@ Q_SIGNALS:
 private:
     UserListModel *m_users = nullptr;
     GroupListModel *m_groups = nullptr;
+    UserListModel *m_usersBesideNewOne = nullptr;
     QHash<uint, QStringList> m_primaryMembers;
     LimitsParser m_limits;
     QList<LimitsFinding> m_limitsFindings;

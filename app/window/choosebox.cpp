@@ -21,7 +21,10 @@ ChooseBox::ChooseBox(const Texts &texts)
     m_nameEdit->setObjectName(QStringLiteral("nameEdit"));
     m_nameEdit->setPlaceholderText(texts.anyName);
     m_note = new NoteLabel(m_nameEdit);
-    connect(m_nameEdit, &QLineEdit::textChanged, m_note, [this] { m_note->setNote(QString()); });
+    connect(m_nameEdit, &QLineEdit::textChanged, this, [this, none = texts.noneChosen] {
+        setNote(QString());
+        setChosen(none);
+    });
 
     auto *nameButton = new QPushButton(texts.chooseName);
     nameButton->setObjectName(QStringLiteral("nameButton"));
@@ -34,6 +37,7 @@ ChooseBox::ChooseBox(const Texts &texts)
     connect(severalButton, &QPushButton::clicked, this, &ChooseBox::severalWanted);
 
     m_chosenEdit->setObjectName(QStringLiteral("chosenEdit"));
+    m_chosenEdit->setPlainText(texts.noneChosen);
     m_chosenEdit->setReadOnly(true);
     m_chosenEdit->setTabChangesFocus(true);
     m_chosenEdit->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);

@@ -26,6 +26,7 @@ public:
         QString chooseNameDescription;
         QString chooseSeveral;
         QString chosen;
+        QString noneChosen;
     };
 
     explicit ChooseBox(const Texts &texts);
@@ -36,6 +37,7 @@ public:
     /** Says what is wrong with the name, until it is changed. */
     void setNote(const QString &note);
 
+    /** Shows what is chosen for the name, until that is changed. */
     void setChosen(const QString &text);
 
 Q_SIGNALS:

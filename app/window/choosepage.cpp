@@ -30,6 +30,7 @@ ChooseBox::Texts groupTexts()
         i18nc("@info:tooltip", "Choose a group"),
         i18nc("@action:button", "Choose &Members…"),
         i18nc("@label:textbox members of a group", "Cho&sen:"),
+        chosenUsers({}),
     };
 }
 
@@ -43,6 +44,7 @@ ChooseBox::Texts userTexts()
         i18nc("@info:tooltip", "Choose a user"),
         i18nc("@action:button", "Choose Grou&ps…"),
         i18nc("@label:textbox groups of a user", "Chos&en:"),
+        chosenGroups({}),
     };
 }
 }
@@ -54,8 +56,6 @@ ChoosePage::ChoosePage(QWidget *parent)
 {
     m_groupBox->setObjectName(QStringLiteral("groupBox"));
     m_userBox->setObjectName(QStringLiteral("userBox"));
-    m_groupBox->setChosen(chosenUsers({}));
-    m_userBox->setChosen(chosenGroups({}));
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_groupBox, 1);
     layout->addWidget(m_userBox, 1);
@@ -79,6 +79,7 @@ void ChoosePage::chooseMembers()
 {
     GroupInfo group;
     if (!m_groupBox->name().isEmpty()) {
+        const WaitCursor wait;
         group = GroupInfo::getGroup(m_groupBox->name());
         if (group.isEmpty()) {
             m_groupBox->setNote(i18n("There is no group '%1'.", m_groupBox->name()));
@@ -104,6 +105,7 @@ void ChoosePage::chooseGroups()
 {
     UserInfo user;
     if (!m_userBox->name().isEmpty()) {
+        const WaitCursor wait;
         user = UserInfo::getUser(m_userBox->name());
         if (user.isEmpty()) {
             m_userBox->setNote(i18n("There is no user '%1'.", m_userBox->name()));

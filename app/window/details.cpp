@@ -11,9 +11,12 @@
 
 #include <KSqueezedTextLabel>
 
+#include <QClipboard>
 #include <QFormLayout>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QToolTip>
 
@@ -22,7 +25,7 @@ namespace
 /** How wide the details stay, in characters. */
 constexpr int minCharacters = 40;
 
-/** A label that cuts text short, with a tool tip that takes the text for what it is. */
+/** A label that cuts text short, with a tool tip that takes the text for what it is. Copied, it is whole. */
 class LineLabel : public KSqueezedTextLabel
 {
 public:
@@ -41,6 +44,15 @@ protected:
         const QPoint position = static_cast<const QHelpEvent *>(event)->globalPos();
         QToolTip::showText(position, PlainText::toRichText(fullText()), this);
         return true;
+    }
+
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (isSqueezed() && event->matches(QKeySequence::Copy)) {
+            QGuiApplication::clipboard()->setText(fullText());
+        } else {
+            KSqueezedTextLabel::keyPressEvent(event);
+        }
     }
 };
 }
@@ -157,6 +169,7 @@ void Details::setText(QLabel &field, const QString &text)
     const QString shown = text.isEmpty() ? QStringLiteral(u"\u2013") : text;
     if (auto *squeezed = qobject_cast<KSqueezedTextLabel *>(&field)) {
         squeezed->setText(shown);
+        squeezed->setAccessibleName(shown); // otherwise what is left of it is read out
     } else {
         field.setText(shown);
     }

@@ -94,8 +94,8 @@ void GroupsPage::showDetails(const GroupInfo &group)
 {
     const bool known = !group.isEmpty();
     m_details->setTitle(known ? group.name() : i18n("No group is selected"));
-    const QString icon = group.isSystem() ? QStringLiteral("group-system") : QStringLiteral("group");
-    m_details->setPicture(QIcon::fromTheme(icon).pixmap(m_details->pictureSize()));
+    const QIcon icon = QIcon::fromTheme(group.isSystem() ? QStringLiteral("group-system") : QStringLiteral("group"));
+    m_details->setPicture(known ? icon.pixmap(m_details->pictureSize()) : QPixmap());
     m_system->setVisible(known && group.isSystem());
     Details::setText(*m_gid, known ? QString::number(group.gid()) : QString());
 }
@@ -111,6 +111,6 @@ void GroupsPage::showMembers(const GroupInfo &group)
     for (const QString &user : users) {
         rows.append(Table::row({{user, {}}, {primaryMembers.contains(user) ? primaryGroup : member, {}}}));
     }
-    m_membersTitle->setText(i18np("%1 member", "%1 members", rows.size()));
+    m_membersTitle->setText(i18np("%1 &member", "%1 &members", rows.size()));
     m_members->setRows(rows);
 }

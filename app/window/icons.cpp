@@ -10,6 +10,12 @@
 #include <QPalette>
 #include <QStandardPaths>
 
+void Icons::useScreenResolution()
+{
+    QGuiApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QGuiApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+}
+
 void Icons::setFallback()
 {
     const QPalette palette = QGuiApplication::palette();

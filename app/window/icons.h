@@ -6,9 +6,12 @@
 #ifndef ICONS_H
 #define ICONS_H
 
-/** Icons where no desktop sees to them. */
+/** Icons, where no desktop sees to them and on screens with small pixels. */
 namespace Icons
 {
+/** Has icons, and all else, drawn as large and as sharp as the screen calls for. Before there is an application. */
+void useScreenResolution();
+
 /** Has icons that the desktop's theme lacks taken from a theme that has them, if it is installed. */
 void setFallback();
 

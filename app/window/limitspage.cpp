@@ -18,6 +18,7 @@
 
 #include <QFormLayout>
 #include <QLabel>
+#include <QTextDocumentFragment>
 #include <QVBoxLayout>
 
 namespace
@@ -37,12 +38,12 @@ QTreeWidgetItem *ruleRow(const LimitsParser::Field &rule)
     const QString itemExplanation = LimitsParser::itemToolTip(rule.item);
     QTreeWidgetItem *row = Table::row({
         {rule.domain, LimitsParser::domainToolTip(rule.domain)},
-        {rule.type, rule.type},
+        {rule.type, QTextDocumentFragment::fromHtml(typeExplanation(rule.type)).toPlainText()},
         {rule.item, itemExplanation},
         {value, itemExplanation},
         {LimitsParser::valueToString(rule.value, rule.item), itemExplanation},
     });
-    row->setToolTip(TypeColumn, typeExplanation(rule.type));
+    row->setToolTip(TypeColumn, typeExplanation(rule.type)); // with the line ends of its author
     return row;
 }
 }
@@ -51,7 +52,7 @@ LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
     : QWidget(parent)
     , m_store(store)
     , m_error(Messages::create(KMessageWidget::Error, this))
-    , m_rules(new Table(i18nc("@title of a list", "Rules in the order in which they are read"),
+    , m_rules(new Table(i18nc("@title of a list", "&Rules in the order in which they are read"),
                         {
                             {i18nc("@title:column whom a limit is for", "Domain"), Table::Code},
                             {i18nc("@title:column soft or hard limit", "Type"), Table::Code},
@@ -60,7 +61,7 @@ LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
                             {i18nc("@title:column a value with its unit", "Limit"), Table::Code},
                         },
                         this))
-    , m_findings(new Table(i18nc("@title of a list", "Lines that do not mean what they seem to"),
+    , m_findings(new Table(i18nc("@title of a list", "&Lines that do not mean what they seem to"),
                            {
                                {i18nc("@title:column", "File"), Table::Code},
                                {i18nc("@title:column of a file", "Line"), Table::Code},
@@ -139,7 +140,8 @@ void LimitsPage::showFindings()
     }
     m_findings->setRows(rows);
     m_findings->setVisible(!rows.isEmpty());
-    Messages::show(*m_noFindings, rows.isEmpty() ? i18n("Every line is taken as it is written.") : QString());
+    const bool allIsWell = rows.isEmpty() && m_store->limitsError().isEmpty();
+    Messages::show(*m_noFindings, allIsWell ? i18n("Every line is taken as it is written.") : QString());
 }
 
 void LimitsPage::explain(const QTreeWidgetItem *rule)

@@ -18,17 +18,17 @@ LimitsView::LimitsView(QWidget *parent)
     : QWidget(parent)
     , m_error(Messages::create(KMessageWidget::Warning, this))
     , m_none(new QLabel(i18n("No limit applies."), this))
-    , m_table(new Table(i18nc("@title of a list", "Limits that apply"),
+    , m_table(new Table(i18nc("@title of a list", "&Limits that apply"),
                         {
                             {i18nc("@title:column what is limited", "Item"), Table::Code},
                             {i18nc("@title:column of a limit", "Value"), Table::Code},
                             {i18nc("@title:column a value with its unit", "Limit"), Table::Code},
+                            {i18nc("@title:column whom the rule is for that sets a limit", "Rule"), Table::Code},
                             {i18nc("@title:column", "Description"), Table::Words},
                         },
                         this))
 {
     m_none->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
-    m_none->setEnabled(false);
     m_table->setObjectName(QStringLiteral("limitsTable"));
     m_none->setObjectName(QStringLiteral("noLimits"));
 
@@ -55,6 +55,7 @@ void LimitsView::show(const QVector<Limit> &limits, const QString &error)
             {limit.item, explanation},
             {limit.value.toString(), explanation},
             {LimitsParser::valueToString(limit.value, limit.item), explanation},
+            {limit.domain, LimitsParser::domainToolTip(limit.domain)},
             {explanation, explanation},
         }));
     }

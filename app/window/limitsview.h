@@ -6,6 +6,8 @@
 #ifndef LIMITSVIEW_H
 #define LIMITSVIEW_H
 
+#include "limitrule.h"
+
 #include <LimitsParser>
 
 #include <QWidget>
@@ -38,7 +40,7 @@ public:
         for (const QString &item : items) {
             const QVariant value = limits.getItem(account, item);
             if (!value.isNull()) {
-                found.append({item, value});
+                found.append({item, value, LimitRule::domain(limits, account, item)});
             }
         }
         show(found, error);
@@ -48,6 +50,7 @@ private:
     struct Limit {
         QString item;
         QVariant value;
+        QString domain;
     };
 
     void show(const QVector<Limit> &limits, const QString &error);

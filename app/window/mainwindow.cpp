@@ -77,7 +77,10 @@ void MainWindow::addPages()
     addPage(new GroupsPage(m_store), "groups", i18nc("@title:tab also in a menu", "&Groups"));
     addPage(new LimitsPage(m_store), "limits", i18nc("@title:tab also in a menu", "&Limits"));
     auto *newAccount = new NewAccountPage;
-    connect(m_store, &AccountStore::usersRead, newAccount, [=] { newAccount->setModel(m_store->users()); });
+    connect(m_store, &AccountStore::usersRead, newAccount, [=] {
+        newAccount->readRules();
+        newAccount->setModel(m_store->usersBesideNewOne());
+    });
     addPage(newAccount, "new-account", i18nc("@title:tab also in a menu", "&New Account"));
     addPage(new ChoosePage, "choose", i18nc("@title:tab also in a menu", "&Choose"));
 }
@@ -161,8 +164,8 @@ AccountList *MainWindow::currentList() const
 
 bool MainWindow::event(QEvent *event)
 {
-    if (event->type() == QEvent::Paint && !m_painted) {
-        m_painted = true;
+    if (event->type() == QEvent::Paint && !m_started) {
+        m_started = true;
         QTimer::singleShot(0, this, &MainWindow::reload);
     }
     return QMainWindow::event(event);
@@ -173,6 +176,7 @@ void MainWindow::reload()
     if (m_reading) {
         return;
     }
+    m_started = true;
     m_reading = true;
     m_reloadAction->setEnabled(false);
     QApplication::setOverrideCursor(Qt::BusyCursor);
@@ -204,6 +208,8 @@ void MainWindow::finishReading()
         m_pages->setEnabled(true);
         if (AccountList *list = currentList()) {
             list->focusList();
+        } else {
+            m_pages->setFocus();
         }
     }
     Q_EMIT reloaded();

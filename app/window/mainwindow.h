@@ -59,7 +59,8 @@ private:
     QLabel *const m_progress;
     QAction *m_reloadAction = nullptr;
     QAction *m_filterAction = nullptr;
-    bool m_painted = false;
+    /** Whether the first reading is under way or done. The first paint begins it, if nobody did before. */
+    bool m_started = false;
     bool m_reading = false;
 };
 

@@ -8,6 +8,7 @@
 #include "chosennames.h"
 #include "formrow.h"
 #include "inputcheck.h"
+#include "lefttoright.h"
 #include "notelabel.h"
 #include "passwordhashbox.h"
 #include "waitcursor.h"
@@ -53,27 +54,37 @@ QString gecosNote(const QValidator &validator, const QString &subfield)
     return check.state == QValidator::Acceptable ? QString() : i18n("rejected: commas separate these fields");
 }
 
-using Note = QString(const QValidator &validator, const QString &text);
+struct Field {
+    QLineEdit *edit;
+    NoteLabel *note;
+};
 
-/** Adds a field that says below what @p validator does not take. */
-QLineEdit *
-addField(QFormLayout *form, const QString &objectName, const QString &label, QValidator *validator, Note *noteOn)
+/** Adds a field with a note below. */
+Field addField(QFormLayout *form, const QString &objectName, const QString &label)
 {
     auto *edit = new QLineEdit;
     edit->setObjectName(objectName);
     auto *note = new NoteLabel(edit);
-    // The edit does not get the validator: it would swallow what is wrong instead of showing it.
-    QObject::connect(edit, &QLineEdit::textChanged, note, [note, validator, noteOn](const QString &text) {
-        note->setNote(noteOn(*validator, text));
-    });
     addRow(form, label, {edit}, note);
-    return edit;
+    return {edit, note};
+}
+
+using Note = QString(const QValidator &validator, const QString &text);
+
+/** Notes what @p validator does not take. The edit does not get it: it would swallow what is wrong. */
+void check(const Field &field, const QValidator *validator, Note *noteOn)
+{
+    QObject::connect(
+        field.edit, &QLineEdit::textChanged, field.note, [note = field.note, validator, noteOn](const QString &text) {
+            note->setNote(noteOn(*validator, text));
+        });
 }
 }
 
 NewAccountPage::NewAccountPage(QWidget *parent)
     : QWidget(parent)
     , m_picture(UserUtils::getRandomUserIcon(false))
+    , m_userNameValidator(UserUtils::createUserNameValidator(nullptr))
 {
     auto *form = new QFormLayout;
     addNames(form);
@@ -98,19 +109,16 @@ NewAccountPage::NewAccountPage(QWidget *parent)
     layout->addWidget(createUserList(), 2);
 }
 
+NewAccountPage::~NewAccountPage() = default;
+
 void NewAccountPage::addNames(QFormLayout *form)
 {
-    m_userNameEdit = addField(form,
-                              QStringLiteral("userNameEdit"),
-                              i18nc("@label:textbox", "User n&ame:"),
-                              UserUtils::createUserNameValidator(this),
-                              nameNote);
+    const Field user = addField(form, QStringLiteral("userNameEdit"), i18nc("@label:textbox", "User n&ame:"));
+    m_userNameEdit = user.edit;
+    m_userNameNote = user.note;
     connect(m_userNameEdit, &QLineEdit::textChanged, this, &NewAccountPage::changeUserName);
-    addField(form,
-             QStringLiteral("groupNameEdit"),
-             i18nc("@label:textbox", "Grou&p name:"),
-             UserUtils::createGroupNameValidator(this),
-             nameNote);
+    const Field group = addField(form, QStringLiteral("groupNameEdit"), i18nc("@label:textbox", "Grou&p name:"));
+    check(group, UserUtils::createGroupNameValidator(this), nameNote);
 }
 
 void NewAccountPage::addGecos(QFormLayout *form)
@@ -127,7 +135,7 @@ void NewAccountPage::addGecos(QFormLayout *form)
     };
     QValidator *validator = UserUtils::createGecosValidator(this);
     for (const auto &subfield : subfields) {
-        addField(form, subfield.objectName, subfield.label, validator, gecosNote);
+        check(addField(form, subfield.objectName, subfield.label), validator, gecosNote);
     }
 }
 
@@ -144,7 +152,7 @@ void NewAccountPage::addPicture(QFormLayout *form)
 
 void NewAccountPage::addGroups(QFormLayout *form)
 {
-    auto *button = new QPushButton(i18nc("@action:button", "Choose Group&s…"));
+    auto *button = new QPushButton(i18nc("@action:button", "Choose &Groups…"));
     button->setObjectName(QStringLiteral("groupsButton"));
     connect(button, &QPushButton::clicked, this, &NewAccountPage::chooseGroups);
 
@@ -167,6 +175,7 @@ QWidget *NewAccountPage::createUserList()
     m_usersView->setItemsExpandable(false);
     m_usersView->setUniformRowHeights(true);
     m_usersView->setAllColumnsShowFocus(true);
+    m_usersView->setItemDelegateForColumn(UserListModel::NameColumn, new LeftToRight::Delegate(m_usersView));
     m_usersView->header()->setStretchLastSection(false);
     m_usersView->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 
@@ -177,6 +186,12 @@ QWidget *NewAccountPage::createUserList()
     layout->addWidget(label);
     layout->addWidget(m_usersView);
     return list;
+}
+
+void NewAccountPage::readRules()
+{
+    m_userNameValidator.reset(UserUtils::createUserNameValidator(nullptr));
+    checkUserName();
 }
 
 void NewAccountPage::setModel(UserListModel *users)
@@ -206,7 +221,13 @@ void NewAccountPage::changeUserName(const QString &name)
     if (m_users && name.isEmpty()) {
         m_users->applyFilter();
     }
+    checkUserName();
     showNewUser();
+}
+
+void NewAccountPage::checkUserName()
+{
+    m_userNameNote->setNote(nameNote(*m_userNameValidator, m_userNameEdit->text()));
 }
 
 void NewAccountPage::showNewUser()

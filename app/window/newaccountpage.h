@@ -11,11 +11,15 @@
 #include <QStringList>
 #include <QWidget>
 
+#include <memory>
+
+class NoteLabel;
 class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
 class QTreeView;
+class QValidator;
 class UserListModel;
 
 /** Everything that is asked for a new account, checked as it is typed. Creates nothing. */
@@ -25,6 +29,10 @@ class NewAccountPage : public QWidget
 
 public:
     explicit NewAccountPage(QWidget *parent = nullptr);
+    ~NewAccountPage() override;
+
+    /** Reads anew which user names are allowed. */
+    void readRules();
 
     /**
      * Lists @p users, which stay the caller's, and a row for the new account while its name is typed.
@@ -43,6 +51,7 @@ private:
     QWidget *createUserList();
 
     void changeUserName(const QString &name);
+    void checkUserName();
     void showNewUser();
     void choosePicture();
     void showPicture();
@@ -52,7 +61,9 @@ private:
     QPointer<UserListModel> m_users;
     QPixmap m_picture;
     QStringList m_groups;
+    std::unique_ptr<QValidator> m_userNameValidator;
     QLineEdit *m_userNameEdit;
+    NoteLabel *m_userNameNote;
     QPushButton *m_pictureButton;
     QLabel *m_groupsLabel;
     QTreeView *m_usersView;

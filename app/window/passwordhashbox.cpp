@@ -53,7 +53,7 @@ PasswordHashBox::Method PasswordHashBox::addMethod(QFormLayout *form, bool isGos
     auto *note = new NoteLabel(edit);
     addRow(form,
            isGost ? i18nc("@label:textbox password hash by the method", "GOS&T:")
-                  : i18nc("@label:textbox password hash by the method", "SHA-&512:"),
+                  : i18nc("@label:textbox password hash by the method", "&SHA-512:"),
            {edit, button},
            note);
 

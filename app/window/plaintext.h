@@ -11,10 +11,11 @@
 /** Texts from account files must not be taken for rich text where widgets guess what they are. */
 namespace PlainText
 {
-/** Rich text that shows @p text as it is, in lines as long as fit. */
+/** Rich text that shows @p text as it is, in lines as long as fit. A line end begins a new one. */
 inline QString toRichText(const QString &text)
 {
-    return QLatin1String("<qt>") + text.toHtmlEscaped() + QLatin1String("</qt>");
+    const QString escaped = text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+    return QLatin1String("<qt>") + escaped + QLatin1String("</qt>");
 }
 }
 

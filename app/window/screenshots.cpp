@@ -26,7 +26,9 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QTabWidget>
+#include <QTimer>
 
+#include <algorithm>
 #include <memory>
 
 namespace
@@ -97,6 +99,14 @@ const Dialog dialogs[] = {
     {"dialog-about", about},
 };
 
+/** Whether a part of @p widget is going to show more in a moment, such as the picture of a user. */
+bool isWaiting(const QWidget &widget)
+{
+    const auto timers = widget.findChildren<QTimer *>();
+    return std::any_of(
+        timers.begin(), timers.end(), [](const QTimer *timer) { return timer->isActive() && timer->isSingleShot(); });
+}
+
 /** Takes pictures of what is shown until one of them cannot be written. */
 class Camera
 {
@@ -109,6 +119,9 @@ public:
     bool take(QWidget &widget, const QString &name)
     {
         QCoreApplication::processEvents();
+        while (isWaiting(widget)) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
         const QString file = m_directory.filePath(name + QStringLiteral(".png"));
         if (!widget.grab().save(file)) {
             failure(i18n("Cannot write '%1'.", file));
@@ -127,6 +140,8 @@ bool takePages(Camera &camera)
     QEventLoop reading;
     QObject::connect(&window, &MainWindow::reloaded, &reading, &QEventLoop::quit);
     window.show();
+    // Not every platform has a first paint.
+    window.reload();
     reading.exec();
     QTabWidget &pages = *window.pages();
     for (int page = 0; page < pages.count(); ++page) {

@@ -8,6 +8,8 @@
 #include "lefttoright.h"
 #include "plaintext.h"
 
+#include <KLocalizedString>
+
 #include <QHeaderView>
 #include <QLabel>
 
@@ -19,6 +21,7 @@ constexpr int maxCharacters = 36;
 
 Table::Table(const QString &title, const QVector<Column> &columns, QWidget *parent)
     : QTreeWidget(parent)
+    , m_title(title)
 {
     QStringList titles;
     for (const Column &column : columns) {
@@ -28,7 +31,7 @@ Table::Table(const QString &title, const QVector<Column> &columns, QWidget *pare
         titles.append(column.title);
     }
     setHeaderLabels(titles);
-    setAccessibleName(title);
+    setAccessibleName(KLocalizedString::removeAcceleratorMarker(title));
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setUniformRowHeights(true);
@@ -38,7 +41,7 @@ Table::Table(const QString &title, const QVector<Column> &columns, QWidget *pare
 
 QLabel *Table::createTitleLabel()
 {
-    auto *label = new QLabel(accessibleName(), parentWidget());
+    auto *label = new QLabel(m_title, parentWidget());
     label->setAlignment(LeftToRight::lineStart());
     label->setBuddy(this);
     return label;

@@ -30,6 +30,7 @@ public:
         QString explanation;
     };
 
+    /** @param title with a letter that leads here, perhaps */
     Table(const QString &title, const QVector<Column> &columns, QWidget *parent = nullptr);
 
     /** A new label with the title, to stand above the table. */
@@ -40,6 +41,9 @@ public:
 
     /** Replaces all rows. The first one becomes the current one, but is not selected. */
     void setRows(const QList<QTreeWidgetItem *> &rows);
+
+private:
+    const QString m_title;
 };
 
 #endif

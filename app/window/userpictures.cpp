@@ -31,12 +31,22 @@ QImage read(const QString &path, const QSize &size)
     if (original.width() > maxEdge || original.height() > maxEdge) {
         return {};
     }
-    const QImage image = reader.read();
-    return image.isNull() ? image : image.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    if (!original.isValid()) {
+        const QImage image = reader.read();
+        return image.isNull() ? image : image.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    }
+    // Some formats need not be read in full for a smaller picture. It is turned after it is scaled.
+    const bool turned = reader.transformation() & QImageIOHandler::TransformationRotate90;
+    const QSize scaled = original.scaled(turned ? size.transposed() : size, Qt::KeepAspectRatio);
+    reader.setScaledSize(scaled.expandedTo({1, 1}));
+    return reader.read();
 }
 
 QImage ownPicture(const UserInfo &user, const QSize &size)
 {
+    if (user.home().isEmpty()) {
+        return {};
+    }
     // One character of a record is one byte of the path.
     const QString home = QFile::decodeName(user.home().toLatin1());
     for (const auto &name : {QStringLiteral("/.face"), QStringLiteral("/.face.icon")}) {

@@ -10,17 +10,21 @@
 #include "details.h"
 #include "limitsview.h"
 #include "pagelayout.h"
+#include "waitcursor.h"
 
-#include <UserInfo>
 #include <UserListModel>
 
 #include <KLocalizedString>
 
 #include <QIcon>
 #include <QLabel>
+#include <QTimer>
 
 namespace
 {
+/** How long a user is current before the picture is read, which may take long. In milliseconds. */
+constexpr int pictureDelay = 50;
+
 QVector<AccountList::Filter> filters()
 {
     return {
@@ -38,8 +42,12 @@ UsersPage::UsersPage(AccountStore *store, QWidget *parent)
     , m_list(new AccountList(i18nc("@title of a list", "Users"), filters(), this))
     , m_details(new Details(96, this))
     , m_limits(new LimitsView(this))
+    , m_pictureTimer(new QTimer(this))
 {
     m_list->setObjectName(QStringLiteral("userList"));
+    m_pictureTimer->setSingleShot(true);
+    m_pictureTimer->setInterval(pictureDelay);
+    connect(m_pictureTimer, &QTimer::timeout, this, &UsersPage::showPicture);
     addFields();
     PageLayout::arrange(this, m_list, {m_details, m_limits});
     showUser(QModelIndex());
@@ -93,7 +101,7 @@ void UsersPage::showDetails(const UserInfo &user)
 {
     const bool known = !user.isEmpty();
     m_details->setTitle(known ? user.name() : i18n("No user is selected"));
-    showPicture(user);
+    showPictureSoon(user);
     m_administrator->setVisible(user.isOrmelAdmin());
     m_system->setVisible(known && user.isSystem());
     const int last = m_gecos.size() - 1;
@@ -108,8 +116,21 @@ void UsersPage::showDetails(const UserInfo &user)
     Details::setText(*m_groups, user.groupNames().join(QLatin1String(", ")));
 }
 
-void UsersPage::showPicture(const UserInfo &user)
+void UsersPage::showPictureSoon(const UserInfo &user)
 {
+    m_details->setPicture(QPixmap());
+    m_userToPicture = user;
+    if (user.isEmpty()) {
+        m_pictureTimer->stop();
+    } else {
+        m_pictureTimer->start();
+    }
+}
+
+void UsersPage::showPicture()
+{
+    const WaitCursor wait;
+    const UserInfo &user = m_userToPicture;
     const qreal ratio = devicePixelRatioF();
     QImage picture = m_pictures.picture(user, m_details->pictureSize() * ratio);
     if (!picture.isNull()) {

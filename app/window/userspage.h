@@ -8,6 +8,8 @@
 
 #include "userpictures.h"
 
+#include <UserInfo>
+
 #include <QWidget>
 
 class AccountList;
@@ -15,7 +17,7 @@ class AccountStore;
 class Details;
 class LimitsView;
 class QLabel;
-class UserInfo;
+class QTimer;
 
 /** The users of the machine, and all there is to know of one of them. */
 class UsersPage : public QWidget
@@ -30,13 +32,17 @@ private:
     void showAll();
     void showUser(const QModelIndex &index);
     void showDetails(const UserInfo &user);
-    void showPicture(const UserInfo &user);
+    void showPictureSoon(const UserInfo &user);
+    void showPicture();
 
     AccountStore *const m_store;
     AccountList *const m_list;
     Details *const m_details;
     LimitsView *const m_limits;
     UserPictures m_pictures;
+    /** Whose picture is still to be shown. */
+    UserInfo m_userToPicture;
+    QTimer *const m_pictureTimer;
     QLabel *m_administrator = nullptr;
     QLabel *m_system = nullptr;
     QVector<QLabel *> m_gecos;
