@@ -175,7 +175,8 @@ bool chooseLargeImages(const Sizes & /*sizes*/)
     UserIconDialog dialog;
     QPixmap small(64, 64);
     small.fill(Qt::gray);
-    for (const LargeImage &image : largeImages(QSize(25000, 20000))) {
+    const QVector<LargeImage> images = largeImages(QSize(25000, 20000));
+    for (const LargeImage &image : images) {
         const QString path = QStringLiteral("/tmp/large.") + QString::fromLatin1(image.format);
         Sandbox::write(path, image.content);
         dialog.setPixmap(small);
