@@ -8,7 +8,6 @@
 #include "accountfile_p.h"
 #include "accountlog_p.h"
 
-#include <cerrno>
 #include <cstdlib>
 
 #include <grp.h>
@@ -48,12 +47,11 @@ GroupIds groupIds(const passwd *entry, int &count)
     GroupIds ids(static_cast<gid_t *>(malloc(sizeOfIds(count))));
     while (ids) {
         const int capacity = count;
-        errno = 0;
         if (getgrouplist(name, entry->pw_gid, ids.get(), &count) != -1) {
             return ids;
         }
         // Without memory for a buffer of its own it asks for no more room, however often it is called.
-        if (errno == ENOMEM && count <= capacity) {
+        if (count <= capacity) {
             return {};
         }
         ids = resized(std::move(ids), count);

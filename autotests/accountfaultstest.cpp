@@ -37,6 +37,7 @@ struct Fault {
 };
 
 Fault s_fault;
+int s_roomClaimed = 0; ///< how many groups getgrouplist() says there are when it fails
 milliseconds s_delay{0};
 int s_calls = 0;
 
@@ -82,6 +83,16 @@ extern "C" Q_DECL_EXPORT group *getgrgid(gid_t gid)
 {
     static const auto next = original(getgrgid, "getgrgid");
     return fails("getgrgid") ? nullptr : next(gid);
+}
+
+extern "C" Q_DECL_EXPORT int getgrouplist(const char *user, gid_t group, gid_t *groups, int *count)
+{
+    static const auto next = original(getgrouplist, "getgrouplist");
+    if (!fails("getgrouplist")) {
+        return next(user, group, groups, count);
+    }
+    *count = s_roomClaimed;
+    return -1;
 }
 
 namespace
@@ -164,6 +175,8 @@ private Q_SLOTS:
     void init();
     void givesWhatCanBeFound_data();
     void givesWhatCanBeFound();
+    void endsWithoutGroupsWhenNoMoreRoomIsWanted_data();
+    void endsWithoutGroupsWhenNoMoreRoomIsWanted();
     void takesNoLongerThanWhatItAsks_data();
     void takesNoLongerThanWhatItAsks();
 };
@@ -245,6 +258,35 @@ void AccountFaultsTest::givesWhatCanBeFound()
         // What failed is not remembered.
         QCOMPARE(lookup(), complete);
         QCOMPARE(recorder.takeTexts(), QStringList());
+    }
+}
+
+void AccountFaultsTest::endsWithoutGroupsWhenNoMoreRoomIsWanted_data()
+{
+    QTest::addColumn<int>("claimed");
+
+    QTest::newRow("as much") << 16;
+    QTest::newRow("less") << 1;
+    QTest::newRow("none") << 0;
+    QTest::newRow("a negative number") << -1;
+}
+
+void AccountFaultsTest::endsWithoutGroupsWhenNoMoreRoomIsWanted()
+{
+    QFETCH(int, claimed);
+    const QStringList complete = users();
+
+    for (const int error : {0, EINTR, EIO, ENOMEM}) {
+        MessageRecorder recorder;
+        s_roomClaimed = claimed;
+        s_fault = {"getgrouplist", error, Fault::always};
+        const QStringList actual = users();
+        s_fault = {};
+        QCOMPARE(actual,
+                 QStringList({aliceAlone + QLatin1String("primary alice(1000: alice) | groups  | no admin"),
+                              bobAlone + QLatin1String("primary staff(50: alice bob) | groups  | no admin")}));
+        QCOMPARE(recorder.takeTexts(), QStringList());
+        QCOMPARE(users(), complete);
     }
 }
 

@@ -2,20 +2,27 @@
 # SPDX-FileCopyrightText: 2026 The Ormel Users contributors
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
-# exportedsymbols.sh LIBRARY CLASS...: the library exports these classes, each with something, and
-# nothing else but what templates of the toolkit leave weak and the linker's own marks.
+# exportedsymbols.sh PROJECT LIBRARY CLASS...: the library exports these classes, each with something,
+# and nothing else but what templates of the toolkit and the C++ library leave weak and the linker's own
+# marks. Nothing exported names a class of a private header.
 set -euo pipefail
 
-library=$1
-shift
+project=$1
+library=$2
+shift 2
 symbols=$(nm -DC --defined-only "$library")
 
 classes=$(IFS='|'; echo "$*")
 strays=$(grep -vE "^[0-9a-f]+ [TBDRVW] ((vtable|typeinfo|typeinfo name) for |non-virtual thunk to )?($classes)(::|$)" <<<"$symbols" |
-    grep -vE '^[0-9a-f]+ ([VWu] |[BD] (__bss_start|_edata|_end)$)' || true)
+    grep -vE '^[0-9a-f]+ ([VWu] ([a-z ]+[*&]* )?(std::|Q[A-Z]|Qt)|[BD] (__bss_start|_edata|_end)$)' || true)
 if [ -n "$strays" ]; then
     echo "Exported, but not part of the interface:"
     echo "$strays"
+    exit 1
+fi
+private=$(sed -nE 's/^(class|struct) ([A-Za-z]+)[^;]*$/\2/p' "$project"/*/*_p.h | paste -sd '|')
+if grep -wE "$private" <<<"$symbols"; then
+    echo "Exported, but of a private header"
     exit 1
 fi
 for class in "$@"; do

@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
+#include <limits>
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -25,9 +26,10 @@
 
 // Does one piece of work over much data and prints the processor time that it took and the memory at its peak:
 //
-//   scripts/sandbox build/dev/bin/load NAME [DIVISOR]
+//   scripts/sandbox build/dev/bin/load NAME [DIVISOR [SECONDS MEGABYTES]]
 //
-// The exit status tells whether the result was right. A divisor makes the data that much smaller.
+// The exit status tells whether the result was right and no more was taken than that. A divisor makes the data that
+// much smaller.
 
 namespace
 {
@@ -167,13 +169,20 @@ bool showUsers(const Sizes &sizes)
     return users.rowCount() == sizes.accounts && users.removeRows(0, 100) && users.rowCount() == sizes.accounts - 100;
 }
 
-/** Chooses files that claim to be images of 500 megapixels. */
+/** Chooses files that claim to be images of 500 megapixels: none is shown, nor what was shown before. */
 bool chooseLargeImages(const Sizes & /*sizes*/)
 {
-    const UserIconDialog dialog;
-    for (const LargeImage &image : largeImages(QSize(25000, 20000))) {
+    UserIconDialog dialog;
+    QPixmap small(64, 64);
+    small.fill(Qt::gray);
+    const QVector<LargeImage> images = largeImages(QSize(25000, 20000));
+    for (const LargeImage &image : images) {
         const QString path = QStringLiteral("/tmp/large.") + QString::fromLatin1(image.format);
         Sandbox::write(path, image.content);
+        dialog.setPixmap(small);
+        if (dialog.selectedPixmap().isNull()) {
+            return false;
+        }
         const FileChoice choice(dialog, path);
         if (!dialog.selectedPixmap().isNull()) {
             return false;
@@ -224,7 +233,10 @@ int main(int argc, char **argv)
     const auto *const work = std::find_if(std::begin(works), std::end(works), [&](const Work &work) {
         return argc > 1 && qstrcmp(work.name, argv[1]) == 0;
     });
-    const int divisor = argc > 2 ? QByteArray(argv[2]).toInt() : 1;
+    const auto number = [&](int argument, int otherwise) {
+        return argc > argument ? QByteArray(argv[argument]).toInt() : otherwise;
+    };
+    const int divisor = number(2, 1);
     if (work == std::end(works) || divisor < 1) {
         for (const Work &work : works) {
             std::puts(work.name);
@@ -239,6 +251,10 @@ int main(int argc, char **argv)
     const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
-    std::printf("%-20s %8.2f s %6ld MB  %s\n", work->name, seconds, usage.ru_maxrss / 1024, right ? "ok" : "WRONG");
-    return right ? 0 : 1;
+    const long megabytes = usage.ru_maxrss / 1024;
+    constexpr int any = std::numeric_limits<int>::max();
+    const bool cheap = seconds <= number(3, any) && megabytes <= number(4, any);
+    const char *rightVerdict = cheap ? "ok" : "TOO MUCH";
+    std::printf("%-20s %8.2f s %6ld MB  %s\n", work->name, seconds, megabytes, right ? rightVerdict : "WRONG");
+    return right && cheap ? 0 : 1;
 }

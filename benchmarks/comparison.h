@@ -22,6 +22,7 @@ enum class Figure {
 struct Limit {
     double value = 0; ///< times what the peer takes or, without a peer, Megabytes; 0 for no limit
     int64_t from = 0;
+    double accepted = 0; ///< the same, where it is explained why the limit is missed; 0 where it never is
 };
 
 /** Something that the library does, and what it is measured beside. */
@@ -32,8 +33,9 @@ struct Comparison {
     const char *what;
     const char *beside; ///< what the peer does; empty without one
     Limit limit;
-    const char *explanation; ///< the anchor in docs/performance.md of why the limit is missed; empty if it never is
+    const char *explanation; ///< the heading of docs/performance.md that tells why, such as "#loading"; or empty
     std::vector<int64_t> sizes; ///< passed as range(0); may be empty
+    benchmark::BigO growth; ///< how the time may grow with the size at most; oNone when that is not fitted
     Function *library;
     Function *peer = nullptr;
     Figure figure = Figure::Time;

@@ -83,6 +83,7 @@ Comparisons iconComparisons()
          {2},
          "",
          {},
+         benchmark::oNone,
          drag,
          drawImage},
     };

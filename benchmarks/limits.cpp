@@ -116,6 +116,7 @@ Comparisons limitsComparisons()
          {4},
          "",
          {10000, 100000, 1000000},
+         benchmark::oNLogN,
          readLimitsConf,
          readLines},
         {"getItem",
@@ -124,6 +125,7 @@ Comparisons limitsComparisons()
          {2},
          "",
          {100, 1000, 10000},
+         benchmark::oNLogN,
          getItem,
          compareStrings},
     };

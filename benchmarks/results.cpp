@@ -55,13 +55,16 @@ void Results::addTime(const Run &run)
     const double value = valueOf(run);
     Result &result = m_results.emplace(name, Result{value, run.benchmark_name()}).first->second;
     result.least = std::min(result.least, value);
+    m_sizesToFit[run.run_name.function_name].insert(run.complexity_n);
 }
 
 void Results::addGrowth(const Run &order, const Run &deviation)
 {
-    const Growth growth{order.complexity, deviation.cpu_accumulated_time};
-    Growth &best = m_growths.emplace(order.run_name.function_name, growth).first->second;
-    if (growth.deviation < best.deviation) {
+    const std::string &family = order.run_name.function_name;
+    const Growth growth{order.complexity, m_sizesToFit[family].size(), deviation.cpu_accumulated_time};
+    m_sizesToFit.erase(family);
+    Growth &best = m_growths.emplace(family, growth).first->second;
+    if (growth.sizes > best.sizes || (growth.sizes == best.sizes && growth.deviation < best.deviation)) {
         best = growth;
     }
 }
@@ -72,18 +75,10 @@ std::optional<double> Results::least(const std::string &name) const
     return found == m_results.end() ? std::nullopt : std::optional(found->second.least);
 }
 
-std::string Results::growth(const std::string &family) const
+benchmark::BigO Results::growth(const std::string &family, std::size_t sizes) const
 {
-    static const std::map<benchmark::BigO, std::string> texts = {
-        {benchmark::o1, "O(1)"},
-        {benchmark::oLogN, "O(log n)"},
-        {benchmark::oN, "O(n)"},
-        {benchmark::oNLogN, "O(n log n)"},
-        {benchmark::oNSquared, "O(n²)"},
-        {benchmark::oNCubed, "O(n³)"},
-    };
     const auto found = m_growths.find(family);
-    return found == m_growths.end() ? std::string() : texts.at(found->second.order);
+    return found == m_growths.end() || found->second.sizes < sizes ? benchmark::oNone : found->second.order;
 }
 
 std::vector<std::string> Results::quickOnes() const

@@ -10,6 +10,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -24,8 +25,8 @@ public:
     /** The least that a benchmark took in any of its runs: seconds, or bytes; nothing when it was not run. */
     std::optional<double> least(const std::string &name) const;
 
-    /** How the time of a benchmark grows with the size by the best fit, such as "O(n)"; empty without one. */
-    std::string growth(const std::string &family) const;
+    /** How the time of a benchmark grows by the best fit over so many @p sizes; oNone without one. */
+    benchmark::BigO growth(const std::string &family, std::size_t sizes) const;
 
     /** The full names of the benchmarks of which a run takes less than a second. */
     std::vector<std::string> quickOnes() const;
@@ -38,6 +39,7 @@ private:
 
     struct Growth {
         benchmark::BigO order;
+        std::size_t sizes;
         double deviation;
     };
 
@@ -46,6 +48,7 @@ private:
 
     std::map<std::string, Result> m_results;
     std::map<std::string, Growth> m_growths;
+    std::map<std::string, std::set<int64_t>> m_sizesToFit; ///< of each family, since it was fitted
 };
 
 #endif

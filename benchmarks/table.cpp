@@ -23,6 +23,28 @@ namespace
 {
 constexpr double bytesPerMegabyte = 1024 * 1024;
 
+/** The slowest growth first. */
+constexpr struct {
+    benchmark::BigO order;
+    const char *text;
+} orders[] = {
+    {benchmark::oNone, ""},
+    {benchmark::o1, "O(1)"},
+    {benchmark::oLogN, "O(log n)"},
+    {benchmark::oN, "O(n)"},
+    {benchmark::oNLogN, "O(n log n)"},
+    {benchmark::oNSquared, "O(n²)"},
+    {benchmark::oNCubed, "O(n³)"},
+};
+
+/** Where @p order stands among them. */
+std::ptrdiff_t orderOf(benchmark::BigO order)
+{
+    const auto *const found = std::find_if(
+        std::begin(orders), std::end(orders), [order](const auto &candidate) { return candidate.order == order; });
+    return std::distance(std::begin(orders), found);
+}
+
 QString circumstances()
 {
     return QStringLiteral("%1, glibc %2, Qt %3, %4 processors, %5")
@@ -70,17 +92,18 @@ void Table::add(const Comparison &comparison, const Results &results, std::optio
     const std::string name = comparison.name;
     const std::string argument = size ? '/' + std::to_string(*size) : std::string();
     const auto library = results.least(name + "/library" + argument);
-    if (!library) {
-        return; // it was not asked for
+    const auto peer = results.least(name + "/peer" + argument);
+    if (!library || (comparison.peer && !peer)) {
+        return; // they were not both asked for
     }
     const bool limited = comparison.limit.value > 0 && size.value_or(comparison.limit.from) >= comparison.limit.from;
     m_rows.push_back({
         comparison,
         size ? QLocale(QLocale::English).toString(qlonglong(*size)) : QString(),
         *library,
-        results.least(name + "/peer" + argument),
+        peer,
         limited ? std::optional(comparison.limit.value) : std::nullopt,
-        QString::fromStdString(results.growth(name + "/library")),
+        results.growth(name + "/library", comparison.sizes.size()),
     });
 }
 
@@ -94,16 +117,32 @@ bool Table::Row::isReached() const
     return !limit || figure() <= *limit;
 }
 
+bool Table::Row::isAccepted() const
+{
+    return isReached() || figure() <= comparison.limit.accepted;
+}
+
+bool Table::Row::growsTooFast() const
+{
+    return orderOf(growth) > orderOf(comparison.growth);
+}
+
 QString Table::Row::reached() const
 {
+    const QLatin1String anchor(comparison.explanation);
     if (!limit) {
-        return {};
+        return anchor.isEmpty() ? QString() : QStringLiteral("[why](%1)").arg(anchor);
     }
     if (isReached()) {
         return QStringLiteral("yes");
     }
-    const QLatin1String anchor(comparison.explanation);
-    return anchor.isEmpty() ? QStringLiteral("**no**") : QStringLiteral("no: [why](#%1)").arg(anchor);
+    return isAccepted() ? QStringLiteral("no: [why](%1)").arg(anchor) : QStringLiteral("**no**");
+}
+
+QString Table::Row::growthText() const
+{
+    const QString text = QString::fromUtf8(orders[orderOf(growth)].text);
+    return growsTooFast() ? QStringLiteral("**%1**").arg(text) : text;
 }
 
 QString Table::Row::amount(double value) const
@@ -135,7 +174,7 @@ QString Table::toMarkdown() const
                      entry.limit ? (entry.peer ? times(*entry.limit) : entry.amount(*entry.limit * bytesPerMegabyte))
                                  : QString(),
                      entry.reached(),
-                     entry.growth});
+                     entry.growthText()});
     }
     return text;
 }
@@ -157,7 +196,7 @@ QByteArray Table::toJson() const
             {QStringLiteral("limit"), optional(row.limit)},
             {QStringLiteral("reached"), row.limit ? row.isReached() : QJsonValue()},
             {QStringLiteral("explanation"), QLatin1String(row.comparison.explanation)},
-            {QStringLiteral("growth"), row.growth},
+            {QStringLiteral("growth"), QString::fromUtf8(orders[orderOf(row.growth)].text)},
         });
     }
     const QJsonObject table{
@@ -169,7 +208,7 @@ QByteArray Table::toJson() const
 
 bool Table::hasSurprise() const
 {
-    return std::any_of(m_rows.begin(), m_rows.end(), [](const Row &row) {
-        return !row.isReached() && *row.comparison.explanation == '\0';
-    });
+    return m_rows.empty() || std::any_of(m_rows.begin(), m_rows.end(), [](const Row &row) {
+               return !row.isAccepted() || row.growsTooFast();
+           });
 }

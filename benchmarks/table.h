@@ -25,7 +25,7 @@ public:
     QString toMarkdown() const;
     QByteArray toJson() const;
 
-    /** Whether a limit is missed that was not known to be. */
+    /** Whether something takes longer, or grows faster, than is known; nothing at all is a surprise, too. */
     bool hasSurprise() const;
 
 private:
@@ -35,12 +35,15 @@ private:
         double library;
         std::optional<double> peer;
         std::optional<double> limit;
-        QString growth;
+        benchmark::BigO growth;
 
         /** What the limit is for: the ratio or, without a peer, the Megabytes. */
         double figure() const;
         bool isReached() const;
+        bool isAccepted() const;
+        bool growsTooFast() const;
         QString reached() const;
+        QString growthText() const;
         QString amount(double value) const;
     };
 

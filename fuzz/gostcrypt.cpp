@@ -22,7 +22,7 @@ namespace
 constexpr char gostPrefix[] = "$gost12512hash$";
 constexpr int gostPrefixLength = sizeof(gostPrefix) - 1;
 constexpr char sha512Prefix[] = "$6$";
-constexpr int longestSystemKey = 511;
+constexpr int longestKey = 511;
 constexpr int hashLength = 86;
 
 /** @p setting, but with no more rounds than can be waited for; those that are refused stay. */
@@ -40,12 +40,23 @@ QByteArray withFewRounds(const QByteArray &setting)
     return isMuch ? setting.left(begin) + QByteArray::number(1000 + number % 1000) + setting.mid(end) : setting;
 }
 
+/** What refuses @p key with @p setting, or 0. */
+int expectedError(const QByteArray &key, const QByteArray &setting)
+{
+    if (!gost_crypt("", setting.constData())) {
+        return EINVAL;
+    }
+    return key.size() > longestKey ? ERANGE : 0;
+}
+
 /** A byte array with the hash; a null one when it was refused. */
 QByteArray gostHash(const QByteArray &key, const QByteArray &setting)
 {
+    const int expected = expectedError(key, setting);
     errno = 0;
     QByteArray hash = gost_crypt(key.constData(), setting.constData());
-    require(hash.isNull() == (errno == EINVAL), QStringLiteral("What is refused is an invalid argument"));
+    require(errno == expected, QStringLiteral("What is refused is an invalid setting or a key that is too long"));
+    require(hash.isNull() == (errno != 0), QStringLiteral("What is not refused is hashed"));
     return hash;
 }
 
@@ -87,7 +98,7 @@ void Target::run(const QByteArray &input)
         require(hash.isNull(), QStringLiteral("Other methods are refused"));
         return;
     }
-    if (key.size() <= longestSystemKey) {
+    if (key.size() <= longestKey) {
         compareWithSystem(key, sha512Prefix + setting.mid(gostPrefixLength));
     }
     if (!hash.isNull()) {
