@@ -18,7 +18,7 @@ namespace
 struct Deallocator {
     void operator()(void *memory) const
     {
-        free(memory);
+        free(memory); // NOLINT(clang-analyzer-unix.Malloc): realloc() frees for a size of 0 only, which it never gets
     }
 };
 

@@ -147,7 +147,7 @@ void IconSelectModel::move(int x, int y)
     if (!m_pressed) {
         m_cursor = cursorAt(x, y);
     } else if (m_moving) {
-        moveSelection(x - m_grabX, y - m_grabY);
+        moveSelection(qint64(x) - m_grabX, qint64(y) - m_grabY);
         layOut();
     } else if (drag(x, y)) {
         layOut();
@@ -205,7 +205,7 @@ int IconSelectModel::cursorAt(int x, int y) const
     return QRect(QPoint(l, t), QPoint(r, b)).contains(x, y) ? int(Qt::SizeAllCursor) : noCursor;
 }
 
-void IconSelectModel::moveSelection(int left, int top)
+void IconSelectModel::moveSelection(qint64 left, qint64 top)
 {
     const int width = r - l + 1;
     const int height = b - t + 1;
@@ -221,10 +221,10 @@ void IconSelectModel::moveSelection(int left, int top)
     if (top < T) {
         top = T;
     }
-    l = left;
-    t = top;
-    r = left + width - 1;
-    b = top + height - 1;
+    l = int(left);
+    t = int(top);
+    r = l + width - 1;
+    b = t + height - 1;
 }
 
 bool IconSelectModel::drag(int x, int y)

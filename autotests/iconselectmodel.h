@@ -57,7 +57,7 @@ private:
     static int smaller(int one, int other);
     void placeHandles();
     int cursorAt(int x, int y) const;
-    void moveSelection(int left, int top);
+    void moveSelection(qint64 left, qint64 top);
     bool drag(int x, int y);
 
     int m_width = 0;

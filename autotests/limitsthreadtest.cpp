@@ -4,6 +4,7 @@
 */
 
 #include "limitsfixtures.h"
+#include "runtogether.h"
 
 #include <GroupInfo>
 #include <UserInfo>
@@ -11,37 +12,13 @@
 #include <QTest>
 
 #include <atomic>
-#include <thread>
-#include <vector>
 
 // Built with the thread sanitizer, together with the sources of the library: a race ends the
 // program with a report.
 
 namespace
 {
-constexpr int threadCount = 4;
 constexpr int rounds = 200;
-
-/** Runs @p work in several threads that start at the same time. */
-template<typename Work>
-void runTogether(Work work)
-{
-    std::atomic<int> waiting{threadCount};
-    std::vector<std::thread> threads;
-    threads.reserve(threadCount);
-    for (int i = 0; i < threadCount; ++i) {
-        threads.emplace_back([&waiting, &work] {
-            --waiting;
-            while (waiting > 0) {
-                std::this_thread::yield();
-            }
-            work();
-        });
-    }
-    for (std::thread &thread : threads) {
-        thread.join();
-    }
-}
 }
 
 class LimitsThreadTest : public QObject

@@ -17,9 +17,13 @@
 #include <UserUtils>
 
 #include <QApplication>
+#include <QFrame>
+#include <QLayout>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QValidator>
 
+#include <algorithm>
 #include <memory>
 
 #include <valgrind/callgrind.h>
@@ -136,11 +140,34 @@ void openDialogs(const GroupInfo &group)
     GroupSelectDialog(QStringLiteral("user7"), {QStringLiteral("shared200")}).grab();
 }
 
+void send(QWidget &widget, QEvent::Type type, const QPoint &position)
+{
+    QMouseEvent event(type, position, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+/** Drags what is at @p start there and back. */
+void drag(QWidget &widget, const QPoint &start, const QPoint &step)
+{
+    send(widget, QEvent::MouseButtonPress, start);
+    for (const int way : {1, 2, 3, 2, 1, 0}) {
+        send(widget, QEvent::MouseMove, start + way * step);
+    }
+    send(widget, QEvent::MouseButtonRelease, start);
+}
+
 void cutIcon(const QPixmap &picture)
 {
     UserIconDialog dialog;
     dialog.setPixmap(picture);
+    dialog.grab();
+    QWidget &preview = *dialog.findChild<QFrame *>(QStringLiteral("previewFrame"))->layout()->itemAt(0)->widget();
+    const QPoint centre = preview.rect().center();
+    const int side = std::min(preview.width() * picture.height() / picture.width(), preview.height());
+    const QPoint corner = centre + QPoint(side, side) / 2 - QPoint(5, 5);
     for (int i = 0; i < 20; ++i) {
+        drag(preview, centre, QPoint(5, 0));
+        drag(preview, corner, QPoint(-10, -10));
         dialog.grab();
         dialog.selectedPixmap();
     }

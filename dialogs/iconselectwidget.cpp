@@ -18,6 +18,13 @@ namespace
 constexpr int noHandle = -1;
 
 const QHash<int, Qt::CursorShape> handleCursors = SelectionGeometry::handleCursors();
+
+/** @p position, but no farther away than a widget can reach: sums with it stay within range. */
+QPoint withinReach(const QPoint &position)
+{
+    return {qBound(-QWIDGETSIZE_MAX, position.x(), QWIDGETSIZE_MAX),
+            qBound(-QWIDGETSIZE_MAX, position.y(), QWIDGETSIZE_MAX)};
+}
 }
 
 IconSelectWidget::IconSelectWidget(QWidget *parent)
@@ -201,7 +208,7 @@ void IconSelectWidget::hover(const QPoint &position)
 void IconSelectWidget::drag(const QPoint &position)
 {
     const std::optional<QRect> selection = m_moving
-        ? SelectionGeometry::moved(m_selection, position - m_grabOffset, m_imageRect)
+        ? SelectionGeometry::moved(m_selection, withinReach(position) - m_grabOffset, m_imageRect)
         : SelectionGeometry::resized(m_selection, m_activeHandle, position, m_imageRect);
     if (selection) {
         m_selection = *selection;

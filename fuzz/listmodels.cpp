@@ -97,7 +97,7 @@ public:
         } else if (verb == "check") {
             check(command);
         } else if (verb == "remove") {
-            remove(command.number(0, -2, mostRows), command.number(1, 1, mostRows));
+            remove(command.number(0, -mostRows, mostRows), command.number(1, -mostRows, mostRows));
         } else if (verb == "new") {
             const QModelIndex row = Kind::setNewName(*m_model, command.text(0));
             m_oracle.setNewName(command.text(0));
@@ -139,8 +139,13 @@ public:
 private:
     void start()
     {
-        m_tester = std::make_unique<TableTester>(m_model.get(), TableTester::Mode::Fatal);
+        test();
         m_oracle.reload();
+    }
+
+    void test()
+    {
+        m_tester = std::make_unique<TableTester>(m_model.get(), TableTester::Mode::Fatal);
     }
 
     void list()
@@ -202,11 +207,24 @@ private:
 
     void remove(int row, int count)
     {
+        if (count <= 0) {
+            removeNothing(row, count);
+            return;
+        }
         const bool isThere = row >= 0 && row + count <= m_oracle.rowCount();
         require(m_model->removeRows(row, count) == isThere, QStringLiteral("Rows that are there can be removed"));
         if (isThere) {
             m_oracle.remove(row, count);
         }
+    }
+
+    /** The model announces even this, wherever it is before the end; the tester does not approve of it. */
+    void removeNothing(int row, int count)
+    {
+        m_tester.reset();
+        require(m_model->removeRows(row, count) == (row + count <= m_oracle.rowCount()),
+                QStringLiteral("No rows can be removed before the end"));
+        test();
     }
 
     std::unique_ptr<Model> m_model;
