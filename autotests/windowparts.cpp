@@ -28,6 +28,19 @@ QList<Widget *> visibleChildren(const QWidget &window)
     return visible;
 }
 
+/** The letter with the mark below is a text of its own, which keeps letters from being joined. */
+int drawnWidth(const QWidget &widget, const QString &text)
+{
+    const QStringList parts = text.split(QLatin1Char('&'));
+    const QString last = parts.constLast();
+    int width = widget.fontMetrics().horizontalAdvance(parts.constFirst());
+    if (parts.size() > 1) {
+        width +=
+            widget.fontMetrics().horizontalAdvance(last.left(1)) + widget.fontMetrics().horizontalAdvance(last.mid(1));
+    }
+    return width;
+}
+
 bool isClipped(const QLabel &label)
 {
     if (qobject_cast<const KSqueezedTextLabel *>(&label) || label.text().isEmpty()) {
@@ -36,7 +49,8 @@ bool isClipped(const QLabel &label)
     if (label.wordWrap()) {
         return label.heightForWidth(label.width()) > label.height();
     }
-    return label.sizeHint().width() > label.width() || label.sizeHint().height() > label.height();
+    return label.sizeHint().width() > label.width() || label.sizeHint().height() > label.height()
+        || (label.buddy() && drawnWidth(label, label.text()) > label.width());
 }
 
 void addClippedTitles(QStringList &clipped, const QTreeView &view)
