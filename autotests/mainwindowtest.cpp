@@ -80,7 +80,7 @@ private:
 bool waitUntilRead(MainWindow &window)
 {
     QSignalSpy reloaded(&window, &MainWindow::reloaded);
-    return reloaded.isValid() && reloaded.wait(60000);
+    return reloaded.isValid() && reloaded.wait(240000);
 }
 
 /** Shows the window, with the focus, after everything was read. */

@@ -32,11 +32,11 @@ QList<Widget *> visibleChildren(const QWidget &window)
 int drawnWidth(const QWidget &widget, const QString &text)
 {
     const QStringList parts = text.split(QLatin1Char('&'));
-    const QString last = parts.constLast();
+    const QString &last = parts.constLast();
     int width = widget.fontMetrics().horizontalAdvance(parts.constFirst());
     if (parts.size() > 1) {
-        width +=
-            widget.fontMetrics().horizontalAdvance(last.left(1)) + widget.fontMetrics().horizontalAdvance(last.mid(1));
+        width += widget.fontMetrics().horizontalAdvance(last.mid(0, 1))
+            + widget.fontMetrics().horizontalAdvance(last.mid(1));
     }
     return width;
 }
