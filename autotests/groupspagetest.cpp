@@ -52,7 +52,7 @@ struct Page {
         store.readGroups();
     }
 
-    void select(const char *name)
+    void select(const char *name) const
     {
         clickText(*view, QString::fromLatin1(name));
     }

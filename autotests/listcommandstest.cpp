@@ -4,6 +4,7 @@
 */
 
 #include "accountfixtures.h"
+#include "generatedaccounts.h"
 #include "program.h"
 #include "sandbox.h"
 
@@ -71,6 +72,7 @@ private Q_SLOTS:
     void agreesWithGetentAndId();
     void printsJsonOfUsers();
     void printsJsonOfGroups();
+    void printsJsonOfManyUsers();
     void showsEachWarningOnce();
     void printsHeadingOnlyWithoutFiles();
     void hidesControlCharacters();
@@ -141,7 +143,9 @@ void ListCommandsTest::agreesWithGetentOnGroupsOfTheMachine()
     const QJsonArray array = jsonArray(Program::run({QStringLiteral("groups"), QStringLiteral("--json")}).output);
     const QStringList entries =
         lines(Program::run(QStringLiteral("/usr/bin/getent"), {QStringLiteral("group")}).output);
+    const QStringList users = lines(Program::run(QStringLiteral("/usr/bin/cat"), {passwdPath()}).output);
     QVERIFY(!entries.isEmpty());
+    QVERIFY(!users.isEmpty());
     QCOMPARE(array.size(), entries.size());
 
     for (int i = 0; i < entries.size(); ++i) {
@@ -150,7 +154,14 @@ void ListCommandsTest::agreesWithGetentOnGroupsOfTheMachine()
         QCOMPARE(string(group, "name"), fields.at(0));
         QCOMPARE(number(group, "gid"), fields.at(2));
         const QStringList members = fields.at(3).split(QLatin1Char(','), Qt::SkipEmptyParts);
-        QCOMPARE(strings(group, "members").mid(0, members.size()), members);
+        QStringList expected = members;
+        for (const QString &user : users) {
+            const QString name = user.section(QLatin1Char(':'), 0, 0);
+            if (user.section(QLatin1Char(':'), 3, 3) == fields.at(2) && !members.contains(name)) {
+                expected.append(name);
+            }
+        }
+        QCOMPARE(strings(group, "members"), expected);
     }
 }
 
@@ -225,6 +236,30 @@ void ListCommandsTest::printsJsonOfGroups()
         {QStringLiteral("system"), true},
     };
     QCOMPARE(groups.at(2).toObject(), expected);
+}
+
+void ListCommandsTest::printsJsonOfManyUsers()
+{
+    constexpr int count = 10000;
+    GeneratedAccounts::write(count);
+    const Program::Result result = Program::run({QStringLiteral("users"), QStringLiteral("--json")});
+    QCOMPARE(result.status, 0);
+    const QJsonArray users = jsonArray(result.output);
+    const QStringList entries = lines(Program::run(QStringLiteral("/usr/bin/cat"), {passwdPath()}).output);
+    QCOMPARE(entries.size(), count);
+    QCOMPARE(users.size(), count);
+    for (int i = 0; i < count; ++i) {
+        const QJsonObject user = users.at(i).toObject();
+        const QStringList fields = entries.at(i).split(QLatin1Char(':'));
+        QCOMPARE(QStringList({string(user, "name"),
+                              number(user, "uid"),
+                              number(user, "gid"),
+                              string(user, "gecos"),
+                              string(user, "home"),
+                              string(user, "shell")}),
+                 QStringList({fields.at(0), fields.at(2), fields.at(3), fields.at(4), fields.at(5), fields.at(6)}));
+        QCOMPARE(strings(user, "groups").size(), 1 + GeneratedAccounts::memberships);
+    }
 }
 
 void ListCommandsTest::showsEachWarningOnce()

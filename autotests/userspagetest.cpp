@@ -76,7 +76,7 @@ struct Page {
         store.readUsers();
     }
 
-    void select(const char *name)
+    void select(const char *name) const
     {
         clickText(*view, QString::fromLatin1(name));
     }

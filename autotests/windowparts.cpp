@@ -10,8 +10,10 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTreeView>
 
 namespace
@@ -26,6 +28,19 @@ QList<Widget *> visibleChildren(const QWidget &window)
     return visible;
 }
 
+/** The letter with the mark below is a text of its own, which keeps letters from being joined. */
+int drawnWidth(const QWidget &widget, const QString &text)
+{
+    const QStringList parts = text.split(QLatin1Char('&'));
+    const QString &last = parts.constLast();
+    int width = widget.fontMetrics().horizontalAdvance(parts.constFirst());
+    if (parts.size() > 1) {
+        width += widget.fontMetrics().horizontalAdvance(last.mid(0, 1))
+            + widget.fontMetrics().horizontalAdvance(last.mid(1));
+    }
+    return width;
+}
+
 bool isClipped(const QLabel &label)
 {
     if (qobject_cast<const KSqueezedTextLabel *>(&label) || label.text().isEmpty()) {
@@ -34,14 +49,17 @@ bool isClipped(const QLabel &label)
     if (label.wordWrap()) {
         return label.heightForWidth(label.width()) > label.height();
     }
-    return label.sizeHint().width() > label.width() || label.sizeHint().height() > label.height();
+    return label.sizeHint().width() > label.width() || label.sizeHint().height() > label.height()
+        || (label.buddy() && drawnWidth(label, label.text()) > label.width());
 }
 
 void addClippedTitles(QStringList &clipped, const QTreeView &view)
 {
     const QHeaderView &header = *view.header();
     for (int i = 0; i < header.count(); ++i) {
-        if (header.sectionSize(i) < header.sectionSizeHint(i)) {
+        const bool isInView = header.sectionViewportPosition(i) >= 0
+            && header.sectionViewportPosition(i) + header.sectionSizeHint(i) <= header.viewport()->width();
+        if (header.sectionSize(i) < header.sectionSizeHint(i) || !isInView) {
             clipped.append(view.accessibleName() + QLatin1Char(' ')
                            + header.model()->headerData(i, Qt::Horizontal).toString());
         }
@@ -107,6 +125,20 @@ QStringList clippedTexts(const QWidget &window)
     for (const QComboBox *comboBox : comboBoxes) {
         if (comboBox->width() < comboBox->sizeHint().width()) {
             clipped.append(comboBox->currentText());
+        }
+    }
+    const auto boxes = visibleChildren<QGroupBox>(window);
+    for (const QGroupBox *box : boxes) {
+        if (box->width() < box->minimumSizeHint().width()) {
+            clipped.append(box->title());
+        }
+    }
+    const auto edits = visibleChildren<QLineEdit>(window);
+    for (const QLineEdit *edit : edits) {
+        const int frame = edit->sizeHint().width() - 17 * edit->fontMetrics().horizontalAdvance(QLatin1Char('x'));
+        const int needed = edit->fontMetrics().horizontalAdvance(edit->placeholderText()) + frame;
+        if (!edit->placeholderText().isEmpty() && edit->width() < needed) {
+            clipped.append(edit->placeholderText());
         }
     }
     const auto views = visibleChildren<QTreeView>(window);

@@ -5,6 +5,7 @@
 
 #include "accountlist.h"
 
+#include "formrow.h"
 #include "lefttoright.h"
 #include "messages.h"
 
@@ -93,6 +94,9 @@ AccountList::AccountList(const QString &name, const QVector<Filter> &filters, QW
     filterLabel->setBuddy(m_filterComboBox);
     auto *nameLabel = new QLabel(i18nc("@label:textbox a part of the names of accounts to show", "&Name:"), this);
     nameLabel->setBuddy(m_filterLineEdit);
+    for (QLabel *label : {filterLabel, nameLabel}) {
+        makeRoomForMnemonic(label, label->text());
+    }
 
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins({});

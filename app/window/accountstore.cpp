@@ -52,8 +52,9 @@ void AccountStore::readUsers()
 {
     m_accountsError = readError();
     readInto(m_users, this);
-    readInto(m_usersBesideNewOne, this);
-    m_usersBesideNewOne->setFilter(UserListModel::All);
+    if (m_usersBesideNewOne) {
+        m_usersBesideNewOne->reload();
+    }
     Q_EMIT usersRead();
 }
 
@@ -75,8 +76,12 @@ GroupListModel *AccountStore::groups() const
     return m_groups;
 }
 
-UserListModel *AccountStore::usersBesideNewOne() const
+UserListModel *AccountStore::usersBesideNewOne()
 {
+    if (!m_usersBesideNewOne) {
+        m_usersBesideNewOne = new UserListModel(this);
+        m_usersBesideNewOne->setFilter(UserListModel::All);
+    }
     return m_usersBesideNewOne;
 }
 

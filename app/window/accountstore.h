@@ -40,8 +40,11 @@ public:
     /** The groups; null before they are first read. */
     GroupListModel *groups() const;
 
-    /** All users once more, for a list that gets the row of a new account; null before they are first read. */
-    UserListModel *usersBesideNewOne() const;
+    /**
+     * All users once more, for a list that gets the row of a new account. The first call reads them,
+     * later ones do not.
+     */
+    UserListModel *usersBesideNewOne();
 
     /** The logins of the users whose primary group this is. */
     QStringList primaryMembers(const GroupInfo &group) const;

@@ -46,6 +46,7 @@ ChooseBox::ChooseBox(const Texts &texts)
     addRow(form, texts.name, {m_nameEdit, nameButton}, m_note);
     addRow(form, QString(), {severalButton});
     form->addRow(texts.chosen, m_chosenEdit);
+    makeRoomForMnemonic(form->labelForField(m_chosenEdit), texts.chosen);
 }
 
 QString ChooseBox::name() const

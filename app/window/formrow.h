@@ -18,4 +18,10 @@ class QWidget;
  */
 void addRow(QFormLayout *form, const QString &text, const QVector<QWidget *> &widgets, QWidget *note = nullptr);
 
+/**
+ * Makes a label or button with @p text wide enough for it. The letter to press is drawn by itself; in
+ * scripts that join letters this takes more room than the toolkit gives it.
+ */
+void makeRoomForMnemonic(QWidget *widget, const QString &text);
+
 #endif

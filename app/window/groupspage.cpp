@@ -107,7 +107,7 @@ void GroupsPage::showMembers(const GroupInfo &group)
     const QString primaryGroup = i18nc("@item how a user is in a group", "Primary group");
     const QString member = i18nc("@item how a user is in a group", "Member");
     QList<QTreeWidgetItem *> rows;
-    const QStringList users = group.users();
+    const QStringList &users = group.users();
     for (const QString &user : users) {
         rows.append(Table::row({{user, {}}, {primaryMembers.contains(user) ? primaryGroup : member, {}}}));
     }

@@ -39,7 +39,7 @@ QString domainOf(const LimitsParser &limits, const QStringList &names, const QSt
     if (named != names.end()) {
         return *named;
     }
-    const QString everybody = QStringLiteral("*");
+    QString everybody = QStringLiteral("*");
     if (limits.findField(everybody, item) == value) {
         return everybody;
     }

@@ -13,6 +13,7 @@
 #include "limitspage.h"
 #include "newaccountpage.h"
 #include "userspage.h"
+#include "waitcursor.h"
 
 #include <KLazyLocalizedString>
 #include <KLocalizedString>
@@ -77,10 +78,16 @@ void MainWindow::addPages()
     addPage(new GroupsPage(m_store), "groups", i18nc("@title:tab also in a menu", "&Groups"));
     addPage(new LimitsPage(m_store), "limits", i18nc("@title:tab also in a menu", "&Limits"));
     auto *newAccount = new NewAccountPage;
-    connect(m_store, &AccountStore::usersRead, newAccount, [=] {
-        newAccount->readRules();
-        newAccount->setModel(m_store->usersBesideNewOne());
-    });
+    // Its list is read when it is looked at: that may take long, and most often nobody does.
+    const auto listUsers = [=] {
+        if (m_pages->currentWidget() == newAccount && m_store->users()) {
+            const WaitCursor wait;
+            newAccount->setModel(m_store->usersBesideNewOne());
+        }
+    };
+    connect(m_pages, &QTabWidget::currentChanged, newAccount, listUsers);
+    connect(m_store, &AccountStore::usersRead, newAccount, listUsers);
+    connect(m_store, &AccountStore::usersRead, newAccount, &NewAccountPage::readRules);
     addPage(newAccount, "new-account", i18nc("@title:tab also in a menu", "&New Account"));
     addPage(new ChoosePage, "choose", i18nc("@title:tab also in a menu", "&Choose"));
 }

@@ -15,7 +15,7 @@
 namespace
 {
 /** A home may hold anything under this name; what would take long to read is no picture. */
-constexpr qint64 maxBytes = 10 * 1024 * 1024;
+constexpr qint64 maxBytes = qint64(10) * 1024 * 1024;
 constexpr int maxEdge = 8192;
 
 QImage read(const QString &path, const QSize &size)
@@ -32,7 +32,7 @@ QImage read(const QString &path, const QSize &size)
         return {};
     }
     if (!original.isValid()) {
-        const QImage image = reader.read();
+        QImage image = reader.read();
         return image.isNull() ? image : image.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     }
     // Some formats need not be read in full for a smaller picture. It is turned after it is scaled.
@@ -61,7 +61,7 @@ QImage ownPicture(const UserInfo &user, const QSize &size)
 
 QImage UserPictures::picture(const UserInfo &user, const QSize &size)
 {
-    const QImage own = ownPicture(user, size);
+    QImage own = ownPicture(user, size);
     if (!own.isNull()) {
         return own;
     }
