@@ -139,6 +139,7 @@ private Q_SLOTS:
     void showsBusyCursorWhileReading();
     void readsAgainAtF5();
     void readsOnceAtATime();
+    void readsBeforeFirstPaintWhenTold();
     void canBeClosedWhileReading();
     void listsNewAccountOnItsPageOnly();
     void readsNameRulesAgain();
@@ -265,6 +266,19 @@ void MainWindowTest::readsOnceAtATime()
     QTest::qWait(100);
     QCOMPARE(reloaded.size(), 1);
     QVERIFY(!QApplication::overrideCursor());
+}
+
+void MainWindowTest::readsBeforeFirstPaintWhenTold()
+{
+    MainWindow window;
+    window.reload();
+    QVERIFY(waitUntilRead(window));
+    QSignalSpy again(&window, &MainWindow::reloaded);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QTest::qWait(200);
+    QCOMPARE(again.size(), 0);
+    QCOMPARE(shownRows(*accountsView(window)).size(), 3);
 }
 
 void MainWindowTest::canBeClosedWhileReading()

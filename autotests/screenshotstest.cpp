@@ -156,7 +156,7 @@ void ScreenshotsTest::drawsOnOtherPlatforms_data()
     QTest::addColumn<QString>("variable");
 
     QTest::newRow("not there") << QStringList() << text("QT_QPA_PLATFORM=nonsense");
-    QTest::newRow("without a first paint") << QStringList({text("-platform"), text("minimal")}) << QString();
+    QTest::newRow("chosen by an option") << QStringList({text("-platform"), text("minimal")}) << QString();
 }
 
 void ScreenshotsTest::drawsOnOtherPlatforms()
