@@ -100,7 +100,7 @@ void MainWindow::addPage(QWidget *page, const char *name, const QString &title)
 
     QAction *action = m_pageActions->addAction(title);
     action->setCheckable(true);
-    action->setShortcut(Qt::ALT | (Qt::Key_0 + m_pages->count()));
+    action->setShortcut(QKeySequence(QStringLiteral("Alt+%1").arg(m_pages->count()), QKeySequence::PortableText));
     connect(action, &QAction::triggered, m_pages, [=] { m_pages->setCurrentWidget(page); });
 }
 
@@ -124,7 +124,7 @@ void MainWindow::addFileMenu()
                                     i18nc("@action:inmenu", "&Quit"),
                                     this,
                                     &QWidget::close,
-                                    Qt::CTRL | Qt::Key_Q);
+                                    QKeySequence(QStringLiteral("Ctrl+Q"), QKeySequence::PortableText));
     quit->setMenuRole(QAction::QuitRole);
 }
 
