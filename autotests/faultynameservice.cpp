@@ -129,7 +129,7 @@ public:
     char *text(const std::string &text)
     {
         char *copy = take(text.size() + 1, 1);
-        return copy ? strcpy(copy, text.c_str()) : nullptr;
+        return copy ? static_cast<char *>(memcpy(copy, text.c_str(), text.size() + 1)) : nullptr;
     }
 
     char **texts(const std::vector<std::string> &texts)

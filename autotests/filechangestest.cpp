@@ -497,7 +497,7 @@ void FileChangesTest::readsFilesThatChangeAtAnyTime()
     QVERIFY(changer.waitForReadyRead());
     const QStringList filesBefore = openFiles();
 
-    const int seconds = qMax(1, qEnvironmentVariableIntValue("ORMEL_TEST_SECONDS"));
+    const qint64 seconds = qMax(1, qEnvironmentVariableIntValue("ORMEL_TEST_SECONDS"));
     auto recorder = std::make_unique<MessageRecorder>();
     QSet<QString> warnings;
     size_t memoryBefore = 0;

@@ -33,6 +33,7 @@ void printFatalMessage(QtMsgType type, const QMessageLogContext & /*context*/, c
 
 // The two functions that the engine calls.
 
+// NOLINTNEXTLINE(readability-non-const-parameter): the application keeps a reference to it
 extern "C" int LLVMFuzzerInitialize(int *count, char ***arguments)
 {
     // Never deleted, as windows that targets keep outlive what is static here.
