@@ -50,7 +50,7 @@ QImage ownPicture(const UserInfo &user, const QSize &size)
     // One character of a record is one byte of the path.
     const QString home = QFile::decodeName(user.home().toLatin1());
     for (const auto &name : {QStringLiteral("/.face"), QStringLiteral("/.face.icon")}) {
-        const QImage image = read(home + name, size);
+        QImage image = read(home + name, size);
         if (!image.isNull()) {
             return image;
         }
