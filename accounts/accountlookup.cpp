@@ -8,6 +8,7 @@
 #include "accountfile_p.h"
 #include "accountlog_p.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include <grp.h>
@@ -143,9 +144,14 @@ GroupInfo AccountLookup::group(gid_t gid)
 GroupInfo AccountLookup::completed(const ::group *entry)
 {
     GroupInfo group = record(entry);
-    readPrimaryGroups();
-    group.m_users += m_primaryGroups.value(group.m_gid);
-    group.m_users.removeDuplicates();
+    readPrimaryMembers();
+    const auto members = std::equal_range(m_primaryMembers.begin(), m_primaryMembers.end(), group.m_gid, ByGid());
+    std::for_each(members.first, members.second, [this, &group](const PrimaryMember &member) {
+        group.m_users.append(text(nameOf(member)));
+    });
+    if (group.m_users.size() > 1) {
+        group.m_users.removeDuplicates();
+    }
     return group;
 }
 
@@ -160,14 +166,23 @@ GroupInfo AccountLookup::record(const ::group *entry)
     return group;
 }
 
-const AccountLookup::PrimaryGroups &AccountLookup::primaryGroups()
+void AccountLookup::preparePrimaryMembers()
 {
-    readPrimaryGroups();
+    readPrimaryMembers();
     warnIfPrimaryGroupsUnreadable();
-    return m_primaryGroups;
 }
 
-void AccountLookup::readPrimaryGroups()
+AccountLookup::PrimaryGroups AccountLookup::primaryGroups()
+{
+    preparePrimaryMembers();
+    PrimaryGroups groups;
+    for (const PrimaryMember &member : m_primaryMembers) {
+        groups[member.gid].append(text(nameOf(member)));
+    }
+    return groups;
+}
+
+void AccountLookup::readPrimaryMembers()
 {
     if (m_passwd != Passwd::NotRead) {
         return;
@@ -178,9 +193,16 @@ void AccountLookup::readPrimaryGroups()
         return;
     }
     while (const passwd *entry = fgetpwent(file.get())) {
-        m_primaryGroups[entry->pw_gid].append(text(entry->pw_name));
+        m_primaryMembers.push_back({entry->pw_gid, m_primaryMemberNames.size()});
+        m_primaryMemberNames.append(entry->pw_name).append('\0');
     }
+    std::stable_sort(m_primaryMembers.begin(), m_primaryMembers.end(), ByGid());
     m_passwd = Passwd::Read;
+}
+
+const char *AccountLookup::nameOf(const PrimaryMember &member) const
+{
+    return m_primaryMemberNames.constData() + member.name;
 }
 
 void AccountLookup::warnIfPrimaryGroupsUnreadable() const

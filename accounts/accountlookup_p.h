@@ -9,10 +9,12 @@
 #include "groupinfo.h"
 #include "userinfo.h"
 
+#include <QByteArray>
 #include <QHash>
 #include <QSet>
 
 #include <optional>
+#include <vector>
 
 #include <sys/types.h>
 
@@ -49,18 +51,43 @@ public:
     /** The record of @p entry alone. */
     GroupInfo record(const ::group *entry);
 
+    /** Reads the primary members of all groups, with a warning when they cannot be read. */
+    void preparePrimaryMembers();
+
     /** Every primary group with its members; empty, with a warning, when they cannot be read. */
-    const PrimaryGroups &primaryGroups();
+    PrimaryGroups primaryGroups();
 
 private:
-    void readPrimaryGroups();
+    /** An account of /etc/passwd; most are never asked for, so its name is not yet decoded. */
+    struct PrimaryMember {
+        gid_t gid;
+        int name; ///< where it begins in m_primaryMemberNames
+    };
+    struct ByGid {
+        bool operator()(const PrimaryMember &a, const PrimaryMember &b) const
+        {
+            return a.gid < b.gid;
+        }
+        bool operator()(const PrimaryMember &member, gid_t gid) const
+        {
+            return member.gid < gid;
+        }
+        bool operator()(gid_t gid, const PrimaryMember &member) const
+        {
+            return gid < member.gid;
+        }
+    };
+
+    void readPrimaryMembers();
+    const char *nameOf(const PrimaryMember &member) const;
     void warnIfPrimaryGroupsUnreadable() const;
     QString text(const char *latin1);
 
     enum class Passwd { NotRead, Read, Unreadable };
 
     Passwd m_passwd = Passwd::NotRead;
-    PrimaryGroups m_primaryGroups;
+    std::vector<PrimaryMember> m_primaryMembers; ///< by gid, and then in the order of the file
+    QByteArray m_primaryMemberNames; ///< each ends with a null character
     QHash<gid_t, std::optional<QString>> m_groupNames;
     QHash<QString, std::optional<GroupInfo>> m_groups;
     QSet<QString> m_texts;

@@ -82,7 +82,7 @@ QList<GroupInfo> GroupInfo::getGroups()
         return {};
     }
     AccountLookup lookup;
-    lookup.primaryGroups();
+    lookup.preparePrimaryMembers();
     QList<GroupInfo> groups;
     while (const group *entry = fgetgrent(file.get())) {
         groups.append(lookup.completed(entry));
