@@ -6,6 +6,7 @@
 #include "groupspage.h"
 #include "accountfixtures.h"
 #include "accountstore.h"
+#include "details.h"
 #include "dialogparts.h"
 #include "icontheme.h"
 #include "limitsfixtures.h"
@@ -17,6 +18,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTest>
 #include <QTreeView>
 
@@ -148,6 +150,7 @@ void GroupsPageTest::showsGroup()
     QVERIFY(!part<QLabel>(page.page, "picture")->pixmap(Qt::ReturnByValue).isNull());
     QCOMPARE(fieldText(page.page, "GID:"), text("50"));
     QVERIFY(part<QLabel>(page.page, "systemMark")->isVisible());
+    QTRY_VERIFY(!page.page.findChild<Details *>()->verticalScrollBar()->isVisible());
     page.select("club");
     QCOMPARE(fieldText(page.page, "GID:"), text("2000"));
     QVERIFY(!part<QLabel>(page.page, "systemMark")->isVisible());

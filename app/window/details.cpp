@@ -108,6 +108,19 @@ QSize Details::pictureSize() const
     return m_picture->size();
 }
 
+QSize Details::sizeHint() const
+{
+    return widget()->sizeHint();
+}
+
+bool Details::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+        updateGeometry();
+    }
+    return QScrollArea::eventFilter(watched, event);
+}
+
 void Details::setPicture(const QPixmap &picture)
 {
     m_picture->setFrameShape(QFrame::NoFrame);

@@ -23,6 +23,9 @@ public:
 
     QSize pictureSize() const;
 
+    /** As large as what it shows, so that it scrolls only where there is no room for that. */
+    QSize sizeHint() const override;
+
     void setPicture(const QPixmap &picture);
 
     /** Shows @p sign in the place of the picture, or @p text if there is no such icon. */
@@ -41,6 +44,9 @@ public:
 
     /** Shows @p text in @p field, or a dash when there is none. */
     static void setText(QLabel &field, const QString &text);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QLabel *addField(const QString &title, QLabel *field);

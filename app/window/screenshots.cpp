@@ -119,6 +119,8 @@ public:
     bool take(QWidget &widget, const QString &name)
     {
         QCoreApplication::processEvents();
+        // A part that is laid out anew may have its parent laid out anew.
+        QCoreApplication::processEvents();
         while (isWaiting(widget)) {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         }
