@@ -330,6 +330,7 @@ void DirectoryServiceTest::endsListing()
     const qint64 milliseconds = timer.elapsed();
     s_inTheMiddle = nullptr;
     ((*m_directory).*mend)();
+    DirectoryService::waitFor(QStringLiteral("user0"));
 
     qInfo("%lld ms", milliseconds);
     QCOMPARE(groupsOf(users), expected);
