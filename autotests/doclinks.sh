@@ -13,6 +13,7 @@ anchors() {
 
 count=0 status=0
 for page in *.md docs/*.md; do
+    # shellcheck disable=SC2016 # the backticks are those of code blocks
     while read -r link; do
         file=${link%%#*} anchor=
         [[ $link != *#* ]] || anchor=${link#*#}
