@@ -21,11 +21,10 @@
 
 namespace
 {
-std::mt19937 s_random(1);
-
 size_t below(size_t bound)
 {
-    return s_random() % bound;
+    static std::mt19937 random(1);
+    return random() % bound;
 }
 
 class ChangingFile

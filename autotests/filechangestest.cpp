@@ -156,7 +156,8 @@ QByteArrayList versions(QByteArray (*version)(int))
 QByteArray beginnings(const QByteArrayList &texts)
 {
     QByteArray lines;
-    for (const QByteArray &line : texts.join().split('\n')) {
+    const QByteArrayList whole = texts.join().split('\n');
+    for (const QByteArray &line : whole) {
         for (int size = 1; size <= line.size(); ++size) {
             lines += line.left(size) + '\n';
         }
