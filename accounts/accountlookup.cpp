@@ -145,7 +145,8 @@ GroupInfo AccountLookup::completed(const ::group *entry)
 {
     GroupInfo group = record(entry);
     readPrimaryMembers();
-    const auto members = std::equal_range(m_primaryMembers.begin(), m_primaryMembers.end(), group.m_gid, ByGid());
+    const auto members =
+        std::equal_range(m_primaryMembers.begin(), m_primaryMembers.end(), PrimaryMember{group.m_gid, 0}, hasLowerGid);
     std::for_each(members.first, members.second, [this, &group](const PrimaryMember &member) {
         group.m_users.append(text(nameOf(member)));
     });
@@ -196,7 +197,7 @@ void AccountLookup::readPrimaryMembers()
         m_primaryMembers.push_back({entry->pw_gid, m_primaryMemberNames.size()});
         m_primaryMemberNames.append(entry->pw_name).append('\0');
     }
-    std::stable_sort(m_primaryMembers.begin(), m_primaryMembers.end(), ByGid());
+    std::stable_sort(m_primaryMembers.begin(), m_primaryMembers.end(), hasLowerGid);
     m_passwd = Passwd::Read;
 }
 

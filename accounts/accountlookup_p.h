@@ -63,20 +63,11 @@ private:
         gid_t gid;
         int name; ///< where it begins in m_primaryMemberNames
     };
-    struct ByGid {
-        bool operator()(const PrimaryMember &a, const PrimaryMember &b) const
-        {
-            return a.gid < b.gid;
-        }
-        bool operator()(const PrimaryMember &member, gid_t gid) const
-        {
-            return member.gid < gid;
-        }
-        bool operator()(gid_t gid, const PrimaryMember &member) const
-        {
-            return gid < member.gid;
-        }
-    };
+
+    static bool hasLowerGid(const PrimaryMember &member, const PrimaryMember &other)
+    {
+        return member.gid < other.gid;
+    }
 
     void readPrimaryMembers();
     const char *nameOf(const PrimaryMember &member) const;
