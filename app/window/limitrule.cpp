@@ -31,9 +31,6 @@ QStringList groupDomains(const QStringList &groups, const QString &item)
 /** The first of @p names that has a rule; otherwise it is a rule for ids or for everybody that gave @p value. */
 QString domainOf(const LimitsParser &limits, const QStringList &names, const QString &item, const QVariant &value)
 {
-    if (value.isNull()) {
-        return {};
-    }
     const auto named = std::find_if(
         names.begin(), names.end(), [&](const QString &name) { return !limits.findField(name, item).isNull(); });
     if (named != names.end()) {
@@ -51,13 +48,14 @@ QString domainOf(const LimitsParser &limits, const QStringList &names, const QSt
 }
 }
 
-QString LimitRule::domain(const LimitsParser &limits, const UserInfo &user, const QString &item)
+QString LimitRule::domain(const LimitsParser &limits, const UserInfo &user, const QString &item, const QVariant &value)
 {
     const QStringList names = QStringList(user.name()) + groupDomains(user.groupNames(), item);
-    return domainOf(limits, names, item, limits.getItem(user, item));
+    return domainOf(limits, names, item, value);
 }
 
-QString LimitRule::domain(const LimitsParser &limits, const GroupInfo &group, const QString &item)
+QString
+LimitRule::domain(const LimitsParser &limits, const GroupInfo &group, const QString &item, const QVariant &value)
 {
-    return domainOf(limits, groupDomains({group.name()}, item), item, limits.getItem(group, item));
+    return domainOf(limits, groupDomains({group.name()}, item), item, value);
 }

@@ -10,13 +10,14 @@
 
 class GroupInfo;
 class LimitsParser;
+class QVariant;
 class UserInfo;
 
-/** The domain of the rule that gives LimitsParser::getItem() its value; null when no rule applies. */
+/** The domain of the rule from which LimitsParser::getItem() has @p value. */
 namespace LimitRule
 {
-QString domain(const LimitsParser &limits, const UserInfo &user, const QString &item);
-QString domain(const LimitsParser &limits, const GroupInfo &group, const QString &item);
+QString domain(const LimitsParser &limits, const UserInfo &user, const QString &item, const QVariant &value);
+QString domain(const LimitsParser &limits, const GroupInfo &group, const QString &item, const QVariant &value);
 }
 
 #endif
