@@ -5,6 +5,7 @@
 
 #include "barelookups.h"
 #include "generatedaccounts.h"
+#include "processortime.h"
 #include "program.h"
 
 #include <QTest>
@@ -12,24 +13,12 @@
 #include <algorithm>
 #include <limits>
 
-#include <sys/resource.h>
-
 namespace
 {
 constexpr int accounts = 1000;
 /** The rest of the machine only ever makes a round slower, so that more rounds come closer to the truth. */
 constexpr int leastRounds = 7;
 constexpr int mostRounds = 70;
-
-double processorSeconds(int who)
-{
-    rusage usage{};
-    getrusage(who, &usage);
-    const auto seconds = [](const timeval &time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
 
 /** The least processor time, of this process or its children, that a piece of work took. */
 class Timer

@@ -5,28 +5,9 @@
 
 #include "children.h"
 
-#include <QCoreApplication>
+#include "processortime.h"
+
 #include <QProcess>
-
-#include <sys/resource.h>
-
-namespace
-{
-double secondsOfChildren()
-{
-    rusage usage{};
-    getrusage(RUSAGE_CHILDREN, &usage);
-    const auto seconds = [](const timeval &time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-}
-
-QString Children::builtFile(const QString &directory, const QString &name)
-{
-    return QStringLiteral("%1/../%2/%3").arg(QCoreApplication::applicationDirPath(), directory, name);
-}
 
 QByteArray Children::outputOf(const QString &program, const QStringList &arguments)
 {
@@ -40,7 +21,7 @@ QByteArray Children::outputOf(const QString &program, const QStringList &argumen
 
 double Children::secondsOf(const QString &program, const QStringList &arguments)
 {
-    const double start = secondsOfChildren();
+    const double start = processorSeconds(RUSAGE_CHILDREN);
     outputOf(program, arguments);
-    return secondsOfChildren() - start;
+    return processorSeconds(RUSAGE_CHILDREN) - start;
 }

@@ -11,9 +11,6 @@
 /** Programs that are run for what they cost or what they measure. */
 namespace Children
 {
-/** The path of a program or library that is built here. */
-QString builtFile(const QString &directory, const QString &name);
-
 /** Runs a program, which must succeed, and gives what it printed. */
 QByteArray outputOf(const QString &program, const QStringList &arguments);
 

@@ -5,6 +5,7 @@
 
 #include "children.h"
 #include "comparison.h"
+#include "program.h"
 
 using benchmark::State;
 
@@ -12,7 +13,7 @@ namespace
 {
 void load(State &state, const QStringList &libraries)
 {
-    const QString program = Children::builtFile(QStringLiteral("bin"), QStringLiteral("loadtime"));
+    const QString program = Program::builtFile(QStringLiteral("loadtime"));
     for ([[maybe_unused]] auto iteration : state) {
         state.SetIterationTime(Children::outputOf(program, libraries).toDouble());
     }

@@ -6,6 +6,7 @@
 #include "accountsetup.h"
 #include "children.h"
 #include "comparison.h"
+#include "program.h"
 
 using benchmark::State;
 
@@ -27,7 +28,7 @@ template<SharedGroups place>
 void ormelUsers(State &state)
 {
     prepareAccounts(state, place);
-    run(state, Children::builtFile(QStringLiteral("bin"), QStringLiteral("ormel-users")), {QStringLiteral("users")});
+    run(state, Program::path(), {QStringLiteral("users")});
 }
 
 template<SharedGroups place>
@@ -42,7 +43,7 @@ void lslogins(State &state)
 void usersMemory(State &state)
 {
     prepareAccounts(state);
-    const QString program = Children::builtFile(QStringLiteral("bin"), QStringLiteral("usersmemory"));
+    const QString program = Program::builtFile(QStringLiteral("usersmemory"));
     for ([[maybe_unused]] auto iteration : state) {
         reportBytes(state, Children::outputOf(program, {}).toDouble());
     }
