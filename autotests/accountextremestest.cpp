@@ -40,6 +40,33 @@ Program::Result run(const char *arguments)
     return Program::run(QString::fromLatin1(arguments).split(QLatin1Char(' ')));
 }
 
+void addColumns()
+{
+    QTest::addColumn<QByteArray>("arguments");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QByteArray>("output");
+    QTest::addColumn<QByteArray>("errors");
+}
+
+void add(const char *arguments, int status, const QByteArray &output, const QByteArray &errors)
+{
+    QTest::newRow(arguments) << QByteArray(arguments) << status << output << errors;
+}
+
+/** Runs the command of the current row. */
+void compareRun()
+{
+    QFETCH(QByteArray, arguments);
+    QFETCH(int, status);
+    QFETCH(QByteArray, output);
+    QFETCH(QByteArray, errors);
+
+    const Program::Result result = run(arguments.constData());
+    QCOMPARE(result.output, output);
+    QCOMPARE(result.errors, errors);
+    QCOMPARE(result.status, status);
+}
+
 QByteArray message(const QString &text)
 {
     return "ormel-users: " + text.toUtf8() + '\n';
@@ -111,14 +138,7 @@ void AccountExtremesTest::init()
 
 void AccountExtremesTest::copesWithoutAccounts_data()
 {
-    QTest::addColumn<QByteArray>("arguments");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QByteArray>("output");
-    QTest::addColumn<QByteArray>("errors");
-
-    const auto add = [](const char *arguments, int status, const QByteArray &output, const QByteArray &errors) {
-        QTest::newRow(arguments) << QByteArray(arguments) << status << output << errors;
-    };
+    addColumns();
     add("users", 0, usersHeading, "");
     add("users --json", 0, "[\n]\n", "");
     add("groups", 0, groupsHeading, "");
@@ -132,56 +152,32 @@ void AccountExtremesTest::copesWithoutAccounts_data()
 
 void AccountExtremesTest::copesWithoutAccounts()
 {
-    QFETCH(QByteArray, arguments);
-    QFETCH(int, status);
-    QFETCH(QByteArray, output);
-    QFETCH(QByteArray, errors);
-
     Sandbox::setAccounts(QByteArray(), QByteArray());
-    const Program::Result result = run(arguments.constData());
-    QCOMPARE(result.output, output);
-    QCOMPARE(result.errors, errors);
-    QCOMPARE(result.status, status);
+    compareRun();
 }
 
 void AccountExtremesTest::copesWithoutGroups_data()
 {
-    QTest::addColumn<QByteArray>("arguments");
-    QTest::addColumn<QByteArray>("output");
-    QTest::addColumn<QByteArray>("errors");
-
+    addColumns();
     const QByteArray warnings = message(groupNotFound(QString())) + message(noAdministrators());
-    QTest::newRow("users") << QByteArray("users")
-                           << QByteArray("Name    UID  Primary group  Groups  Admin  System\n"
-                                         "root      0                         no     yes\n"
-                                         "alice  1000                         no     no\n")
-                           << warnings;
-    QTest::newRow("groups") << QByteArray("groups") << QByteArray(groupsHeading) << QByteArray();
+    add("users",
+        0,
+        "Name    UID  Primary group  Groups  Admin  System\n"
+        "root      0                         no     yes\n"
+        "alice  1000                         no     no\n",
+        warnings);
+    add("groups", 0, groupsHeading, QByteArray());
 }
 
 void AccountExtremesTest::copesWithoutGroups()
 {
-    QFETCH(QByteArray, arguments);
-    QFETCH(QByteArray, output);
-    QFETCH(QByteArray, errors);
-
     Sandbox::setAccounts(usersFile, QByteArray());
-    const Program::Result result = run(arguments.constData());
-    QCOMPARE(result.output, output);
-    QCOMPARE(result.errors, errors);
-    QCOMPARE(result.status, 0);
+    compareRun();
 }
 
 void AccountExtremesTest::copesWithUnreadableFiles_data()
 {
-    QTest::addColumn<QByteArray>("arguments");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QByteArray>("output");
-    QTest::addColumn<QByteArray>("errors");
-
-    const auto add = [](const char *arguments, int status, const QByteArray &output, const QByteArray &errors) {
-        QTest::newRow(arguments) << QByteArray(arguments) << status << output << errors;
-    };
+    addColumns();
     add("users", 0, usersHeading, message(userUnableToOpen(passwdPath())));
     add("users --json", 0, "[\n]\n", message(userUnableToOpen(passwdPath())));
     add("groups", 0, groupsHeading, message(groupUnableToOpen(groupPath())));
@@ -191,17 +187,9 @@ void AccountExtremesTest::copesWithUnreadableFiles_data()
 
 void AccountExtremesTest::copesWithUnreadableFiles()
 {
-    QFETCH(QByteArray, arguments);
-    QFETCH(int, status);
-    QFETCH(QByteArray, output);
-    QFETCH(QByteArray, errors);
-
     makeUnreadable(passwdPath());
     makeUnreadable(groupPath());
-    const Program::Result result = run(arguments.constData());
-    QCOMPARE(result.output, output);
-    QCOMPARE(result.errors, errors);
-    QCOMPARE(result.status, status);
+    compareRun();
     Sandbox::remove(passwdPath());
     Sandbox::remove(groupPath());
 }
