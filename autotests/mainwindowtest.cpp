@@ -11,11 +11,11 @@
 #include "dialogparts.h"
 #include "generatedaccounts.h"
 #include "icons.h"
-#include "icontheme.h"
 #include "limitsfixtures.h"
 #include "modellog.h"
 #include "pageparts.h"
 #include "sandbox.h"
+#include "windowfixture.h"
 #include "windowparts.h"
 #include "windowstate.h"
 
@@ -28,7 +28,6 @@
 #include <QMessageBox>
 #include <QSignalSpy>
 #include <QSplitter>
-#include <QStandardPaths>
 #include <QTabWidget>
 #include <QTest>
 #include <QTreeView>
@@ -77,24 +76,6 @@ private:
     QLabel *m_progress;
 };
 
-bool waitUntilRead(MainWindow &window)
-{
-    QSignalSpy reloaded(&window, &MainWindow::reloaded);
-    return reloaded.isValid() && reloaded.wait(240000);
-}
-
-/** Shows the window, with the focus, after everything was read. */
-bool open(MainWindow &window)
-{
-    window.show();
-    return waitUntilRead(window) && QTest::qWaitForWindowActive(&window);
-}
-
-QTreeView *accountsView(const MainWindow &window)
-{
-    return part<QTreeView>(*window.pages()->currentWidget(), "accountsView");
-}
-
 QStringList menuEntries(const QMenu &menu)
 {
     QStringList entries;
@@ -113,14 +94,6 @@ const QLatin1String lastOfMany("user999");
 constexpr int manyAccounts = 10000;
 const QLatin1String lastOfMany("user9999");
 #endif
-
-/** How many letters lead to parts of each page. */
-const int mnemonicCounts[] = {3, 4, 2, 14, 8};
-
-QString settingsPath()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + text("/ormel-users/window.ini");
-}
 }
 
 class MainWindowTest : public QObject
@@ -133,7 +106,6 @@ public:
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void cleanup();
     void paintsBeforeItReads();
     void paintsEachStepBeforeIt();
     void showsBusyCursorWhileReading();
@@ -155,15 +127,6 @@ private Q_SLOTS:
     void startsWithoutSettings();
     void remembersState();
     void survivesSettingsOfOthers();
-    void hasUniqueMnemonics();
-    void leadsToPartsByMnemonics();
-    void namesAllElements();
-    void reachesAllElementsByTab();
-    void showsRowsWithoutRowsBelow();
-    void drawsPicturesAsSharpAsTheScreen();
-    void clipsNothing_data();
-    void clipsNothing();
-    void mirrors();
     void showsManyAccounts();
     void worksWithoutAccounts();
 };
@@ -180,18 +143,7 @@ void MainWindowTest::initTestCase()
 
 void MainWindowTest::init()
 {
-    Sandbox::setAccounts("root:x:0:0:root:/root:/bin/bash\n"
-                         "ada:x:1000:50:Ada:/home/ada:/bin/sh\n"
-                         "bob:x:1001:50:Bob:/home/bob:/bin/sh\n",
-                         "root:x:0:\normel-admin:x:27:ada\nstaff:x:50:\n");
-    clearLimits();
-    Sandbox::write(limitsPath(), "* soft core 0\n* both nproc some\n");
-    QFile::remove(settingsPath());
-}
-
-void MainWindowTest::cleanup()
-{
-    QApplication::setLayoutDirection(Qt::LeftToRight);
+    prepareWindow();
 }
 
 void MainWindowTest::paintsBeforeItReads()
@@ -500,168 +452,6 @@ void MainWindowTest::survivesSettingsOfOthers()
     QVERIFY(open(window));
     QCOMPARE(shownRows(*accountsView(window)).size(), 3);
     QCOMPARE(part<QComboBox>(window, "filterComboBox")->currentIndex(), 0);
-}
-
-void MainWindowTest::hasUniqueMnemonics()
-{
-    MainWindow window;
-    QVERIFY(open(window));
-    QCOMPARE(window.pages()->count(), int(std::size(mnemonicCounts)));
-    // With the same key as a page, neither would be reached.
-    QStringList pageKeys;
-    for (int page = 1; page <= window.pages()->count(); ++page) {
-        pageKeys.append(text("Alt+%1").arg(page));
-    }
-    for (int page = 0; page < window.pages()->count(); ++page) {
-        window.pages()->setCurrentIndex(page);
-        QStringList letters = mnemonics(*window.pages()->currentWidget());
-        QCOMPARE(letters.size(), mnemonicCounts[page]);
-        const QList<QAction *> menus = window.menuBar()->actions();
-        for (const QAction *menu : menus) {
-            letters.append(QKeySequence::mnemonic(menu->text()).toString());
-        }
-        letters += pageKeys;
-        QVERIFY(!letters.contains(QString()));
-        QStringList unique = letters;
-        unique.removeDuplicates();
-        QCOMPARE(letters, unique);
-    }
-}
-
-void MainWindowTest::leadsToPartsByMnemonics()
-{
-    MainWindow window;
-    QVERIFY(open(window));
-    const struct {
-        Qt::Key page;
-        Qt::Key letter;
-        const char *part;
-    } keys[] = {
-        {Qt::Key_1, Qt::Key_S, "filterComboBox"},
-        {Qt::Key_1, Qt::Key_N, "filterLineEdit"},
-        {Qt::Key_1, Qt::Key_L, "limitsTable"},
-        {Qt::Key_2, Qt::Key_S, "filterComboBox"},
-        {Qt::Key_2, Qt::Key_N, "filterLineEdit"},
-        {Qt::Key_2, Qt::Key_M, "membersTable"},
-        {Qt::Key_2, Qt::Key_L, "limitsTable"},
-        {Qt::Key_3, Qt::Key_R, "rulesTable"},
-        {Qt::Key_3, Qt::Key_L, "findingsTable"},
-    };
-    for (const auto &key : keys) {
-        QTest::keyClick(&window, key.page, Qt::AltModifier);
-        QTest::keyClick(&window, key.letter, Qt::AltModifier);
-        QCOMPARE(QApplication::focusWidget()->objectName(), text(key.part));
-    }
-}
-
-void MainWindowTest::namesAllElements()
-{
-    MainWindow window;
-    QVERIFY(open(window));
-    for (int page = 0; page < window.pages()->count(); ++page) {
-        window.pages()->setCurrentIndex(page);
-        QCOMPARE(unnamedAccessibles(*window.pages()->currentWidget()).join(QLatin1Char(' ')), QString());
-    }
-}
-
-void MainWindowTest::reachesAllElementsByTab()
-{
-    MainWindow window;
-    QVERIFY(open(window));
-    for (int page = 0; page < window.pages()->count(); ++page) {
-        window.pages()->setCurrentIndex(page);
-        QList<QWidget *> expected;
-        const QList<QWidget *> all = window.pages()->currentWidget()->findChildren<QWidget *>();
-        std::copy_if(all.begin(), all.end(), std::back_inserter(expected), [](const QWidget *widget) {
-            return widget->isVisible() && widget->isEnabled() && widget->focusPolicy() & Qt::TabFocus
-                && !widget->focusProxy();
-        });
-        QVERIFY(!expected.isEmpty());
-        QSet<QWidget *> reached;
-        for (int i = 0; i < 2 * expected.size() + 10; ++i) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            reached.insert(QApplication::focusWidget());
-        }
-        for (QWidget *widget : qAsConst(expected)) {
-            QVERIFY2(reached.contains(widget),
-                     qPrintable(widget->objectName() + QLatin1String(widget->metaObject()->className())));
-        }
-    }
-}
-
-void MainWindowTest::showsRowsWithoutRowsBelow()
-{
-    MainWindow window;
-    QVERIFY(open(window));
-    for (int page = 0; page < window.pages()->count(); ++page) {
-        window.pages()->setCurrentIndex(page);
-        const QList<QTreeView *> views = window.pages()->currentWidget()->findChildren<QTreeView *>();
-        for (QTreeView *view : views) {
-            const QModelIndex first = view->model()->index(0, 0);
-            QVERIFY2(first.isValid(), qPrintable(view->objectName()));
-            view->setCurrentIndex(first);
-            // Expands what there is; without an end, if the model let it.
-            QTest::keyClick(view, Qt::Key_Asterisk);
-            QVERIFY(!view->isExpanded(first));
-        }
-    }
-}
-
-void MainWindowTest::drawsPicturesAsSharpAsTheScreen()
-{
-    const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", text("1"));
-    QImage face(192, 192, QImage::Format_RGB32);
-    face.fill(Qt::blue);
-    Sandbox::clear(text("/usr/share/kiv/faces"));
-    QVERIFY(face.save(text("/usr/share/kiv/faces/stock.png")));
-    const IconTheme theme({text("group"), text("group-system")}, 96);
-    MainWindow window;
-    QVERIFY(open(window));
-    for (const int page : {0, 1}) {
-        window.pages()->setCurrentIndex(page);
-        const auto *picture = part<QLabel>(*window.pages()->currentWidget(), "picture");
-        QTRY_VERIFY(!picture->pixmap(Qt::ReturnByValue).isNull());
-        const qreal ratio = picture->pixmap(Qt::ReturnByValue).devicePixelRatio();
-        QCOMPARE(QString::number(ratio), scale);
-    }
-}
-
-void MainWindowTest::clipsNothing_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<Qt::LayoutDirection>("direction");
-    const QSize usual = MainWindow().size();
-    QTest::newRow("left to right") << usual << Qt::LeftToRight;
-    QTest::newRow("right to left") << usual << Qt::RightToLeft;
-    QTest::newRow("in little room") << QSize(640, 480) << Qt::LeftToRight;
-}
-
-void MainWindowTest::clipsNothing()
-{
-    QFETCH(QSize, size);
-    QFETCH(Qt::LayoutDirection, direction);
-
-    QApplication::setLayoutDirection(direction);
-    MainWindow window;
-    QVERIFY(open(window));
-    window.resize(size);
-    for (int page = 0; page < window.pages()->count(); ++page) {
-        window.pages()->setCurrentIndex(page);
-        QCoreApplication::processEvents();
-        QCOMPARE(clippedTexts(window).join(QLatin1Char('|')), QString());
-    }
-}
-
-void MainWindowTest::mirrors()
-{
-    QApplication::setLayoutDirection(Qt::RightToLeft);
-    MainWindow window;
-    QVERIFY(open(window));
-    QWidget *page = window.pages()->currentWidget();
-    const QPoint origin = page->rect().topLeft();
-    const int list = accountsView(window)->mapTo(page, origin).x();
-    const int title = part<QLabel>(*page, "title")->mapTo(page, origin).x();
-    QVERIFY(title < list);
 }
 
 void MainWindowTest::showsManyAccounts()

@@ -8,6 +8,7 @@
 #include "limitsfixtures.h"
 #include "mainwindow.h"
 #include "pageparts.h"
+#include "windowfixture.h"
 #include "windowparts.h"
 
 #include <KLocalizedString>
@@ -31,9 +32,6 @@ QStringList actionMnemonics(const QList<QAction *> &actions)
     }
     return keys;
 }
-
-/** How many letters lead to parts of each page. */
-const int pageKeyCounts[] = {3, 4, 2, 14, 8};
 
 QStringList repeated(QStringList keys)
 {
@@ -113,7 +111,7 @@ void WindowLanguagesTest::hasRoomAndMnemonics()
         pages->setCurrentIndex(page);
         QCoreApplication::processEvents();
         const QStringList pageKeys = mnemonics(*pages->currentWidget());
-        QCOMPARE(pageKeys.size(), pageKeyCounts[page]);
+        QCOMPARE(pageKeys.size(), mnemonicCounts[page]);
         QCOMPARE(repeated(windowKeys + pageKeys), QStringList());
         QCOMPARE(clippedTexts(window).join(QLatin1Char('|')), QString());
     }

@@ -1,0 +1,52 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "windowfixture.h"
+
+#include "accountfixtures.h"
+#include "dialogparts.h"
+#include "limitsfixtures.h"
+#include "mainwindow.h"
+
+#include <QFile>
+#include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTabWidget>
+#include <QTest>
+#include <QTreeView>
+
+QString settingsPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+        + QLatin1String("/ormel-users/window.ini");
+}
+
+void prepareWindow()
+{
+    Sandbox::setAccounts("root:x:0:0:root:/root:/bin/bash\n"
+                         "ada:x:1000:50:Ada:/home/ada:/bin/sh\n"
+                         "bob:x:1001:50:Bob:/home/bob:/bin/sh\n",
+                         "root:x:0:\normel-admin:x:27:ada\nstaff:x:50:\n");
+    clearLimits();
+    Sandbox::write(limitsPath(), "* soft core 0\n* both nproc some\n");
+    QFile::remove(settingsPath());
+}
+
+bool waitUntilRead(MainWindow &window)
+{
+    QSignalSpy reloaded(&window, &MainWindow::reloaded);
+    return reloaded.isValid() && reloaded.wait(240000);
+}
+
+bool open(MainWindow &window)
+{
+    window.show();
+    return waitUntilRead(window) && QTest::qWaitForWindowActive(&window);
+}
+
+QTreeView *accountsView(const MainWindow &window)
+{
+    return part<QTreeView>(*window.pages()->currentWidget(), "accountsView");
+}
