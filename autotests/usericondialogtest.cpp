@@ -29,6 +29,8 @@
 
 #include <random>
 
+#include <malloc.h>
+
 namespace
 {
 /** A picture with another colour in each pixel. */
@@ -81,7 +83,7 @@ void addFormats()
     QTest::addColumn<QByteArray>("whole");
 
     const QImage image = noise(QSize(100, 100));
-    for (const char *format : {"png", "xpm", "jpg", "bmp", "ico"}) {
+    for (const char *format : {"png", "xpm", "jpg", "bmp", "ico", "ppm"}) {
         QTest::newRow(format) << encoded(image, format);
     }
     QTest::newRow("svg") << svg("100");
@@ -139,6 +141,8 @@ private Q_SLOTS:
     void shouldTakeAnyFile();
     void shouldTakeTruncatedFile_data();
     void shouldTakeTruncatedFile();
+    void shouldLeaveEmptyWhatFileIsTooShortFor_data();
+    void shouldLeaveEmptyWhatFileIsTooShortFor();
     void shouldTakeDamagedFile_data();
     void shouldTakeDamagedFile();
     void shouldTakeUnreadableFile();
@@ -544,6 +548,30 @@ void UserIconDialogTest::shouldTakeTruncatedFile()
         chooseFile(dialog, path);
         QVERIFY(okButton(dialog)->isEnabled());
         QCOMPARE(dialog.selectedPixmap().isNull(), QImage(path).isNull());
+    }
+}
+
+void UserIconDialogTest::shouldLeaveEmptyWhatFileIsTooShortFor_data()
+{
+    addFormats();
+}
+
+/** The picture is part of the file, and not of what else the memory held. */
+void UserIconDialogTest::shouldLeaveEmptyWhatFileIsTooShortFor()
+{
+    QFETCH(QByteArray, whole);
+
+    const MessageRecorder decoderMessages;
+    const UserIconDialog dialog;
+    const auto shownWithMemoryFilledBy = [&dialog](int byte, const QString &path) {
+        mallopt(M_PERTURB, byte);
+        chooseFile(dialog, path);
+        mallopt(M_PERTURB, 0);
+        return dialog.selectedPixmap().toImage();
+    };
+    for (int eighth = 1; eighth < 8; ++eighth) {
+        const QString path = write(QTest::currentDataTag(), whole.left(whole.size() * eighth / 8));
+        QCOMPARE(shownWithMemoryFilledBy(0xaa, path), shownWithMemoryFilledBy(0x55, path));
     }
 }
 

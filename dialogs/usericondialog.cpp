@@ -30,7 +30,10 @@ QImage readImage(const QString &fileName)
     if (qint64(size.width()) * size.height() > largestImage) {
         return {};
     }
-    return reader.read();
+    // A decoder may leave what the file is too short for as it was: empty, not what this memory held before.
+    QImage image(size, reader.imageFormat());
+    image.fill(0);
+    return reader.read(&image) ? image : QImage();
 }
 }
 

@@ -87,10 +87,15 @@ void countOutcome(const QImage &image)
     outcomes[(format + 1009 * kind + 53 * size) % std::size(outcomes)] = 1;
 }
 
-/** What the dialog shows when it has read the file. */
+/** What the dialog shows when it has read the file. What a decoder leaves out is empty. */
 QImage shownImage()
 {
-    return claimedPixels() > mostPixelsOfDialog ? QImage() : QImage(picturePath());
+    if (claimedPixels() > mostPixelsOfDialog) {
+        return {};
+    }
+    QImage image(picturePath());
+    image.fill(0);
+    return QImageReader(picturePath()).read(&image) ? image : QImage();
 }
 }
 
