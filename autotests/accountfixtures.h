@@ -50,12 +50,12 @@ inline QByteArray manyUsers(int count)
     return lines;
 }
 
-/** Lines of /etc/group for group0 with the gid 1000, group1 with 1001 and so on. */
-inline QByteArray manyGroups(int count)
+/** Lines of /etc/group for group0 with the gid 1000, group1 with 1001 and so on, each with the member @p member. */
+inline QByteArray manyGroups(int count, const QByteArray &member = {})
 {
     QByteArray lines;
     for (int i = 0; i < count; ++i) {
-        lines += "group" + QByteArray::number(i) + ":x:" + QByteArray::number(1000 + i) + ":\n";
+        lines += "group" + QByteArray::number(i) + ":x:" + QByteArray::number(1000 + i) + ':' + member + '\n';
     }
     return lines;
 }

@@ -25,10 +25,20 @@ struct Calls {
     int closed = 0;
     QVector<gid_t> groupIds;
     QStringList groupNames;
+    QStringList userNames;
 };
 
 Calls *s_calls = nullptr;
-const char *s_groupHiddenByName = nullptr;
+
+/** What to answer when asked for one name, instead of what the C library finds. */
+template<typename Entry>
+struct Answer {
+    const char *name = nullptr;
+    Entry *entry = nullptr;
+};
+
+Answer<group> s_groupAnswer;
+Answer<passwd> s_userAnswer;
 }
 
 extern "C" Q_DECL_EXPORT FILE *fopen(const char *path, const char *mode)
@@ -64,7 +74,16 @@ extern "C" Q_DECL_EXPORT group *getgrnam(const char *name)
     if (s_calls) {
         s_calls->groupNames.append(QString::fromLatin1(name));
     }
-    return qstrcmp(s_groupHiddenByName, name) == 0 ? nullptr : next(name);
+    return qstrcmp(s_groupAnswer.name, name) == 0 ? s_groupAnswer.entry : next(name);
+}
+
+extern "C" Q_DECL_EXPORT passwd *getpwnam(const char *name)
+{
+    static const auto next = original(getpwnam, "getpwnam");
+    if (s_calls) {
+        s_calls->userNames.append(QString::fromLatin1(name));
+    }
+    return qstrcmp(s_userAnswer.name, name) == 0 ? s_userAnswer.entry : next(name);
 }
 
 namespace
@@ -105,6 +124,7 @@ class AccountLookupTest : public QObject
 
 private Q_SLOTS:
     void init();
+    void cleanup();
 
     void readsPasswdOnceForAllUsers();
     void readsPasswdOnceForOneUser();
@@ -112,12 +132,15 @@ private Q_SLOTS:
     void readsPasswdOnceOnReload();
     void readsEachFileOnceForAllGroups();
     void readsNothingForEntryOfGroup();
+    void asksForNobodyWithoutGroup();
     void asksOnceForEachGroup();
     void sharesTextsAndMembers();
     void closesEveryFile();
     void looksAgainOnTheNextCall();
     void opensMissingPasswdOnce();
     void listsEmptyRecordOfGroupNotFoundByName();
+    void keepsNamesOnReload();
+    void isNoAdministratorThroughGroupOfEqualName();
 };
 
 void AccountLookupTest::init()
@@ -131,6 +154,12 @@ void AccountLookupTest::init()
                          "staff:x:50:alice\n"
                          "alice:x:1000:\n");
     Sandbox::removeExtraAccounts();
+}
+
+void AccountLookupTest::cleanup()
+{
+    s_groupAnswer = {};
+    s_userAnswer = {};
 }
 
 void AccountLookupTest::readsPasswdOnceForAllUsers()
@@ -176,6 +205,21 @@ void AccountLookupTest::readsNothingForEntryOfGroup()
     CallRecorder calls;
     GroupInfo::getGroup(entry);
     QCOMPARE(calls.opened, QStringList());
+}
+
+void AccountLookupTest::asksForNobodyWithoutGroup()
+{
+    char name[] = "";
+    char *members[] = {nullptr};
+    group entry{name, nullptr, 0, members};
+    const GroupInfo nameless = GroupInfo::getGroup(&entry);
+
+    CallRecorder calls;
+    QVERIFY(!nameless.isPrimaryOf(QStringLiteral("root")));
+    QVERIFY(!GroupInfo().isPrimaryOf(QStringLiteral("root")));
+    QCOMPARE(calls.userNames, QStringList());
+    QVERIFY(GroupInfo::getGroup(0u).isPrimaryOf(QStringLiteral("root")));
+    QCOMPARE(calls.userNames, QStringList(QStringLiteral("root")));
 }
 
 void AccountLookupTest::asksOnceForEachGroup()
@@ -246,13 +290,42 @@ void AccountLookupTest::listsEmptyRecordOfGroupNotFoundByName()
     Sandbox::write(groupPath(), "staff:x:50:alice\nalice:x:1000:\n");
     MessageRecorder recorder;
 
-    s_groupHiddenByName = "staff";
+    s_groupAnswer.name = "staff";
     const UserInfo alice = UserInfo::getUser(QStringLiteral("alice"));
-    s_groupHiddenByName = nullptr;
-
     QCOMPARE(describe(alice.groups()), QStringList({QStringLiteral("alice(1000: alice)"), describe(GroupInfo())}));
     QVERIFY(!alice.isOrmelAdmin());
     QCOMPARE(recorder.takeTexts(), QStringList({groupNotFound(QStringLiteral("staff")), noAdministrators()}));
+}
+
+void AccountLookupTest::keepsNamesOnReload()
+{
+    char otherName[] = "other";
+    char nothing[] = "";
+    passwd otherUser{otherName, nothing, 2000, 50, nothing, nothing, nothing};
+    UserInfo alice = UserInfo::getUser(QStringLiteral("alice"));
+    s_userAnswer = {"alice", &otherUser};
+    alice.reload();
+    QCOMPARE(alice.name(), QStringLiteral("alice"));
+    QCOMPARE(alice.uid(), 2000u);
+
+    char *members[] = {otherName, nullptr};
+    group otherGroup{otherName, nullptr, 2001, members};
+    GroupInfo staff = GroupInfo::getGroup(QStringLiteral("staff"));
+    s_groupAnswer = {"staff", &otherGroup};
+    staff.reload();
+    QCOMPARE(describe(staff), QStringLiteral("staff(2001: other)"));
+}
+
+void AccountLookupTest::isNoAdministratorThroughGroupOfEqualName()
+{
+    char name[] = "ormel-admin";
+    char *members[] = {nullptr};
+    group entry{name, nullptr, 50, members};
+    s_groupAnswer = {"staff", &entry};
+
+    const UserInfo carol = UserInfo::getUser(QStringLiteral("carol"));
+    QCOMPARE(carol.groupNames(), QStringList(QStringLiteral("ormel-admin")));
+    QVERIFY(!carol.isOrmelAdmin());
 }
 
 QTEST_GUILESS_MAIN(AccountLookupTest)

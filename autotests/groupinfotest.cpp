@@ -5,6 +5,7 @@
 
 #include "accountfixtures.h"
 #include "describe.h"
+#include "localencoding.h"
 #include "messagerecorder.h"
 #include "sandbox.h"
 
@@ -66,6 +67,7 @@ private Q_SLOTS:
     void takesFirstOfLinesThatShareNameOrGid();
     void warnsOfUnknownName_data();
     void warnsOfUnknownName();
+    void warnsInLocalEncoding();
     void warnsOfUnknownGid_data();
     void warnsOfUnknownGid();
     void listsExplicitMembersBeforePrimaryMembers();
@@ -155,6 +157,7 @@ void GroupInfoTest::comparesNameGidAndMembersInOrder_data()
     QTest::newRow("another name") << QByteArray("Staff:x:50:alice,bob\n") << false;
     QTest::newRow("another gid") << QByteArray("staff:x:51:alice,bob\n") << false;
     QTest::newRow("another order") << QByteArray("staff:x:50:bob,alice\n") << false;
+    QTest::newRow("a member of another case") << QByteArray("staff:x:50:Alice,bob\n") << false;
     QTest::newRow("a member less") << QByteArray("staff:x:50:alice\n") << false;
     QTest::newRow("a member twice") << QByteArray("staff:x:50:alice,bob,bob\n") << false;
 }
@@ -229,6 +232,10 @@ void GroupInfoTest::findsGroupByGid()
     MessageRecorder recorder;
     QCOMPARE(describe(GroupInfo::getGroup(50u)), QStringLiteral("staff(50: alice bob carol)"));
     QCOMPARE(describe(GroupInfo::getGroup(0u)), QStringLiteral("root(0: root)"));
+
+    Sandbox::write(groupPath(), "first:x:0:\nbig:x:4294967294:\nhalf:x:2147483648:\n");
+    QCOMPARE(GroupInfo::getGroup(4294967294u).name(), QStringLiteral("big"));
+    QCOMPARE(GroupInfo::getGroup(2147483648u).name(), QStringLiteral("half"));
     QCOMPARE(recorder.takeTexts(), QStringList());
 }
 
@@ -272,6 +279,15 @@ void GroupInfoTest::warnsOfUnknownName()
     QCOMPARE(recorder.takeTexts(), QStringList(groupNotFound(name)));
 }
 
+void GroupInfoTest::warnsInLocalEncoding()
+{
+    const LocalEncoding latin1("ISO-8859-1");
+    MessageRecorder recorder;
+    GroupInfo::getGroup(QStringLiteral(u"caf\u00e9"));
+    // Messages are put together from UTF-8, of which the single byte is none.
+    QCOMPARE(recorder.takeTexts(), QStringList(groupNotFound(QStringLiteral(u"caf\ufffd"))));
+}
+
 void GroupInfoTest::warnsOfUnknownGid_data()
 {
     QTest::addColumn<uint>("gid");
@@ -309,8 +325,16 @@ void GroupInfoTest::listsMemberOnceAtItsFirstPlace()
 
 void GroupInfoTest::listsPrimaryMembersInFileOrder()
 {
-    Sandbox::setAccounts("zoe:x:1001:50::/:\nadam:x:1000:50::/:\n", "staff:x:50:\n");
-    QCOMPARE(describe(GroupInfo::getGroup(50u)), QStringLiteral("staff(50: zoe adam)"));
+    constexpr int count = 100;
+    Sandbox::setAccounts("zoe:x:1001:50::/:\n" + manyUsers(count), "staff:x:50:\n");
+    QStringList members(QStringLiteral("zoe"));
+    for (int i = 0; i < count; ++i) {
+        members.append(QStringLiteral("user%1").arg(i));
+    }
+    QCOMPARE(GroupInfo::getGroup(50u).users(), members);
+    QCOMPARE(GroupInfo::getGroup(QStringLiteral("staff")).users(), members);
+    QCOMPARE(GroupInfo::getGroups().constFirst().users(), members);
+    QCOMPARE(GroupInfo::getPrimaryGroups().value(50), members);
 }
 
 void GroupInfoTest::completesWithNothingWithoutPasswd()

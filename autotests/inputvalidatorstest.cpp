@@ -54,10 +54,15 @@ QValidator::State check(Factory create, const QString &text)
     return validator->validate(input, pos);
 }
 
-QString patternOf(const QValidator *validator)
+QRegularExpression expressionOf(const QValidator *validator)
 {
     const auto *expression = qobject_cast<const QRegularExpressionValidator *>(validator);
-    return expression ? expression->regularExpression().pattern() : QStringLiteral("no regular expression");
+    return expression ? expression->regularExpression() : QRegularExpression(QStringLiteral("no regular expression"));
+}
+
+QString patternOf(const QValidator *validator)
+{
+    return expressionOf(validator).pattern();
 }
 
 /** The pattern of a new validator for user names. */
@@ -141,6 +146,8 @@ private Q_SLOTS:
 
     void createsOneForEachCall_data();
     void createsOneForEachCall();
+    void matchesWithDefaultOptions_data();
+    void matchesWithDefaultOptions();
     void isOwnedByParent_data();
     void isOwnedByParent();
     void hasNoMetaObjectOfItsOwn_data();
@@ -327,6 +334,7 @@ void InputValidatorsTest::matchesWholeNameWithConfiguredPattern_data()
     add("[a-z]+-[0-9]{2}", QStringLiteral("abc-12"), Accepted);
     add("[a-z]+-[0-9]{2}", QStringLiteral("abc-123"), Rejected);
     add("ren\xe9", QStringLiteral("ren\u00e9"), Accepted);
+    add("\\w+", QStringLiteral("\u00e9"), Rejected);
     add("(?i)user", QStringLiteral("UsEr"), Accepted);
     add(".*", QStringLiteral("Any Name: 1"), Accepted);
 }
@@ -564,6 +572,19 @@ void InputValidatorsTest::createsOneForEachCall()
     QVERIFY(first != second);
     QVERIFY(!first->parent());
     QCOMPARE(patternOf(first.get()), patternOf(second.get()));
+}
+
+void InputValidatorsTest::matchesWithDefaultOptions_data()
+{
+    addFactories();
+}
+
+void InputValidatorsTest::matchesWithDefaultOptions()
+{
+    QFETCH(Factory, create);
+
+    const std::unique_ptr<QValidator> validator(create(nullptr));
+    QCOMPARE(int(expressionOf(validator.get()).patternOptions()), int(QRegularExpression::NoPatternOption));
 }
 
 void InputValidatorsTest::isOwnedByParent_data()

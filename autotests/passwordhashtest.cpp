@@ -3,6 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "localencoding.h"
 #include "messagerecorder.h"
 #include "randomscript.h"
 #include "saltdraws.h"
@@ -127,6 +128,7 @@ private Q_SLOTS:
     void isNullWhenFunctionGivesNothing();
     void returnsWhatFunctionGives_data();
     void returnsWhatFunctionGives();
+    void exchangesUtf8InAnyLocale();
     void returnsFailureTokenOfSystem();
     void copiesResult();
 
@@ -334,6 +336,17 @@ void PasswordHashTest::returnsWhatFunctionGives()
         const QString returned = UserUtils::saltPassword(QStringLiteral("secret"), useGost);
         QVERIFY(!returned.isNull());
         QCOMPARE(returned, text);
+    }
+}
+
+void PasswordHashTest::exchangesUtf8InAnyLocale()
+{
+    const LocalEncoding cyrillic("KOI8-R");
+    m_functions.standIn = true;
+    m_functions.result = "h\xc3\xa4sh";
+    for (const bool useGost : {false, true}) {
+        QCOMPARE(UserUtils::saltPassword(QStringLiteral("\u00e9"), useGost), QStringLiteral("h\u00e4sh"));
+        QCOMPARE(m_functions.calls.constLast().key, QByteArray("\xc3\xa9"));
     }
 }
 

@@ -76,10 +76,10 @@ QStringList sorted(QStringList list)
     return list;
 }
 
-/** The names of the files of @p directory in the order in which the toolkit lists them. */
-QStringList listed(const char *directory)
+/** The names in @p directory in the order in which the toolkit lists them. */
+QStringList listed(const char *directory, QDir::Filters filters = QDir::Files)
 {
-    return QDir(inFaces(directory)).entryList(QDir::Files, QDir::NoSort);
+    return QDir(inFaces(directory)).entryList(filters, QDir::NoSort);
 }
 }
 
@@ -99,6 +99,7 @@ private Q_SLOTS:
     void countsOwnFilesTwiceAndThoseOfParent();
     void countsFilesOfParentAlone();
     void listsOwnFilesFirst();
+    void listsSubdirectoriesInTheirOrder();
     void looksOneLevelDeep();
     void takesAnyFileThatIsNotHidden();
     void followsLinks();
@@ -114,6 +115,9 @@ private Q_SLOTS:
     void prefersOwnDefaultToThatOfParent();
     void prefersFilesThatBeginWithDefaultNameOnly_data();
     void prefersFilesThatBeginWithDefaultNameOnly();
+
+    void looksAtNamesOfFilesOnly();
+    void returnsPathOfLink();
 
     void avoidsDefault();
     void avoidsNameAnywhere_data();
@@ -196,6 +200,17 @@ void UserIconsTest::listsOwnFilesFirst()
     QCOMPARE(icons.at(1), inFaces("") + own.at(1));
     QCOMPARE(icons.count(inFaces("") + own.at(0)), 2);
     QCOMPARE(icons.count(inFaces("") + own.at(1)), 2);
+}
+
+void UserIconsTest::listsSubdirectoriesInTheirOrder()
+{
+    makeFaces({"two/a.png", "three/a.png", "one/a.png"});
+    QStringList expected;
+    const QStringList subdirectories = listed("", QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString &subdirectory : subdirectories) {
+        expected.append(inFaces("") + subdirectory + QLatin1String("/a.png"));
+    }
+    QCOMPARE(picks(3), expected);
 }
 
 void UserIconsTest::looksOneLevelDeep()
@@ -348,6 +363,27 @@ void UserIconsTest::prefersFilesThatBeginWithDefaultNameOnly()
     const QString icon = UserUtils::getRandomUserIcon(true);
     QCOMPARE(random.globalDraws(), preferred ? 0 : 1);
     QVERIFY(!preferred || icon == inFaces("sub/") + name);
+}
+
+void UserIconsTest::looksAtNamesOfFilesOnly()
+{
+    makeFaces({"default-user-red.d/one.png", "default-user-red.d/two.png"});
+    QStringList expected;
+    for (const QString &name : listed("default-user-red.d")) {
+        expected.append(inFaces("default-user-red.d/") + name);
+    }
+    QCOMPARE(picks(2), expected);
+    QCOMPARE(picks(2, true), expected);
+}
+
+void UserIconsTest::returnsPathOfLink()
+{
+    makeFaces({});
+    make({inKiv("icons/red.png")});
+    const QString link = inFaces("default-user-red.png");
+    QVERIFY(QFile::link(inKiv("icons/red.png"), link));
+    QCOMPARE(UserUtils::getRandomUserIcon(true), link);
+    QCOMPARE(picks(2), QStringList({link, link}));
 }
 
 void UserIconsTest::avoidsDefault()

@@ -35,10 +35,12 @@ struct group;
  * reload(). Nothing is cached between calls: every lookup reads the databases as
  * they are at that moment. Lookups that find nothing return an empty record.
  *
- * Warnings are written untranslated to the logging category "default".
+ * When @c /etc/passwd cannot be opened, there is a warning and groups have no primary
+ * members. Warnings are written untranslated to the logging category "default".
  *
  * The lookups use the C library's non-reentrant account functions: use them from
- * one thread at a time, together with those of UserInfo.
+ * one thread at a time, together with those of UserInfo. They overwrite what those
+ * functions returned before.
  */
 class ORMELUSERSQT_EXPORT GroupInfo
 {
@@ -50,9 +52,9 @@ public:
     const QString &name() const;
 
     /**
-     * @return the login names of the members, decoded as Latin-1, each once: the explicit
-     * members in the order of the group line, then the accounts whose primary group it is
-     * in the order of @c /etc/passwd.
+     * @return the login names of the members, decoded as Latin-1, those of a group that was
+     * looked up each once: the explicit members in the order of the group line, then the accounts
+     * whose primary group it is in the order of @c /etc/passwd.
      */
     const QStringList &users() const;
 
@@ -109,7 +111,7 @@ public:
      * another name service knows are not in it.
      *
      * @return the groups in file order, each completed with its primary members; an empty
-     * list, with a warning, when the file cannot be opened.
+     * list, with a warning, when @c /etc/group cannot be opened.
      *
      * Costs one read of @c /etc/group and one of @c /etc/passwd.
      */
@@ -126,9 +128,9 @@ public:
     static QHash<uint, QStringList> getPrimaryGroups();
 
     /**
-     * Looks the group up again by its current name and takes over gid and members. The name
-     * never changes. When the group is gone a warning is written, and the record keeps its
-     * name with gid 0 and no members.
+     * Looks the group up again by its current name (@c getgrnam), completes it with the primary
+     * members from @c /etc/passwd and takes over gid and members. The name never changes. When the group is gone a
+     * warning is written, and the record keeps its name with gid 0 and no members.
      *
      * Costs the same as getGroup() by name.
      */

@@ -34,11 +34,13 @@ struct passwd;
  * looked up once, and the records share their strings and member lists.
  *
  * Lookups that find no account return an empty record without a message. While a
- * record is built, groups that cannot be found write the warnings of GroupInfo; a
- * system without the administrators group @c ormel-admin gets one for each record.
+ * record is built, groups that cannot be found write the warnings of GroupInfo, and so
+ * does each group found when @c /etc/passwd cannot be opened; a system without the
+ * administrators group @c ormel-admin gets one for each record.
  *
  * The lookups use the C library's non-reentrant account functions: use them from
- * one thread at a time, together with those of GroupInfo.
+ * one thread at a time, together with those of GroupInfo. They overwrite what those
+ * functions returned before: an entry that was passed in holds another account afterwards.
  */
 class ORMELUSERSQT_EXPORT UserInfo
 {
@@ -91,8 +93,8 @@ public:
      * @param entry must not be null; its contents are copied before any other account is
      * read, so the C library's static result may be passed
      *
-     * Costs one @c getgrouplist, two group lookups for each group of the account and one read
-     * of @c /etc/passwd.
+     * Costs one @c getgrouplist, two lookups for each group of the account (@c getgrgid and
+     * @c getgrnam), one for @c ormel-admin unless it is among them, and one read of @c /etc/passwd.
      */
     static UserInfo getUser(passwd *entry);
 
@@ -128,7 +130,7 @@ public:
      * Lists the groups of the account @p entry, its primary group included, in the order of
      * @c getgrouplist. Ids without a group are left out.
      *
-     * @param entry must not be null
+     * @param entry must not be null; it may be the C library's static result
      * @return the groups, each with all its members; an empty list when memory ran out.
      *
      * Costs one @c getgrouplist, two lookups for each group (@c getgrgid and @c getgrnam) and one

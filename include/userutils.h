@@ -28,7 +28,7 @@ class QValidator;
  * }
  * @endcode
  *
- * No result is cached and nothing is logged.
+ * No result is cached and nothing is logged, but for what the toolkit says of invalid patterns.
  *
  * The validators belong to the thread that makes them. All operations may be called from several
  * threads at once, but for saltPassword().
@@ -49,8 +49,9 @@ public:
      * further @c = or quote in the line. The last such line counts; if it has nothing between its
      * quotes, there is no pattern. Other lines are passed over, and so is a file that cannot be read.
      *
-     * The pattern is not checked. An invalid one makes a validator that accepts no name. Of one that
-     * backtracks without end the toolkit gives up each match after some time, and the text is
+     * The pattern is not checked. An invalid one makes a validator that accepts no name, and the
+     * toolkit warns of it at each key. Of one that backtracks without end the toolkit gives up each match after some
+     * time, and the text is
      * @c QValidator::Invalid: usually after less than a tenth of a second, later when there are dozens
      * of alternatives to repeat.
      *
@@ -92,15 +93,15 @@ public:
      * @c $6$ (SHA-512)
      *
      * @return the whole string the hash function gave, method and salt included; null when it gave
-     * nothing, as it does where no GOST library is installed or, with the one that comes along, for
-     * a password of more than 511 bytes.
+     * nothing, as it does with GOST where this library was built without a GOST library or, with the
+     * one that comes along, for a password of more than 511 bytes.
      *
      * @c crypt may also report a failure, for instance a password that is too long for it, by a
      * string that is no hash, @c "*0" or @c "*1". It is returned like a hash, and nobody could log
      * in with it: take an empty string and one that starts with @c "*" for a failure.
      *
-     * Takes some milliseconds, by intent. For one thread at a time: the hash functions keep their
-     * result in static storage.
+     * Takes about 1 to 10 ms, with GOST 7 to 32 ms, the more the longer the password. For one thread at a time: the
+     * hash functions keep their result in static storage.
      */
     static QString saltPassword(const QString &password, bool useGost);
 
@@ -112,7 +113,7 @@ public:
      *
      * Every file that is not hidden counts as a picture. The directory is listed as one of its own
      * subdirectories, so that its files are twice as likely as those further down, and its parent
-     * directory @c /usr/share/kiv is listed too.
+     * directory @c /usr/share/kiv is listed too. Each is listed by name, without regard to case.
      *
      * @param preferDefault whether to return the stock default picture, the first one whose file
      * name begins with "default-user-red.", if there is one. Otherwise the pick is random and the

@@ -38,7 +38,7 @@ QString adduserNamePattern()
         return pattern;
     }
     QByteArray line;
-    // After a line that is not ended the file may have grown, by the rest of that line.
+    // A line without an end is the last one: what is appended meanwhile is no line of its own.
     do {
         line = file.readLine();
         if (const auto accepted = namePattern(QString::fromLatin1(line.constData(), line.size()))) {

@@ -17,6 +17,7 @@ QLatin1String defaultName()
     return QLatin1String("default-user-red.");
 }
 
+/** The files of @p directory in its own order, that of their names. */
 QFileInfoList filesOf(const QDir &directory)
 {
     return directory.entryInfoList(QDir::Files, QDir::NoSort);

@@ -1,0 +1,32 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef LOCALENCODING_H
+#define LOCALENCODING_H
+
+#include <QTextCodec>
+
+/** Lets the toolkit take another encoding for that of the locale while it lives. */
+class LocalEncoding
+{
+public:
+    explicit LocalEncoding(const char *name)
+        : m_before(QTextCodec::codecForLocale())
+    {
+        QTextCodec::setCodecForLocale(QTextCodec::codecForName(name));
+    }
+
+    ~LocalEncoding()
+    {
+        QTextCodec::setCodecForLocale(m_before);
+    }
+
+private:
+    Q_DISABLE_COPY(LocalEncoding)
+
+    QTextCodec *m_before;
+};
+
+#endif
