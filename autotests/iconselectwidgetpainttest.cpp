@@ -5,6 +5,7 @@
 
 #include "iconselectstage.h"
 
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <QTest>
@@ -41,6 +42,58 @@ QImage painted(const IconSelectWidget &widget, const QPixmap &background)
     painter.end();
     return picture.toImage();
 }
+
+/** Notes the hints under which pictures are drawn, and draws nothing. */
+class HintRecorder : public QPaintDevice, private QPaintEngine
+{
+public:
+    HintRecorder()
+        : QPaintEngine(AllFeatures)
+    {
+    }
+
+    QPaintEngine *paintEngine() const override
+    {
+        return const_cast<HintRecorder *>(this);
+    }
+
+    QVector<QPainter::RenderHints> hints;
+
+protected:
+    int metric(PaintDeviceMetric metric) const override
+    {
+        return metric == PdmWidth || metric == PdmHeight ? 1000 : QPaintDevice::metric(metric);
+    }
+
+private:
+    Type type() const override
+    {
+        return User;
+    }
+
+    bool begin(QPaintDevice * /*device*/) override
+    {
+        return true;
+    }
+
+    bool end() override
+    {
+        return true;
+    }
+
+    void updateState(const QPaintEngineState & /*state*/) override
+    {
+    }
+
+    void drawPixmap(const QRectF & /*target*/, const QPixmap & /*pixmap*/, const QRectF & /*source*/) override
+    {
+        hints.append(painter()->renderHints());
+    }
+
+    void drawPath(const QPainterPath & /*path*/) override
+    {
+    }
+};
 }
 
 class IconSelectWidgetPaintTest : public QObject
@@ -53,6 +106,7 @@ private Q_SLOTS:
     void shouldPaintWithColoursOfPalette();
     void shouldVeilOutsideOfCircle();
     void shouldPaintNothingWithoutImage();
+    void shouldAskForBestRendering();
 };
 
 void IconSelectWidgetPaintTest::shouldPaint_data()
@@ -157,6 +211,17 @@ void IconSelectWidgetPaintTest::shouldPaintNothingWithoutImage()
     QVERIFY(stage.widget.grab().toImage() != background);
     stage.widget.setImage(QImage());
     QCOMPARE(stage.widget.grab().toImage(), background);
+}
+
+void IconSelectWidgetPaintTest::shouldAskForBestRendering()
+{
+    Stage stage(QSize(300, 300), patterned(QSize(300, 200)));
+    HintRecorder recorder;
+    stage.widget.render(&recorder, QPoint(), QRegion(), {});
+    QCOMPARE(recorder.hints.size(), 1);
+    const QPainter::RenderHints best =
+        QPainter::Antialiasing | QPainter::SmoothPixmapTransform | QPainter::LosslessImageRendering;
+    QCOMPARE(recorder.hints.constFirst() & best, best);
 }
 
 QTEST_MAIN(IconSelectWidgetPaintTest)
