@@ -108,6 +108,7 @@ private Q_SLOTS:
     void looksForOwnGroupOnlyWhenReloaded();
     void reloadsOneGroupQuietly();
     void reloadsGroupThatIsGone();
+    void warnsWhenNewGroupIsReloaded();
     void handlesTenThousandGroups();
 };
 
@@ -787,6 +788,20 @@ void GroupListModelTest::reloadsGroupThatIsGone()
     // Once for each of the two lists.
     QCOMPARE(recorder.takeTexts(), QStringList({groupNotFound(text("Team")), groupNotFound(text("Team"))}));
     QCOMPARE(rowText(model, 0), text("Team | 0 | Yes"));
+}
+
+void GroupListModelTest::warnsWhenNewGroupIsReloaded()
+{
+    Model model;
+    const TableTester tester(&model);
+    MessageRecorder recorder;
+    model.reloadGroup(QString());
+    QCOMPARE(recorder.takeTexts(), QStringList());
+
+    model.setNewGroupName(text("staff2"));
+    model.reloadGroup(QString());
+    QCOMPARE(recorder.takeTexts(), QStringList(groupNotFound(QString())));
+    QCOMPARE(rowText(model, 5), text("staff2 | 0 | Yes"));
 }
 
 void GroupListModelTest::handlesTenThousandGroups()
