@@ -101,6 +101,24 @@ QWidget *preview(const UserIconDialog &dialog)
     return layout && layout->count() == 1 ? layout->itemAt(0)->widget() : nullptr;
 }
 
+/** Shows a dialog with a preview that is 400 pixels wide and high. */
+bool showWithPreview(UserIconDialog &dialog)
+{
+    preview(dialog)->setFixedSize(400, 400);
+    dialog.resize(500, 600); // of itself it leaves too little room, and the buttons stand over the preview
+    dialog.show();
+    return QTest::qWaitForWindowExposed(&dialog);
+}
+
+/** Drags with the mouse in that preview. */
+void drag(const UserIconDialog &dialog, const QPoint &from, const QPoint &to)
+{
+    const auto inWindow = [&dialog](const QPoint &point) { return preview(dialog)->mapTo(&dialog, point); };
+    QTest::mousePress(dialog.windowHandle(), Qt::LeftButton, {}, inWindow(from));
+    QTest::mouseMove(dialog.windowHandle(), inWindow(to));
+    QTest::mouseRelease(dialog.windowHandle(), Qt::LeftButton, {}, inWindow(to));
+}
+
 void chooseFile(const UserIconDialog &dialog, const QString &path)
 {
     withFileDialog(dialog, [&path](QFileDialog *fileDialog) {
@@ -131,6 +149,8 @@ private Q_SLOTS:
     void shouldSelectLargestCentredSquareAtOwnResolution();
     void shouldReturnSquareMarkedWithMouse();
     void shouldReturnWholePictureForLessThanAPixel();
+    void shouldReturnNullForSelectionTurnedInsideOut();
+    void shouldReturnNullForPictureTooThinToBeShown();
     void shouldTakeNullPixmap();
     void shouldTurnMirrorAndReset();
     void shouldAskForImageFile();
@@ -336,9 +356,7 @@ void UserIconDialogTest::shouldSelectLargestCentredSquareAtOwnResolution()
     QFETCH(QRect, square);
 
     UserIconDialog dialog;
-    preview(dialog)->setFixedSize(400, 400);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(showWithPreview(dialog));
     const QImage image = gradient(size);
     dialog.setPixmap(QPixmap::fromImage(image));
 
@@ -349,22 +367,14 @@ void UserIconDialogTest::shouldSelectLargestCentredSquareAtOwnResolution()
 void UserIconDialogTest::shouldReturnSquareMarkedWithMouse()
 {
     UserIconDialog dialog;
-    preview(dialog)->setFixedSize(400, 400);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(showWithPreview(dialog));
     const QImage image = gradient(QSize(1600, 800));
     dialog.setPixmap(QPixmap::fromImage(image));
 
-    const auto drag = [&](const QPoint &from, const QPoint &to) {
-        const auto inWindow = [&](const QPoint &point) { return preview(dialog)->mapTo(&dialog, point); };
-        QTest::mousePress(dialog.windowHandle(), Qt::LeftButton, {}, inWindow(from));
-        QTest::mouseMove(dialog.windowHandle(), inWindow(to));
-        QTest::mouseRelease(dialog.windowHandle(), Qt::LeftButton, {}, inWindow(to));
-    };
     // The selection goes from (100, 100) to (299, 299), a quarter of the picture's size.
-    drag(QPoint(299, 299), QPoint(199, 199));
+    drag(dialog, QPoint(299, 299), QPoint(199, 199));
     QCOMPARE(dialog.selectedPixmap().toImage(), image.copy(400, 0, 400, 400));
-    drag(QPoint(150, 150), QPoint(60, 155));
+    drag(dialog, QPoint(150, 150), QPoint(60, 155));
     QCOMPARE(dialog.selectedPixmap().toImage(), image.copy(40, 20, 400, 400));
     part<QToolButton>(dialog, "selectAllButton")->click();
     QCOMPARE(dialog.selectedPixmap().toImage(), image.copy(400, 0, 800, 800));
@@ -373,17 +383,35 @@ void UserIconDialogTest::shouldReturnSquareMarkedWithMouse()
 void UserIconDialogTest::shouldReturnWholePictureForLessThanAPixel()
 {
     UserIconDialog dialog;
-    preview(dialog)->setFixedSize(400, 400);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-    const QImage image = gradient(QSize(2, 2));
+    QVERIFY(showWithPreview(dialog));
+    const QImage image = gradient(QSize(4, 2));
     dialog.setPixmap(QPixmap::fromImage(image));
+    QCOMPARE(dialog.selectedPixmap().size(), QSize(2, 2));
 
-    const QPoint corner = preview(dialog)->mapTo(&dialog, QPoint(399, 399));
-    QTest::mousePress(dialog.windowHandle(), Qt::LeftButton, {}, corner);
-    QTest::mouseMove(dialog.windowHandle(), corner - QPoint(300, 300));
-    QTest::mouseRelease(dialog.windowHandle(), Qt::LeftButton, {}, corner - QPoint(300, 300));
+    drag(dialog, QPoint(299, 299), QPoint(150, 150));
     QCOMPARE(dialog.selectedPixmap().toImage(), image);
+}
+
+void UserIconDialogTest::shouldReturnNullForSelectionTurnedInsideOut()
+{
+    UserIconDialog dialog;
+    QVERIFY(showWithPreview(dialog));
+    dialog.setPixmap(QPixmap::fromImage(gradient(QSize(400, 400))));
+
+    drag(dialog, QPoint(399, 399), QPoint(99, 99));
+    QCOMPARE(dialog.selectedPixmap().size(), QSize(100, 100));
+    drag(dialog, QPoint(50, 5), QPoint(50, 200)); // the upper edge, below the lower one
+    QVERIFY(okButton(dialog)->isEnabled());
+    QVERIFY(dialog.selectedPixmap().isNull());
+}
+
+void UserIconDialogTest::shouldReturnNullForPictureTooThinToBeShown()
+{
+    UserIconDialog dialog;
+    QVERIFY(showWithPreview(dialog));
+    dialog.setPixmap(QPixmap::fromImage(gradient(QSize(1, 1000))));
+    QVERIFY(okButton(dialog)->isEnabled());
+    QVERIFY(dialog.selectedPixmap().isNull());
 }
 
 void UserIconDialogTest::shouldTakeNullPixmap()
@@ -402,9 +430,7 @@ void UserIconDialogTest::shouldTakeNullPixmap()
 void UserIconDialogTest::shouldTurnMirrorAndReset()
 {
     UserIconDialog dialog;
-    preview(dialog)->setFixedSize(400, 400);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(showWithPreview(dialog));
     const QImage image = gradient(QSize(200, 200));
     dialog.setPixmap(QPixmap::fromImage(image));
     const auto afterPressing = [&dialog](const char *button) {
