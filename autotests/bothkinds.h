@@ -1,0 +1,52 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef BOTHKINDS_H
+#define BOTHKINDS_H
+
+#include "listkinds.h"
+#include "sandbox.h"
+
+#include <QPair>
+#include <QTest>
+#include <QVector>
+
+// What is alike for users and for groups is tested once, and runs for both.
+
+/** The rows of initTestCase_data(). */
+inline void addBothKinds()
+{
+    QTest::addColumn<bool>("areUsers");
+
+    QTest::newRow("users") << true;
+    QTest::newRow("groups") << false;
+}
+
+/** Does @p test with the kind that its function is called for. */
+template<typename UserKind = Users, typename GroupKind = Groups, typename Test>
+void withKind(const Test &test)
+{
+    QFETCH_GLOBAL(bool, areUsers);
+    if (areUsers) {
+        test(UserKind());
+    } else {
+        test(GroupKind());
+    }
+}
+
+/** Replaces the users and the groups by some of the same names and ids. */
+inline void setUsersAndGroups(const QVector<QPair<QByteArray, int>> &accounts)
+{
+    QByteArray users;
+    QByteArray groups;
+    for (const auto &[name, number] : accounts) {
+        const QByteArray id = QByteArray::number(number);
+        users += name + ":x:" + id + ':' + id + "::/:/bin/sh\n";
+        groups += name + ":x:" + id + ":\n";
+    }
+    Sandbox::setAccounts(users, groups);
+}
+
+#endif
