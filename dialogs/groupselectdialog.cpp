@@ -16,11 +16,11 @@ GroupSelectDialog::GroupSelectDialog(const QString &userName, const QStringList 
     ui->setupUi(this);
     SelectDialog::addFilters(ui->groupFilterComboBox,
                              {
-                                 {ki18ndc("ormel_kcm_users", "filter", "All"), GroupListModel::All},
-                                 {ki18ndc("ormel_kcm_users", "filter", "Ordinary"), GroupListModel::Ordinary},
-                                 {ki18ndc("ormel_kcm_users", "filter", "System"), GroupListModel::System},
-                                 {ki18ndc("ormel_kcm_users", "filter", "Selected"), GroupListModel::Selected},
-                                 {ki18ndc("ormel_kcm_users", "filter", "Unselected"), GroupListModel::Unselected},
+                                 {ki18nc("filter", "All"), GroupListModel::All},
+                                 {ki18nc("filter", "Ordinary"), GroupListModel::Ordinary},
+                                 {ki18nc("filter", "System"), GroupListModel::System},
+                                 {ki18nc("filter", "Selected"), GroupListModel::Selected},
+                                 {ki18nc("filter", "Unselected"), GroupListModel::Unselected},
                              });
     m_model = new GroupListModel(userName, selectedNames, this);
     m_proxyModel = new SelectDialog::FlatProxyModel(this);

@@ -14,16 +14,15 @@ UserSelectDialog::UserSelectDialog(const GroupInfo &group, const QStringList &se
     , ui(new Ui::UserSelectDialog)
 {
     ui->setupUi(this);
-    SelectDialog::addFilters(
-        ui->userFilterComboBox,
-        {
-            {ki18ndc("ormel_kcm_users", "filter", "All"), UserListModel::All},
-            {ki18ndc("ormel_kcm_users", "filter", "Ordinary"), UserListModel::Ordinary},
-            {ki18ndc("ormel_kcm_users", "filter", "System"), UserListModel::System},
-            {ki18ndc("ormel_kcm_users", "filter", "Administrators"), UserListModel::Administrators},
-            {ki18ndc("ormel_kcm_users", "filter", "Selected"), UserListModel::Selected},
-            {ki18ndc("ormel_kcm_users", "filter", "Unselected"), UserListModel::Unselected},
-        });
+    SelectDialog::addFilters(ui->userFilterComboBox,
+                             {
+                                 {ki18nc("filter", "All"), UserListModel::All},
+                                 {ki18nc("filter", "Ordinary"), UserListModel::Ordinary},
+                                 {ki18nc("filter", "System"), UserListModel::System},
+                                 {ki18nc("filter", "Administrators"), UserListModel::Administrators},
+                                 {ki18nc("filter", "Selected"), UserListModel::Selected},
+                                 {ki18nc("filter", "Unselected"), UserListModel::Unselected},
+                             });
     m_model = new UserListModel(group, selectedNames, this);
     m_proxyModel = new SelectDialog::FlatProxyModel(this);
     SelectDialog::connectModel(m_model, m_proxyModel, ui->userFilterComboBox, ui->filterLineEdit, ui->usersTreeView);

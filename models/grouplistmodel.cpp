@@ -33,7 +33,7 @@ struct RecordTable::Traits<GroupListModel> {
 
     static QString systemHeader()
     {
-        return ki18ndc("ormel_kcm_users", "group", "System").toString();
+        return i18nc("group", "System");
     }
 
     static bool isLocked(const GroupListModel &model, const GroupInfo &group)

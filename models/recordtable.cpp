@@ -14,11 +14,10 @@ QVariant RecordTable::checkState(bool checked)
 
 QString RecordTable::nameHeader()
 {
-    return ki18nd("ormel_kcm_users", "Name").toString();
+    return i18n("Name");
 }
 
 QString RecordTable::yesOrNo(bool value)
 {
-    const KLocalizedString text = value ? ki18nd("ormel_kcm_users", "Yes") : ki18nd("ormel_kcm_users", "No");
-    return text.toString();
+    return value ? i18n("Yes") : i18n("No");
 }

@@ -33,7 +33,7 @@ struct RecordTable::Traits<UserListModel> {
 
     static QString systemHeader()
     {
-        return ki18ndc("ormel_kcm_users", "user", "System").toString();
+        return i18nc("user", "System");
     }
 
     static bool isLocked(const UserListModel &model, const UserInfo &user)
