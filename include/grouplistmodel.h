@@ -182,7 +182,11 @@ public:
 
     /**
      * Reads one group again, in place, with GroupInfo::reload(): views are not told, and the group is
-     * neither sorted nor filtered anew. An unknown name does nothing.
+     * neither sorted nor filtered anew. A group that is gone keeps its row, with GID 0 and no members. An
+     * unknown name does nothing; an empty one reloads the placeholder row, if there is one.
+     *
+     * Costs one GroupInfo::reload(), and another when the group is shown. Each writes the warning that
+     * the group is gone; that of the placeholder row always does.
      */
     void reloadGroup(const QString &name);
 

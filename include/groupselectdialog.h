@@ -61,7 +61,7 @@ public:
 
     ~GroupSelectDialog() override;
 
-    /** Picks the current group instead of the checked ones. Resets the list of groups. */
+    /** Picks the current group instead of the checked ones. A change resets the list of groups. */
     void setSingleSelectionMode(bool on);
     /** @return whether the current group is picked; false in a new dialog. */
     bool singleSelectionMode() const;

@@ -61,8 +61,12 @@ public:
 
     /**
      * @return the selected square of the picture, turned and mirrored as shown, at the picture's
-     * own resolution; null when the picture is null. What rounding puts beyond the picture's
-     * edges is transparent or black.
+     * own resolution. What rounding puts beyond the picture's edges is transparent or black. A
+     * square smaller than one pixel of the picture gives the whole picture, whatever its shape.
+     *
+     * Check for null, which it is in spite of Ok being enabled when the picture is null, when it is
+     * so long and thin that nothing of it is shown, and when the upper edge of the square was dragged
+     * below the lower one.
      *
      * Copies the square out of the picture on each call.
      */

@@ -182,10 +182,13 @@ public:
     void reload();
 
     /**
-     * Reads one user again, in place: views are not told, and the user is neither sorted nor filtered
-     * anew. An unknown or empty name does nothing.
+     * Reads one user again, in place, with UserInfo::reload(): views are not told, and the user is
+     * neither sorted nor filtered anew. An unknown or empty name does nothing.
      *
-     * A user that the model knows must still exist, as for UserInfo::reload().
+     * A user that the model knows must still exist, and so must the user's primary group: a missing
+     * one crashes.
+     *
+     * Costs one UserInfo::reload(), or two when the user is shown.
      */
     void reloadUser(const QString &name);
 

@@ -67,7 +67,7 @@ public:
 
     ~UserSelectDialog() override;
 
-    /** Picks the current user instead of the checked ones. Resets the list of users. */
+    /** Picks the current user instead of the checked ones. A change resets the list of users. */
     void setSingleSelectionMode(bool on);
     /** @return whether the current user is picked; false in a new dialog. */
     bool singleSelectionMode() const;
