@@ -163,6 +163,7 @@ private Q_SLOTS:
     void shouldTakeTruncatedFile();
     void shouldLeaveEmptyWhatFileIsTooShortFor_data();
     void shouldLeaveEmptyWhatFileIsTooShortFor();
+    void shouldStayWithinColourTable();
     void shouldTakeDamagedFile_data();
     void shouldTakeDamagedFile();
     void shouldTakeUnreadableFile();
@@ -599,6 +600,21 @@ void UserIconDialogTest::shouldLeaveEmptyWhatFileIsTooShortFor()
         const QString path = write(QTest::currentDataTag(), whole.left(whole.size() * eighth / 8));
         QCOMPARE(shownWithMemoryFilledBy(0xaa, path), shownWithMemoryFilledBy(0x55, path));
     }
+}
+
+void UserIconDialogTest::shouldStayWithinColourTable()
+{
+    // In its own size the toolkit draws such a picture without looking where the table ends.
+    QImage image(400, 400, QImage::Format_Indexed8);
+    image.setColorTable(QVector<QRgb>(20, qRgb(255, 0, 0)));
+    image.fill(240);
+    const QColor converted = image.convertToFormat(QImage::Format_RGB32).pixelColor(200, 200);
+
+    UserIconDialog dialog;
+    QVERIFY(showWithPreview(dialog));
+    chooseFile(dialog, write("indexed.bmp", encoded(image, "bmp")));
+    QCOMPARE(preview(dialog)->grab().toImage().pixelColor(200, 200), converted);
+    QCOMPARE(dialog.selectedPixmap().toImage().pixelColor(200, 200), converted);
 }
 
 void UserIconDialogTest::shouldTakeDamagedFile_data()

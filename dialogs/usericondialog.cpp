@@ -35,6 +35,15 @@ QImage readImage(const QString &fileName)
     image.fill(0);
     return reader.read(&image) ? image : QImage();
 }
+
+/** @p image with a colour in each pixel: the toolkit does not check numbers that its colour table does not have. */
+QImage withoutColorTable(const QImage &image)
+{
+    if (image.pixelFormat().colorModel() != QPixelFormat::Indexed) {
+        return image;
+    }
+    return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+}
 }
 
 UserIconDialog::UserIconDialog(QWidget *parent)
@@ -93,6 +102,6 @@ void UserIconDialog::on_clipboardButton_clicked()
 
 void UserIconDialog::showImage(const QImage &image)
 {
-    m_iconWidget->setImage(image);
+    m_iconWidget->setImage(withoutColorTable(image));
     ui->buttonBox->button(QDialogButtonBox::Ok)->setEnabled(true);
 }
