@@ -92,6 +92,7 @@ private Q_SLOTS:
     void tellsHowUsersAreMembers();
     void countsMembers();
     void showsLimitsOfGroup();
+    void tellsWhichRangeApplies();
     void keepsCurrentGroupOnReload();
     void reportsFilesThatCannotBeRead();
     void worksWithoutGroups();
@@ -193,6 +194,16 @@ void GroupsPageTest::showsLimitsOfGroup()
              }));
     page.select("ada");
     QCOMPARE(shownRows(*page.limits), QStringList(text("core|0|0 KB|*|Maximum core file size.")));
+}
+
+void GroupsPageTest::tellsWhichRangeApplies()
+{
+    Sandbox::write(limitsPath(), "* - nproc 3\n@0: - nproc 3\n//:// - nproc 3\n@//:// - nproc 3\n");
+    Page page;
+    page.select("root");
+    QCOMPARE(shownRows(*page.limits), QStringList(text("nproc|3|3|@//://|Maximum number of processes.")));
+    page.select("staff");
+    QCOMPARE(shownRows(*page.limits), QStringList(text("nproc|3|3|*|Maximum number of processes.")));
 }
 
 void GroupsPageTest::keepsCurrentGroupOnReload()

@@ -96,6 +96,19 @@ struct Page {
         return names;
     }
 
+    /** The limits of a user: "item=value domain" for each. */
+    QString rules(const char *user) const
+    {
+        select(user);
+        QStringList rules;
+        const QStringList rows = shownRows(*limits);
+        for (const QString &row : rows) {
+            const QStringList cells = row.split(QLatin1Char('|'));
+            rules.append(cells.at(0) + QLatin1Char('=') + cells.at(1) + QLatin1Char(' ') + cells.at(3));
+        }
+        return rules.join(QLatin1String(", "));
+    }
+
     QPixmap shownPicture() const
     {
         return part<QLabel>(page, "picture")->pixmap(Qt::ReturnByValue);
@@ -141,6 +154,7 @@ private Q_SLOTS:
     void marksAdministratorsAndSystemAccounts();
     void showsLimitsWithExplanations();
     void tellsWhichRuleApplies();
+    void tellsWhichRangeApplies();
     void tellsThatNoLimitApplies();
     void tellsThatLimitsAreIncomplete();
     void showsOwnPicture();
@@ -355,21 +369,26 @@ void UsersPageTest::tellsWhichRuleApplies()
                    "//:// - nproc 5\n1000:2000 - nproc 6\n@//:// - stack 7\n"
                    "ada hard core 1\n");
     Page page;
-    const auto rules = [&page](const char *user) {
-        page.select(user);
-        QStringList rules;
-        const QStringList rows = shownRows(*page.limits);
-        for (const QString &row : rows) {
-            const QStringList cells = row.split(QLatin1Char('|'));
-            rules.append(cells.at(0) + QLatin1Char('=') + cells.at(1) + QLatin1Char(' ') + cells.at(3));
-        }
-        return rules.join(QLatin1String(", "));
-    };
-    QCOMPARE(rules("ada"), QStringLiteral("core=1 ada, locks=1 *, maxlogins=2 %audio, nproc=4 @ormel-admin"));
-    QCOMPARE(rules("bob"), QStringLiteral("core=1 *, locks=1 *, maxlogins=2 %audio, nproc=3 @audio"));
+    QCOMPARE(page.rules("ada"), QStringLiteral("core=1 ada, locks=1 *, maxlogins=2 %audio, nproc=4 @ormel-admin"));
+    QCOMPARE(page.rules("bob"), QStringLiteral("core=1 *, locks=1 *, maxlogins=2 %audio, nproc=3 @audio"));
     QCOMPARE(toolTips(*page.limits, 3).at(3), QStringLiteral("<qt>Group name: &quot;audio&quot;</qt>"));
-    QCOMPARE(rules("lost"), QStringLiteral("core=1 *, locks=1 *, maxlogins=1 *, nproc=1 *"));
-    QCOMPARE(rules("toor"), QStringLiteral("core=1 *, locks=1 *, maxlogins=1 *, nproc=5 //://, stack=7 @//://"));
+    QCOMPARE(page.rules("lost"), QStringLiteral("core=1 *, locks=1 *, maxlogins=1 *, nproc=1 *"));
+    QCOMPARE(page.rules("toor"), QStringLiteral("core=1 *, locks=1 *, maxlogins=1 *, nproc=5 //://, stack=7 @//://"));
+}
+
+void UsersPageTest::tellsWhichRangeApplies()
+{
+    Sandbox::setAccounts("root:x:0:0::/:/bin/sh\ntoor:x:0:0::/:/bin/sh\nada:x:1000:0::/:/bin/sh\n",
+                         "root:x:0:\nwheel:x:10:toor\n");
+    Sandbox::write(limitsPath(),
+                   "1000:2000 - nproc 3\n@//:// - nproc 3\n//x:// - nproc 3\n//dd://d - nproc 3\n//:// - nproc 3\n"
+                   "* - cpu 5\n@0: - cpu 5\n@//://x - cpu 5\n"
+                   "//:// - data 7\n@wheel - data 7\n"
+                   "* - core 1\n1000: - core 1\nroot - core 1\n//:// - core 1\n");
+    Page page;
+    QCOMPARE(page.rules("ada"), QStringLiteral("core=1 *, cpu=5 @//://x, nproc=3 @//://"));
+    QCOMPARE(page.rules("root"), QStringLiteral("core=1 root"));
+    QCOMPARE(page.rules("toor"), QStringLiteral("core=1 //://, cpu=5 @//://x, data=7 @wheel, nproc=3 //dd://d"));
 }
 
 void UsersPageTest::tellsThatNoLimitApplies()

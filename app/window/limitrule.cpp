@@ -9,6 +9,8 @@
 #include <LimitsParser>
 #include <UserInfo>
 
+#include <QRegularExpression>
+
 #include <algorithm>
 
 namespace
@@ -28,34 +30,60 @@ QStringList groupDomains(const QStringList &groups, const QString &item)
     return domains;
 }
 
-/** The first of @p names that has a rule; otherwise it is a rule for ids or for everybody that gave @p value. */
-QString domainOf(const LimitsParser &limits, const QStringList &names, const QString &item, const QVariant &value)
+/** The domain of the first rule whose domain @p range matches; null when there is none. */
+QString rangeDomain(const LimitsParser &limits, const QRegularExpression &range, const QString &item)
 {
-    const auto named = std::find_if(
-        names.begin(), names.end(), [&](const QString &name) { return !limits.findField(name, item).isNull(); });
-    if (named != names.end()) {
-        return *named;
-    }
-    QString everybody = QStringLiteral("*");
-    if (limits.findField(everybody, item) == value) {
-        return everybody;
-    }
     const QList<LimitsParser::Field> rules = limits.fields();
-    const auto forIds = std::find_if(rules.begin(), rules.end(), [&](const LimitsParser::Field &rule) {
-        return rule.item == item && rule.value == value && rule.domain.contains(QLatin1Char(':'));
+    const auto found = std::find_if(rules.begin(), rules.end(), [&](const LimitsParser::Field &rule) {
+        return rule.item == item && range.match(rule.domain).hasMatch();
     });
-    return forIds == rules.end() ? QString() : forIds->domain;
+    return found == rules.end() ? QString() : found->domain;
+}
+
+// What LimitsParser takes for a range has slashes where numbers would be, which count as 0: no
+// other id is in it.
+
+QString userRangeDomain(const LimitsParser &limits, uint uid, const QString &item)
+{
+    static const QRegularExpression range(QStringLiteral("^//d*://"));
+    return uid == 0 ? rangeDomain(limits, range, item) : QString();
+}
+
+QString groupRangeDomain(const LimitsParser &limits, uint gid, const QString &item)
+{
+    static const QRegularExpression range(QStringLiteral("^@//d*://"));
+    return gid == 0 ? rangeDomain(limits, range, item) : QString();
+}
+
+/** The first of @p domains that has a rule. */
+QString firstWithRule(const LimitsParser &limits, const QStringList &domains, const QString &item)
+{
+    const auto found = std::find_if(domains.begin(), domains.end(), [&](const QString &domain) {
+        return !limits.findField(domain, item).isNull();
+    });
+    return found == domains.end() ? QString() : *found;
+}
+
+QString everybody()
+{
+    return QStringLiteral("*");
 }
 }
 
-QString LimitRule::domain(const LimitsParser &limits, const UserInfo &user, const QString &item, const QVariant &value)
+QString LimitRule::domain(const LimitsParser &limits, const UserInfo &user, const QString &item)
 {
-    const QStringList names = QStringList(user.name()) + groupDomains(user.groupNames(), item);
-    return domainOf(limits, names, item, value);
+    QStringList domains{user.name()};
+    domains += groupDomains(user.groupNames(), item);
+    domains += userRangeDomain(limits, user.uid(), item);
+    domains += groupRangeDomain(limits, user.gid(), item);
+    domains += everybody();
+    return firstWithRule(limits, domains, item);
 }
 
-QString
-LimitRule::domain(const LimitsParser &limits, const GroupInfo &group, const QString &item, const QVariant &value)
+QString LimitRule::domain(const LimitsParser &limits, const GroupInfo &group, const QString &item)
 {
-    return domainOf(limits, groupDomains({group.name()}, item), item, value);
+    QStringList domains = groupDomains({group.name()}, item);
+    domains += groupRangeDomain(limits, group.gid(), item);
+    domains += everybody();
+    return firstWithRule(limits, domains, item);
 }

@@ -10,14 +10,13 @@
 
 class GroupInfo;
 class LimitsParser;
-class QVariant;
 class UserInfo;
 
-/** The domain of the rule from which LimitsParser::getItem() has @p value. */
+/** The domain of the rule from which LimitsParser::getItem() has its value, which must not be null. */
 namespace LimitRule
 {
-QString domain(const LimitsParser &limits, const UserInfo &user, const QString &item, const QVariant &value);
-QString domain(const LimitsParser &limits, const GroupInfo &group, const QString &item, const QVariant &value);
+QString domain(const LimitsParser &limits, const UserInfo &user, const QString &item);
+QString domain(const LimitsParser &limits, const GroupInfo &group, const QString &item);
 }
 
 #endif

@@ -40,7 +40,7 @@ public:
         for (const QString &item : items) {
             const QVariant value = limits.getItem(account, item);
             if (!value.isNull()) {
-                found.append({item, value, LimitRule::domain(limits, account, item, value)});
+                found.append({item, value, LimitRule::domain(limits, account, item)});
             }
         }
         show(found, error);
