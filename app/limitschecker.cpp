@@ -27,11 +27,28 @@ QStringList columnsOf(const QByteArray &line)
     return QString::fromLatin1(line.constData()).split(QLatin1Char(' '), Qt::SkipEmptyParts).mid(0, columnCount);
 }
 
-bool isNumber(const QString &value)
+bool isUnlimited(const QString &value)
+{
+    return value == QLatin1String("unlimited") || value == QLatin1String("infinity");
+}
+
+/** Whether @p value is a number for LimitsParser. */
+bool fits(const QString &value)
 {
     bool ok = false;
     value.toInt(&ok);
     return ok;
+}
+
+bool isNumber(const QString &value)
+{
+    static const QRegularExpression digits(QStringLiteral("^\\s*[+-]?[0-9]+\\s*$"));
+    return fits(value) || digits.match(value).hasMatch();
+}
+
+bool isPathWanted(const QStringList &columns)
+{
+    return LimitsParser::valueType(columns.at(2)) == LimitsParser::Path;
 }
 
 /** Whether tabs hide columns or are part of them. Around a number they do no harm. */
@@ -45,13 +62,36 @@ bool isTornByTabs(const QStringList &columns)
     });
 }
 
+bool hasNoPath(const QStringList &columns)
+{
+    const QString &value = columns.at(3);
+    const bool isPath = value.startsWith(QLatin1Char('/')) || isUnlimited(value) || value == QLatin1String("-1");
+    return isPathWanted(columns) && !isPath;
+}
+
 bool hasNoNumber(const QStringList &columns)
 {
     const QString &value = columns.at(3);
-    if (value.startsWith(QLatin1Char('/'))) {
-        return LimitsParser::valueType(columns.at(2)) != LimitsParser::Path;
+    return !isPathWanted(columns) && !isUnlimited(value) && !isNumber(value);
+}
+
+bool hasLargeNumber(const QStringList &columns)
+{
+    const QString &value = columns.at(3);
+    return !isPathWanted(columns) && isNumber(value) && !fits(value);
+}
+
+bool isOutOfRange(const QStringList &columns)
+{
+    const LimitsParser::FieldDescriptor item = LimitsParser::fieldDescriptor(columns.at(2));
+    const QString &value = columns.at(3);
+    if (item.valueType == LimitsParser::Unknown || item.valueType == LimitsParser::Path) {
+        return false;
     }
-    return value != QLatin1String("unlimited") && value != QLatin1String("infinity") && !isNumber(value);
+    if (isUnlimited(value)) {
+        return item.minValue != -1;
+    }
+    return fits(value) && (value.toInt() < item.minValue || value.toInt() > item.maxValue);
 }
 
 bool hasUnknownItem(const QStringList &columns)
@@ -80,7 +120,10 @@ const Check checks[] = {
     {hasNumericRange, kli18n("a numeric range in the domain applies to nobody")},
     {hasUnknownType, kli18n("the type is none of soft, hard and -")},
     {hasUnknownItem, kli18n("the item is not known")},
+    {hasNoPath, kli18n("the value is not an absolute path")},
     {hasNoNumber, kli18n("the value is not a number")},
+    {hasLargeNumber, kli18n("the number does not fit into 32 bits")},
+    {isOutOfRange, kli18n("the value is outside the range of the item")},
 };
 
 QStringList limitsFiles()
@@ -93,6 +136,16 @@ QStringList limitsFiles()
     }
     return paths;
 }
+}
+
+QString LimitsFinding::visibleText() const
+{
+    return QString(text).replace(tab, QLatin1String("\\t"));
+}
+
+QString LimitsFinding::allReasons() const
+{
+    return reasons.join(QLatin1String(", "));
 }
 
 QStringList limitsLineProblems(const QByteArray &line)

@@ -16,6 +16,12 @@ struct LimitsFinding {
     int line = 0;
     QString text;
     QStringList reasons;
+
+    /** The text with tabs as "\t": they would be seen as gaps, if at all. */
+    QString visibleText() const;
+
+    /** The reasons as one line. */
+    QString allReasons() const;
 };
 
 /**

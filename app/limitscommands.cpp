@@ -95,12 +95,11 @@ int showFindings()
     }
     TextTable table({{i18n("File")}, {i18n("Line"), Qt::AlignRight}, {i18n("Reason")}, {i18n("Text")}});
     for (const LimitsFinding &finding : findings) {
-        QString text = finding.text;
         table.addRow({
             finding.file,
             QString::number(finding.line),
-            finding.reasons.join(QLatin1String(", ")),
-            text.replace(QLatin1Char('\t'), QLatin1String("\\t")),
+            finding.allReasons(),
+            finding.visibleText(),
         });
     }
     print(table.toString());

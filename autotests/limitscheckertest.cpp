@@ -15,6 +15,9 @@ namespace
 const char tooFew[] = "fewer than four columns separated by spaces";
 const char tabs[] = "tabs between columns, only spaces separate them";
 const char noNumber[] = "the value is not a number";
+const char noPath[] = "the value is not an absolute path";
+const char large[] = "the number does not fit into 32 bits";
+const char outOfRange[] = "the value is outside the range of the item";
 const char unknownItem[] = "the item is not known";
 const char unknownType[] = "the type is none of soft, hard and -";
 const char numericRange[] = "a numeric range in the domain applies to nobody";
@@ -33,10 +36,7 @@ QStringList describe(const QList<LimitsFinding> &findings)
     QStringList lines;
     for (const LimitsFinding &finding : findings) {
         lines.append(QStringLiteral("%1:%2: %3: %4")
-                         .arg(finding.file,
-                              QString::number(finding.line),
-                              finding.text,
-                              finding.reasons.join(QLatin1String(", "))));
+                         .arg(finding.file, QString::number(finding.line), finding.text, finding.allReasons()));
     }
     return lines;
 }
@@ -97,10 +97,37 @@ void LimitsCheckerTest::findsProblems_data()
     addLine("* soft core 10k", {noNumber});
     addLine("* soft core Unlimited", {noNumber});
     addLine("* soft core 0x10", {noNumber});
-    addLine("* soft core 2147483648", {noNumber});
     addLine("* soft core 0#none", {noNumber});
     addLine("* soft core /srv", {noNumber});
-    addLine("jail - chroot srv/jail", {noNumber});
+    addLine("* soft core -", {noNumber});
+    addLine("* soft core +-5", {noNumber});
+
+    addLine("* soft core 2147483647", {});
+    addLine("* soft core +5", {});
+    addLine("* soft core 2147483648", {large});
+    addLine("bob hard fsize 5000000000", {large});
+    addLine("* - core 5000000000\t # five", {large});
+    addLine("* - nice -5000000000", {large});
+    addLine("* soft bogus 5000000000", {unknownItem, large});
+
+    addLine("jail - chroot srv/jail", {noPath});
+    addLine("bob - chroot jail", {noPath});
+    addLine("bob - chroot 5", {noPath});
+    addLine("bob - chroot 5000000000", {noPath});
+    addLine("bob - chroot unlimited", {});
+    addLine("bob - chroot -1", {});
+
+    addLine("* - nice 19", {});
+    addLine("* - nice -1", {});
+    addLine("* - nice 20", {outOfRange});
+    addLine("* - nice -21", {outOfRange});
+    addLine("carol - nice unlimited", {outOfRange});
+    addLine("@staff - priority infinity", {outOfRange});
+    addLine("carol - nonewprivs 0", {});
+    addLine("carol - nonewprivs -1", {outOfRange});
+    addLine("carol - nonewprivs 5", {outOfRange});
+    addLine("* - nproc -1", {});
+    addLine("* - nproc -2", {outOfRange});
 
     addLine("* soft bogus 5", {unknownItem});
     addLine("* soft Core 5", {unknownItem});

@@ -128,9 +128,8 @@ void LimitsPage::showFindings()
     QList<QTreeWidgetItem *> rows;
     const QList<LimitsFinding> &findings = m_store->limitsFindings();
     for (const LimitsFinding &finding : findings) {
-        const QString reasons = finding.reasons.join(QLatin1String(", "));
-        // Tabs would be seen as gaps, if at all.
-        const QString text = QString(finding.text).replace(QLatin1Char('\t'), QLatin1String("\\t"));
+        const QString text = finding.visibleText();
+        const QString reasons = finding.allReasons();
         rows.append(Table::row({
             {finding.file, finding.file},
             {QString::number(finding.line), {}},
