@@ -5,6 +5,7 @@
 
 #include "about.h"
 #include "accountfixtures.h"
+#include "dialogparts.h"
 #include "limitsfixtures.h"
 #include "mainwindow.h"
 #include "pageparts.h"
@@ -12,12 +13,22 @@
 #include "windowparts.h"
 
 #include <KLocalizedString>
+#include <KSqueezedTextLabel>
 
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QSignalSpy>
+#include <QStyledItemDelegate>
 #include <QTabWidget>
 #include <QTest>
+#include <QTextLayout>
+#include <QTreeView>
+
+#include <algorithm>
+#include <memory>
 
 namespace
 {
@@ -43,6 +54,81 @@ QStringList repeated(QStringList keys)
     }
     return rest;
 }
+
+void useLanguage(const QString &language)
+{
+    KLocalizedString::setLanguages({language});
+    QApplication::setLayoutDirection(language == QLatin1String("ar") ? Qt::RightToLeft : Qt::LeftToRight);
+}
+
+/** The letters of @p text from the left to the right, as a line in a view shows them. */
+QString inOrderOfSight(const QString &text, const QAbstractItemView &view)
+{
+    QTextLayout layout(text, view.font());
+    QTextOption option;
+    option.setTextDirection(view.layoutDirection());
+    layout.setTextOption(option);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    const auto middle = [&line](int i) { return line.cursorToX(i) + line.cursorToX(i, QTextLine::Trailing); };
+    QVector<int> positions;
+    for (int i = 0; i < text.size(); ++i) {
+        if (text.at(i).category() != QChar::Other_Format) {
+            positions.append(i);
+        }
+    }
+    std::stable_sort(positions.begin(), positions.end(), [&](int a, int b) { return middle(a) < middle(b); });
+    QString letters;
+    for (const int i : qAsConst(positions)) {
+        letters.append(text.at(i));
+    }
+    return letters;
+}
+
+/** What is seen in a row of a view in Egypt, its cells joined by bars. */
+QString seenRow(const QAbstractItemView &view, int row)
+{
+    QLocale locale(QLocale::Arabic, QLocale::Egypt);
+    locale.setNumberOptions(QLocale::OmitGroupSeparator); // as views do
+    QStringList cells;
+    for (int column = 0; column < view.model()->columnCount(); ++column) {
+        const QModelIndex index = view.model()->index(row, column);
+        const auto *delegate = qobject_cast<const QStyledItemDelegate *>(view.itemDelegate(index));
+        cells.append(inOrderOfSight(delegate->displayText(index.data(), locale), view));
+    }
+    return cells.join(QLatin1Char('|'));
+}
+
+QString reversed(QString text)
+{
+    std::reverse(text.begin(), text.end());
+    return text;
+}
+
+/** Whether what is drawn on a widget is nearer to its right edge than to its left one. */
+bool drawsAtRight(QWidget &widget)
+{
+    const QImage image = widget.grab().toImage();
+    const auto isEmpty = [&image](int x) {
+        const QRgb background = image.pixel(image.width() / 2, image.height() - 2);
+        for (int y = 2; y < image.height() - 2; ++y) {
+            if (image.pixel(x, y) != background) {
+                return false;
+            }
+        }
+        return true;
+    };
+    int left = 2;
+    int right = image.width() - 3;
+    while (left < right && isEmpty(left)) {
+        ++left;
+    }
+    while (left < right && isEmpty(right)) {
+        --right;
+    }
+    return left < right && image.width() - right < left;
+}
 }
 
 class WindowLanguagesTest : public QObject
@@ -51,8 +137,11 @@ class WindowLanguagesTest : public QObject
 
 private Q_SLOTS:
     void initTestCase();
+    void init();
     void hasRoomAndMnemonics_data();
     void hasRoomAndMnemonics();
+    void keepsOrderOfSigns();
+    void beginsLinesAtTheRight();
     void cleanup();
 };
 
@@ -64,6 +153,10 @@ void WindowLanguagesTest::initTestCase()
     About::setApplicationData();
     Sandbox::setAccounts("root:x:0:0:root:/root:/bin/bash\nada:x:1000:50:Ada:/home/ada:/bin/sh\n",
                          "root:x:0:\normel-admin:x:27:ada\nstaff:x:50:\n");
+}
+
+void WindowLanguagesTest::init()
+{
     clearLimits();
     Sandbox::write(limitsPath(), "* soft core 0\n* both nproc some\n");
 }
@@ -89,8 +182,7 @@ void WindowLanguagesTest::hasRoomAndMnemonics()
     QFETCH(QString, title);
 
     const QString language = QString::fromLatin1(QTest::currentDataTag());
-    KLocalizedString::setLanguages({language});
-    QApplication::setLayoutDirection(language == QLatin1String("ar") ? Qt::RightToLeft : Qt::LeftToRight);
+    useLanguage(language);
     MainWindow window;
     QSignalSpy reloaded(&window, &MainWindow::reloaded);
     window.show();
@@ -119,6 +211,71 @@ void WindowLanguagesTest::hasRoomAndMnemonics()
         const QStringList keys = actionMnemonics(menu->menu()->actions());
         QVERIFY(!keys.contains(QString()));
         QCOMPARE(repeated(keys), QStringList());
+    }
+}
+
+void WindowLanguagesTest::keepsOrderOfSigns()
+{
+    Sandbox::write(limitsPath(),
+                   "ada - cpu 120\n* - memlock unlimited\nada - chroot /srv/ada\n@staff - nice -5\n"
+                   "* hard rss 5\n");
+    useLanguage(QStringLiteral("ar"));
+    const QString minutes = reversed(QStringLiteral("دقيقة"));
+    const QString kiloBytes = reversed(QStringLiteral("ك.بايت"));
+    MainWindow window;
+    QSignalSpy reloaded(&window, &MainWindow::reloaded);
+    window.show();
+    QVERIFY(reloaded.wait());
+    QCOMPARE(seenRow(*accountsView(window), 0).section(QLatin1Char('|'), 0, 1), QStringLiteral("ada|1000"));
+    const auto *limits = part<QAbstractItemView>(*window.pages()->currentWidget(), "limitsTable");
+    QStringList rows;
+    for (int row = 0; row < limits->model()->rowCount(); ++row) {
+        rows.append(seenRow(*limits, row));
+    }
+    QCOMPARE(rows,
+             QStringList({
+                 QStringLiteral("chroot|/srv/ada|/srv/ada|ada|The directory to chroot the user to."),
+                 QStringLiteral("cpu|120|%1 120|ada|Maximum CPU time.").arg(minutes),
+                 QStringLiteral("memlock|-1|%1 -1|*|Maximum locked-in-memory address space.").arg(kiloBytes),
+                 QStringLiteral("nice|-5|-5|@staff|Maximum nice priority allowed to raise to."),
+             }));
+    QCOMPARE(seenRow(*part<QAbstractItemView>(window, "rulesTable"), 0),
+             QStringLiteral("ada|-|cpu|120|%1 120").arg(minutes));
+    const QString reason = reversed(QStringLiteral("العنصر غير معروف"));
+    QCOMPARE(seenRow(*part<QAbstractItemView>(window, "findingsTable"), 0),
+             QStringLiteral("/etc/security/limits.conf|5|* hard rss 5|") + reason);
+}
+
+void WindowLanguagesTest::beginsLinesAtTheRight()
+{
+    useLanguage(QStringLiteral("ar"));
+    MainWindow window;
+    QSignalSpy reloaded(&window, &MainWindow::reloaded);
+    window.show();
+    QVERIFY(reloaded.wait());
+    const auto lines = window.pages()->currentWidget()->findChildren<KSqueezedTextLabel *>();
+    const auto home = std::find_if(lines.begin(), lines.end(), [](const KSqueezedTextLabel *line) {
+        return line->fullText() == QLatin1String("/home/ada");
+    });
+    QVERIFY(home != lines.end());
+    QVERIFY(drawsAtRight(**home));
+
+    window.pages()->setCurrentIndex(4);
+    const auto edits = window.pages()->currentWidget()->findChildren<QPlainTextEdit *>();
+    QCOMPARE(edits.size(), 2);
+    for (QPlainTextEdit *edit : edits) {
+        QVERIFY(drawsAtRight(*edit->viewport()));
+        edit->setPlainText(QStringLiteral("ada"));
+        QVERIFY(drawsAtRight(*edit->viewport()));
+    }
+
+    const std::unique_ptr<QMessageBox> about(About::createDialog());
+    about->resize(800, 600);
+    about->show();
+    for (const char *name : {"qt_msgbox_label", "qt_msgbox_informativelabel"}) {
+        auto *label = part<QLabel>(*about, name);
+        label->setText(QStringLiteral("Ormel"));
+        QVERIFY2(drawsAtRight(*label), name);
     }
 }
 

@@ -5,13 +5,14 @@
 
 #include "about.h"
 
-#include "plaintext.h"
+#include "lefttoright.h"
 
 #include <KAboutData>
 #include <KLocalizedString>
 
 #include <QApplication>
 #include <QIcon>
+#include <QLabel>
 #include <QMessageBox>
 
 #include <ormelusersqt_version.h>
@@ -45,5 +46,10 @@ QMessageBox *About::createDialog(QWidget *parent)
     dialog->setText(i18nc("@title %1 is the version", "Ormel Users %1", about.version()));
     dialog->setInformativeText(paragraphs.join(QLatin1String("\n\n")));
     dialog->setStandardButtons(QMessageBox::Close);
+    // The name and the copyright keep their letters in every language.
+    const auto labels = dialog->findChildren<QLabel *>();
+    for (QLabel *label : labels) {
+        label->setAlignment(Qt::AlignVCenter | LeftToRight::lineStart());
+    }
     return dialog;
 }

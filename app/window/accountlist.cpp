@@ -87,7 +87,7 @@ AccountList::AccountList(const QString &name, const QVector<Filter> &filters, QW
     m_view->setSortingEnabled(true);
     m_view->setMinimumWidth(minCharacters * m_view->fontMetrics().averageCharWidth());
     m_view->setModel(m_proxy);
-    m_view->setItemDelegateForColumn(0, new LeftToRight::Delegate(m_view));
+    m_view->setItemDelegate(new LeftToRight::Delegate(m_view));
     m_view->sortByColumn(0, Qt::AscendingOrder);
 
     auto *filterLabel = new QLabel(i18nc("@label:listbox which accounts are shown", "&Show:"), this);

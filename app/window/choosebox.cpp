@@ -6,6 +6,7 @@
 #include "choosebox.h"
 
 #include "formrow.h"
+#include "lefttoright.h"
 #include "notelabel.h"
 
 #include <QFormLayout>
@@ -40,6 +41,9 @@ ChooseBox::ChooseBox(const Texts &texts)
     m_chosenEdit->setPlainText(texts.noneChosen);
     m_chosenEdit->setReadOnly(true);
     m_chosenEdit->setTabChangesFocus(true);
+    QTextOption option = m_chosenEdit->document()->defaultTextOption();
+    option.setAlignment(LeftToRight::lineStart());
+    m_chosenEdit->document()->setDefaultTextOption(option);
     m_chosenEdit->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 
     auto *form = new QFormLayout(this);

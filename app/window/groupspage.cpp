@@ -43,8 +43,8 @@ GroupsPage::GroupsPage(AccountStore *store, QWidget *parent)
     , m_gid(m_details->addField(i18nc("@label the number of a group", "GID:")))
     , m_members(new Table(i18nc("@title of a list", "Members"),
                           {
-                              {i18nc("@title:column of a group", "Member"), Table::Code},
-                              {i18nc("@title:column how a user is in a group", "Membership"), Table::Words},
+                              i18nc("@title:column of a group", "Member"),
+                              i18nc("@title:column how a user is in a group", "Membership"),
                           },
                           this))
     , m_membersTitle(m_members->createTitleLabel())

@@ -6,6 +6,7 @@
 #include "lefttoright.h"
 
 #include <QGuiApplication>
+#include <QRegularExpression>
 
 namespace
 {
@@ -15,7 +16,15 @@ constexpr QChar popDirectionalFormatting(0x202c);
 
 QString LeftToRight::embed(const QString &text)
 {
-    return QGuiApplication::isRightToLeft() ? leftToRightEmbedding + text + popDirectionalFormatting : text;
+    if (!QGuiApplication::isRightToLeft()) {
+        return text;
+    }
+    if (!text.isRightToLeft()) {
+        return leftToRightEmbedding + text + popDirectionalFormatting;
+    }
+    static const QRegularExpression number(QStringLiteral("([-+]?[0-9]+)"));
+    QString embedded = text;
+    return embedded.replace(number, leftToRightEmbedding + QLatin1String("\\1") + popDirectionalFormatting);
 }
 
 Qt::Alignment LeftToRight::lineStart()
@@ -23,7 +32,7 @@ Qt::Alignment LeftToRight::lineStart()
     return Qt::AlignAbsolute | (QGuiApplication::isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
 }
 
-QString LeftToRight::Delegate::displayText(const QVariant &value, const QLocale &locale) const
+QString LeftToRight::Delegate::displayText(const QVariant &value, const QLocale & /*locale*/) const
 {
-    return embed(QStyledItemDelegate::displayText(value, locale));
+    return embed(value.toString());
 }

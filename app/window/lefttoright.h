@@ -15,13 +15,16 @@
  */
 namespace LeftToRight
 {
-/** @p text with what keeps its order; the same text where all is read from the left. */
+/**
+ * @p text with what keeps its order, or that of the numbers in it when it begins with a word that is
+ * read from the right; the same text where all is read from the left.
+ */
 QString embed(const QString &text);
 
 /** Where lines begin, whatever their text; labels look at the text. */
 Qt::Alignment lineStart();
 
-/** Draws cells with such texts. */
+/** Draws cells with their texts embedded. Ids have the digits that they have in the files. */
 class Delegate : public QStyledItemDelegate
 {
     Q_OBJECT

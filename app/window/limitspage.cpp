@@ -54,19 +54,19 @@ LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
     , m_error(Messages::create(KMessageWidget::Error, this))
     , m_rules(new Table(i18nc("@title of a list", "&Rules in the order in which they are read"),
                         {
-                            {i18nc("@title:column whom a limit is for", "Domain"), Table::Code},
-                            {i18nc("@title:column soft or hard limit", "Type"), Table::Code},
-                            {i18nc("@title:column what is limited", "Item"), Table::Code},
-                            {i18nc("@title:column of a limit", "Value"), Table::Code},
-                            {i18nc("@title:column a value with its unit", "Limit"), Table::Code},
+                            i18nc("@title:column whom a limit is for", "Domain"),
+                            i18nc("@title:column soft or hard limit", "Type"),
+                            i18nc("@title:column what is limited", "Item"),
+                            i18nc("@title:column of a limit", "Value"),
+                            i18nc("@title:column a value with its unit", "Limit"),
                         },
                         this))
     , m_findings(new Table(i18nc("@title of a list", "&Lines that do not mean what they seem to"),
                            {
-                               {i18nc("@title:column", "File"), Table::Code},
-                               {i18nc("@title:column of a file", "Line"), Table::Code},
-                               {i18nc("@title:column of a line", "Text"), Table::Code},
-                               {i18nc("@title:column", "Reason"), Table::Words},
+                               i18nc("@title:column", "File"),
+                               i18nc("@title:column of a file", "Line"),
+                               i18nc("@title:column of a line", "Text"),
+                               i18nc("@title:column", "Reason"),
                            },
                            this))
     , m_noFindings(Messages::create(KMessageWidget::Positive, this))

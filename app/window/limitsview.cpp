@@ -20,11 +20,11 @@ LimitsView::LimitsView(QWidget *parent)
     , m_none(new QLabel(i18n("No limit applies."), this))
     , m_table(new Table(i18nc("@title of a list", "&Limits that apply"),
                         {
-                            {i18nc("@title:column what is limited", "Item"), Table::Code},
-                            {i18nc("@title:column of a limit", "Value"), Table::Code},
-                            {i18nc("@title:column a value with its unit", "Limit"), Table::Code},
-                            {i18nc("@title:column whom the rule is for that sets a limit", "Rule"), Table::Code},
-                            {i18nc("@title:column", "Description"), Table::Words},
+                            i18nc("@title:column what is limited", "Item"),
+                            i18nc("@title:column of a limit", "Value"),
+                            i18nc("@title:column a value with its unit", "Limit"),
+                            i18nc("@title:column whom the rule is for that sets a limit", "Rule"),
+                            i18nc("@title:column", "Description"),
                         },
                         this))
 {

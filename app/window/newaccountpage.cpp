@@ -175,7 +175,7 @@ QWidget *NewAccountPage::createUserList()
     m_usersView->setItemsExpandable(false);
     m_usersView->setUniformRowHeights(true);
     m_usersView->setAllColumnsShowFocus(true);
-    m_usersView->setItemDelegateForColumn(UserListModel::NameColumn, new LeftToRight::Delegate(m_usersView));
+    m_usersView->setItemDelegate(new LeftToRight::Delegate(m_usersView));
     m_usersView->header()->setStretchLastSection(false);
     m_usersView->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 

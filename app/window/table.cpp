@@ -19,18 +19,12 @@ namespace
 constexpr int maxCharacters = 36;
 }
 
-Table::Table(const QString &title, const QVector<Column> &columns, QWidget *parent)
+Table::Table(const QString &title, const QStringList &columns, QWidget *parent)
     : QTreeWidget(parent)
     , m_title(title)
 {
-    QStringList titles;
-    for (const Column &column : columns) {
-        if (column.content == Code) {
-            setItemDelegateForColumn(titles.size(), new LeftToRight::Delegate(this));
-        }
-        titles.append(column.title);
-    }
-    setHeaderLabels(titles);
+    setItemDelegate(new LeftToRight::Delegate(this));
+    setHeaderLabels(columns);
     setAccessibleName(KLocalizedString::removeAcceleratorMarker(title));
     setRootIsDecorated(false);
     setItemsExpandable(false);

@@ -16,14 +16,6 @@ class Table : public QTreeWidget
     Q_OBJECT
 
 public:
-    enum Content {
-        Words, /**< Text in the language of the operator. */
-        Code, /**< Names, paths, numbers. */
-    };
-    struct Column {
-        QString title;
-        Content content;
-    };
     struct Cell {
         QString text;
         /** A tool tip in plain text; empty for none. */
@@ -31,7 +23,7 @@ public:
     };
 
     /** @param title with a letter that leads here, perhaps */
-    Table(const QString &title, const QVector<Column> &columns, QWidget *parent = nullptr);
+    Table(const QString &title, const QStringList &columns, QWidget *parent = nullptr);
 
     /** A new label with the title, to stand above the table. */
     QLabel *createTitleLabel();
