@@ -172,10 +172,7 @@ void GroupsPageTest::countsMembers()
     Page page;
     const auto title = [&page](const char *name) {
         page.select(name);
-        const QList<QLabel *> labels = page.page.findChildren<QLabel *>();
-        const auto found = std::find_if(
-            labels.begin(), labels.end(), [&page](const QLabel *label) { return label->buddy() == page.members; });
-        return (*found)->text();
+        return labelOf(*page.members)->text();
     };
     QCOMPARE(title("staff"), text("3 &members"));
     QCOMPARE(title("ada"), text("1 &member"));

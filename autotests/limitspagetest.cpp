@@ -11,6 +11,7 @@
 
 #include <KMessageWidget>
 
+#include <QLabel>
 #include <QTest>
 #include <QTreeView>
 
@@ -136,7 +137,7 @@ void LimitsPageTest::listsFindings()
                  text("/etc/security/limits.conf|3|1:2 both core 1|"
                       "a numeric range in the domain applies to nobody, the type is none of soft, hard and -"),
              }));
-    QVERIFY(page.findings->isVisible());
+    QVERIFY(page.findings->isVisible() && labelOf(*page.findings)->isVisible());
     QVERIFY(!page.shows("noFindings"));
     QVERIFY(!page.shows("limitsError"));
 }
@@ -145,7 +146,7 @@ void LimitsPageTest::tellsThatNothingIsOdd()
 {
     Sandbox::write(limitsPath(), "* soft core 0\n");
     const Page page;
-    QVERIFY(!page.findings->isVisible());
+    QVERIFY(!page.findings->isVisible() && !labelOf(*page.findings)->isVisible());
     QVERIFY(page.shows("noFindings"));
     QCOMPARE(part<KMessageWidget>(page.page, "noFindings")->text(),
              text("<qt>Every line is taken as it is written.</qt>"));

@@ -82,6 +82,17 @@ QString fieldText(const QWidget &page, const char *title)
     qFatal("The page has no %s", title);
 }
 
+QLabel *labelOf(const QWidget &buddy)
+{
+    const QList<QLabel *> labels = buddy.window()->findChildren<QLabel *>();
+    const auto found =
+        std::find_if(labels.begin(), labels.end(), [&buddy](const QLabel *label) { return label->buddy() == &buddy; });
+    if (found == labels.end()) {
+        qFatal("Nothing leads to %s", qPrintable(buddy.objectName()));
+    }
+    return *found;
+}
+
 QStringList shownRows(const QAbstractItemView &view)
 {
     const QAbstractItemModel &model = *view.model();

@@ -9,10 +9,14 @@
 #include <QStringList>
 
 class QAbstractItemView;
+class QLabel;
 class QWidget;
 
 /** The text of the field whose title is @p title; ends the test when there is none. */
 QString fieldText(const QWidget &page, const char *title);
+
+/** The label that leads to @p buddy; ends the test when there is none. */
+QLabel *labelOf(const QWidget &buddy);
 
 /** The rows of a flat view, the texts of their cells joined by bars. */
 QStringList shownRows(const QAbstractItemView &view);

@@ -35,15 +35,17 @@ QString typeExplanation(const QString &type)
 QTreeWidgetItem *ruleRow(const LimitsParser::Field &rule)
 {
     const QString value = rule.value.toString();
-    const QString itemExplanation = LimitsParser::itemToolTip(rule.item);
+    const QString type = typeExplanation(rule.type);
+    const QString item = LimitsParser::itemToolTip(rule.item);
     QTreeWidgetItem *row = Table::row({
         {rule.domain, LimitsParser::domainToolTip(rule.domain)},
-        {rule.type, QTextDocumentFragment::fromHtml(typeExplanation(rule.type)).toPlainText()},
-        {rule.item, itemExplanation},
-        {value, itemExplanation},
-        {LimitsParser::valueToString(rule.value, rule.item), itemExplanation},
+        {rule.type, {}},
+        {rule.item, item},
+        {value, item},
+        {LimitsParser::valueToString(rule.value, rule.item), item},
     });
-    row->setToolTip(TypeColumn, typeExplanation(rule.type)); // with the line ends of its author
+    row->setToolTip(TypeColumn, type); // with the line ends of its author
+    row->setData(TypeColumn, Qt::AccessibleDescriptionRole, QTextDocumentFragment::fromHtml(type).toPlainText());
     return row;
 }
 }
@@ -69,6 +71,7 @@ LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
                                i18nc("@title:column", "Reason"),
                            },
                            this))
+    , m_findingsTitle(m_findings->createTitleLabel())
     , m_noFindings(Messages::create(KMessageWidget::Positive, this))
 {
     m_error->setObjectName(QStringLiteral("limitsError"));
@@ -87,7 +90,7 @@ LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
     layout->addWidget(m_rules, 2);
     layout->addLayout(explanations);
     layout->addSpacing(2 * layout->spacing());
-    layout->addWidget(m_findings->createTitleLabel());
+    layout->addWidget(m_findingsTitle);
     layout->addWidget(m_findings, 1);
     layout->addWidget(m_noFindings);
 
@@ -139,6 +142,7 @@ void LimitsPage::showFindings()
     }
     m_findings->setRows(rows);
     m_findings->setVisible(!rows.isEmpty());
+    m_findingsTitle->setVisible(!rows.isEmpty());
     const bool allIsWell = rows.isEmpty() && m_store->limitsError().isEmpty();
     Messages::show(*m_noFindings, allIsWell ? i18n("Every line is taken as it is written.") : QString());
 }

@@ -34,6 +34,7 @@ private:
     KMessageWidget *const m_error;
     Table *const m_rules;
     Table *const m_findings;
+    QLabel *const m_findingsTitle;
     KMessageWidget *const m_noFindings;
     QLabel *m_domain = nullptr;
     QLabel *m_type = nullptr;

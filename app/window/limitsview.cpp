@@ -27,6 +27,7 @@ LimitsView::LimitsView(QWidget *parent)
                             i18nc("@title:column", "Description"),
                         },
                         this))
+    , m_title(m_table->createTitleLabel())
 {
     m_none->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
     m_table->setObjectName(QStringLiteral("limitsTable"));
@@ -34,7 +35,7 @@ LimitsView::LimitsView(QWidget *parent)
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
-    layout->addWidget(m_table->createTitleLabel());
+    layout->addWidget(m_title);
     layout->addWidget(m_error);
     layout->addWidget(m_table, 1);
     layout->addWidget(m_none, 1);
@@ -61,6 +62,7 @@ void LimitsView::show(const QVector<Limit> &limits, const QString &error)
     }
     m_table->setRows(rows);
     m_table->setVisible(!rows.isEmpty());
+    m_title->setVisible(!rows.isEmpty());
     m_none->setVisible(rows.isEmpty());
     Messages::show(*m_error, error);
 }

@@ -58,6 +58,7 @@ private:
     KMessageWidget *const m_error;
     QLabel *const m_none;
     Table *const m_table;
+    QLabel *const m_title;
 };
 
 #endif
