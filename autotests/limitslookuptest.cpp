@@ -42,6 +42,19 @@ QString latin1(const char *text)
 {
     return QString::fromLatin1(text);
 }
+
+void addCaseColumns()
+{
+    QTest::addColumn<QByteArray>("rules");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("item");
+    QTest::addColumn<QString>("value");
+}
+
+void addCase(const char *title, const QByteArray &rules, const char *name, const char *item, const char *value)
+{
+    QTest::addRow("%s: %s", title, name) << rules << latin1(name) << latin1(item) << latin1(value);
+}
 }
 
 class LimitsLookupTest : public QObject
@@ -137,15 +150,7 @@ void LimitsLookupTest::findsPathAsString()
 
 void LimitsLookupTest::looksUpUser_data()
 {
-    QTest::addColumn<QByteArray>("rules");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("item");
-    QTest::addColumn<QString>("value");
-
-    const auto addCase =
-        [](const char *title, const QByteArray &rules, const char *name, const char *item, const char *value) {
-            QTest::addRow("%s: %s", title, name) << rules << latin1(name) << latin1(item) << latin1(value);
-        };
+    addCaseColumns();
     const char named[] = "user1 hard nofile 100\n* hard nofile 50\n";
     addCase("name before everybody", named, "user1", "nofile", "int 100");
     addCase("everybody", named, "user2", "nofile", "int 50");
@@ -231,15 +236,7 @@ void LimitsLookupTest::looksUpUser()
 
 void LimitsLookupTest::looksUpGroup_data()
 {
-    QTest::addColumn<QByteArray>("rules");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("item");
-    QTest::addColumn<QString>("value");
-
-    const auto addCase =
-        [](const char *title, const QByteArray &rules, const char *name, const char *item, const char *value) {
-            QTest::addRow("%s: %s", title, name) << rules << latin1(name) << latin1(item) << latin1(value);
-        };
+    addCaseColumns();
     const char named[] = "* - nofile 1\n@audio - nofile 2\naudio - nofile 3\n%audio - nofile 4\n";
     addCase("name", named, "audio", "nofile", "int 2");
     addCase("everybody", named, "staff", "nofile", "int 1");
