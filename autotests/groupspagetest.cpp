@@ -89,6 +89,7 @@ private Q_SLOTS:
     void filtersByKind();
     void filtersByName();
     void showsGroup();
+    void tellsSystemGroupsBySign();
     void tellsHowUsersAreMembers();
     void countsMembers();
     void showsLimitsOfGroup();
@@ -155,6 +156,17 @@ void GroupsPageTest::showsGroup()
     page.select("club");
     QCOMPARE(fieldText(page.page, "GID:"), text("2000"));
     QVERIFY(!part<QLabel>(page.page, "systemMark")->isVisible());
+}
+
+void GroupsPageTest::tellsSystemGroupsBySign()
+{
+    const IconTheme theme({text("group-system")});
+    Page page;
+    const auto *picture = part<QLabel>(page.page, "picture");
+    page.select("staff");
+    QVERIFY(!picture->pixmap(Qt::ReturnByValue).isNull());
+    page.select("club");
+    QVERIFY(picture->pixmap(Qt::ReturnByValue).isNull());
 }
 
 void GroupsPageTest::tellsHowUsersAreMembers()

@@ -5,8 +5,15 @@
 
 #include "pageparts.h"
 
+#include <QCursor>
 #include <QKeySequence>
 #include <QLabel>
+
+bool isWaitCursorShown()
+{
+    const QCursor *cursor = QGuiApplication::overrideCursor();
+    return cursor && cursor->shape() == Qt::WaitCursor;
+}
 
 QStringList mnemonics(const QWidget &page)
 {

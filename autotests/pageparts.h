@@ -37,6 +37,9 @@ bool withDialog(QAbstractButton &button, Work work)
     return done;
 }
 
+/** Whether the cursor tells that the application is at work. */
+bool isWaitCursorShown();
+
 /** The keys that, with Alt, lead to the parts of a page, one string for each. */
 QStringList mnemonics(const QWidget &page);
 

@@ -5,11 +5,15 @@
 
 #include "userspage.h"
 #include "accountfixtures.h"
+#include "accountlist.h"
 #include "accountstore.h"
 #include "dialogparts.h"
+#include "generatedaccounts.h"
 #include "icontheme.h"
 #include "limitsfixtures.h"
+#include "pageparts.h"
 #include "sandbox.h"
+#include "standin.h"
 #include "windowparts.h"
 
 #include <UserListModel>
@@ -24,11 +28,33 @@
 #include <QImageWriter>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeView>
 
+#include <cstdarg>
+
+#include <fcntl.h>
 #include <sys/stat.h>
+
+namespace
+{
+bool s_waitsForFace = false;
+}
+
+extern "C" Q_DECL_EXPORT int open64(const char *path, int flags, ...)
+{
+    static const auto next = original(open64, "open64");
+    if (QByteArray::fromRawData(path, int(qstrlen(path))).endsWith("/.face")) {
+        s_waitsForFace = isWaitCursorShown();
+    }
+    va_list arguments;
+    va_start(arguments, flags);
+    const auto mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+    va_end(arguments);
+    return next(path, flags, mode);
+}
 
 namespace
 {
@@ -140,10 +166,14 @@ class UsersPageTest : public QObject
 {
     Q_OBJECT
 
+public:
+    static void initMain();
+
 private Q_SLOTS:
     void init();
     void isEmptyBeforeAccountsAreRead();
     void listsUsersByName();
+    void sortsAsTheLanguageDoes();
     void sortsByUidAsNumber();
     void filtersByKind();
     void filtersByName();
@@ -164,16 +194,23 @@ private Q_SLOTS:
     void keepsStockPictureOfUser();
     void passesOverFacesThatAreNoPictures();
     void showsSignWithoutPicture();
+    void tellsSystemAccountsBySign();
     void showsTextWithoutPictureAndIcon();
     void followsKeyboard();
     void doesNotExpandRows();
     void keepsCurrentUserOnReload();
+    void showsUserOfLastTimeInView();
     void choosesAnotherUserWhenCurrentOneIsGone();
     void showsNothingOfNewAccount();
     void reportsFilesThatCannotBeRead();
     void worksWithoutAccountsAndGroups();
     void nameFilterKeepsCurrentUser();
 };
+
+void UsersPageTest::initMain()
+{
+    qputenv("LC_ALL", "en_US.UTF-8");
+}
 
 void UsersPageTest::init()
 {
@@ -204,6 +241,13 @@ void UsersPageTest::listsUsersByName()
                  QStringLiteral("root|0|Yes"),
              }));
     QCOMPARE(page.title(), QStringLiteral("ada"));
+}
+
+void UsersPageTest::sortsAsTheLanguageDoes()
+{
+    Sandbox::setAccounts("bob:x:1001:50::/:/bin/sh\nAda:x:1000:50::/:/bin/sh\naaa:x:1002:50::/:/bin/sh\n", groupsFile);
+    Page page;
+    QCOMPARE(page.names().join(QLatin1Char(' ')), QStringLiteral("aaa Ada bob"));
 }
 
 void UsersPageTest::sortsByUidAsNumber()
@@ -434,7 +478,9 @@ void UsersPageTest::showsOwnPicture()
 
     writePicture(home.filePath(QStringLiteral(".face")), Qt::red);
     page.reload();
+    s_waitsForFace = false;
     QCOMPARE(page.pictureColour(), QColor(Qt::red));
+    QVERIFY(s_waitsForFace);
 }
 
 void UsersPageTest::showsDetailsBeforePicture()
@@ -527,6 +573,17 @@ void UsersPageTest::showsSignWithoutPicture()
     QCOMPARE(part<QLabel>(page.page, "picture")->accessibleName(), QStringLiteral("No picture"));
 }
 
+void UsersPageTest::tellsSystemAccountsBySign()
+{
+    const IconTheme theme({QStringLiteral("user-system")});
+    Page page;
+    page.select("nobody");
+    QVERIFY(!page.picture().isNull());
+    page.select("ada");
+    QTRY_COMPARE(part<QLabel>(page.page, "picture")->text(), QStringLiteral("No picture"));
+    QVERIFY(page.shownPicture().isNull());
+}
+
 void UsersPageTest::showsTextWithoutPictureAndIcon()
 {
     const IconTheme theme({});
@@ -563,6 +620,24 @@ void UsersPageTest::keepsCurrentUserOnReload()
     QCOMPARE(page.names().join(QLatin1Char(' ')), QStringLiteral("aaa bob"));
     QCOMPARE(page.title(), QStringLiteral("bob"));
     QCOMPARE(fieldText(page.page, "Full name:"), QStringLiteral("Robert"));
+}
+
+void UsersPageTest::showsUserOfLastTimeInView()
+{
+    GeneratedAccounts::write(200);
+    const QTemporaryDir directory;
+    QSettings settings(directory.filePath(QStringLiteral("window.ini")), QSettings::IniFormat);
+    settings.setValue(QStringLiteral("userList/current"), QStringLiteral("user99"));
+    AccountStore store;
+    UsersPage page(&store);
+    page.findChild<AccountList *>()->restoreState(settings);
+    store.readUsers();
+    page.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&page));
+    QCOMPARE(part<QLabel>(page, "title")->text(), QStringLiteral("user99"));
+    const auto *view = part<QTreeView>(page, "accountsView");
+    const QRect current = view->visualRect(view->currentIndex());
+    QVERIFY(current.isValid() && view->viewport()->rect().contains(current));
 }
 
 void UsersPageTest::choosesAnotherUserWhenCurrentOneIsGone()

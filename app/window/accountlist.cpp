@@ -171,7 +171,6 @@ void AccountList::updateCurrent(const QModelIndex &current)
 {
     if (current.isValid()) {
         m_currentName = current.siblingAtColumn(0).data().toString();
-        m_view->scrollTo(current);
     }
     Q_EMIT currentChanged(m_proxy->mapToSource(current));
 }
