@@ -7,6 +7,7 @@
 #include "dialogparts.h"
 #include "pageparts.h"
 #include "sandbox.h"
+#include "standin.h"
 
 #include <GroupSelectDialog>
 #include <UserSelectDialog>
@@ -19,6 +20,54 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>
+
+#include <cstdio>
+
+#include <grp.h>
+#include <pwd.h>
+
+namespace
+{
+/** What was asked of the C library, and what of that without the wait cursor. */
+struct Questions {
+    QStringList all;
+    QStringList unexpected;
+};
+
+Questions *s_questions = nullptr;
+
+void note(const char *question)
+{
+    if (!s_questions) {
+        return;
+    }
+    s_questions->all.append(QString::fromLatin1(question));
+    if (!isWaitCursorShown()) {
+        s_questions->unexpected.append(s_questions->all.constLast());
+    }
+}
+}
+
+extern "C" Q_DECL_EXPORT FILE *fopen(const char *path, const char *mode)
+{
+    static const auto next = original(fopen, "fopen");
+    note(path);
+    return next(path, mode);
+}
+
+extern "C" Q_DECL_EXPORT passwd *getpwnam(const char *name)
+{
+    static const auto next = original(getpwnam, "getpwnam");
+    note(name);
+    return next(name);
+}
+
+extern "C" Q_DECL_EXPORT group *getgrnam(const char *name)
+{
+    static const auto next = original(getgrnam, "getgrnam");
+    note(name);
+    return next(name);
+}
 
 namespace
 {
@@ -93,6 +142,7 @@ private Q_SLOTS:
     void keepsChoiceOnCancel();
     void tellsEmptyChoice();
     void tellsUnknownNames();
+    void showsWaitCursorWhileReading();
 
     void leadsToEverythingByKeyboard();
     void namesEverythingForScreenReaders();
@@ -258,6 +308,33 @@ void ChoosePageTest::tellsUnknownNames()
     QVERIFY(!withDialog<QDialog>(*page.user.severalButton, nothing));
     QVERIFY(page.user.note->isVisible());
     QCOMPARE(page.user.note->text(), QStringLiteral("There is no user 'nobody-else'."));
+}
+
+void ChoosePageTest::showsWaitCursorWhileReading()
+{
+    Page page;
+    QVERIFY(page.open());
+    page.group.name->setText(QStringLiteral("staff"));
+    page.user.name->setText(QStringLiteral("alice"));
+    const struct {
+        QPushButton *button;
+        const char *firstQuestion;
+    } buttons[] = {
+        {page.group.severalButton, "staff"},
+        {page.user.severalButton, "alice"},
+        {page.group.nameButton, "/etc/group"},
+        {page.user.nameButton, "/etc/passwd"},
+    };
+    for (const auto &[button, firstQuestion] : buttons) {
+        Questions questions;
+        s_questions = &questions;
+        const bool opened = withDialog<QDialog>(*button, [](QDialog &dialog) { dialog.reject(); });
+        s_questions = nullptr;
+        QVERIFY(opened);
+        QCOMPARE(questions.all.value(0), QString::fromLatin1(firstQuestion));
+        QCOMPARE(questions.unexpected, QStringList());
+        QVERIFY(!QApplication::overrideCursor());
+    }
 }
 
 void ChoosePageTest::leadsToEverythingByKeyboard()

@@ -113,6 +113,7 @@ void LimitsPageTest::takesUnknownWordsForPlainText()
 void LimitsPageTest::explainsCurrentRule()
 {
     Page page;
+    QVERIFY(page.rules->selectionModel()->isRowSelected(0, QModelIndex()));
     QCOMPARE(fieldText(page.page, "Domain:"), text("<qt>All users</qt>"));
     page.rules->setFocus();
     QTest::keyClick(page.rules, Qt::Key_Down);
@@ -137,6 +138,12 @@ void LimitsPageTest::listsFindings()
                  text("/etc/security/limits.conf|3|1:2 both core 1|"
                       "a numeric range in the domain applies to nobody, the type is none of soft, hard and -"),
              }));
+    QCOMPARE(toolTips(*page.findings, 1),
+             QStringList({text("<qt>/etc/security/limits.conf</qt>"),
+                          QString(),
+                          text("<qt>1:2 both core 1</qt>"),
+                          text("<qt>a numeric range in the domain applies to nobody, "
+                               "the type is none of soft, hard and -</qt>")}));
     QVERIFY(page.findings->isVisible() && labelOf(*page.findings)->isVisible());
     QVERIFY(!page.shows("noFindings"));
     QVERIFY(!page.shows("limitsError"));

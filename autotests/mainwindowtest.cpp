@@ -11,6 +11,7 @@
 #include "dialogparts.h"
 #include "generatedaccounts.h"
 #include "icons.h"
+#include "icontheme.h"
 #include "limitsfixtures.h"
 #include "modellog.h"
 #include "pageparts.h"
@@ -379,6 +380,8 @@ void MainWindowTest::hasNoNameFilterOnOtherPages()
 
 void MainWindowTest::tellsAboutItself()
 {
+    const IconTheme theme({text("ormel-users")}, 64);
+    About::setApplicationData();
     MainWindow window;
     QVERIFY(open(window));
     window.menuBar()->actions().at(2)->menu()->actions().constFirst()->trigger();
@@ -386,6 +389,7 @@ void MainWindowTest::tellsAboutItself()
     QVERIFY(dialog);
     QVERIFY(dialog->text().startsWith(text("Ormel Users ")));
     QVERIFY(dialog->informativeText().contains(text("GNU Lesser General Public License")));
+    QCOMPARE(dialog->iconPixmap().toImage().pixelColor(32, 32), QColor(Qt::blue));
     QTest::keyClick(dialog, Qt::Key_Escape);
     QTRY_VERIFY(!dialog);
 }

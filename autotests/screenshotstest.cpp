@@ -79,6 +79,7 @@ private Q_SLOTS:
     void drawsOnOtherPlatforms_data();
     void drawsOnOtherPlatforms();
     void showsWhatIsThere();
+    void waitsForPictureOfUser();
     void leavesWindowStateAlone();
     void reportsDirectoryThatCannotBeMade();
     void reportsFileThatCannotBeWritten();
@@ -185,6 +186,27 @@ void ScreenshotsTest::showsWhatIsThere()
     QCOMPARE(withoutStatusBar(before.filePath(choose)), withoutStatusBar(after.filePath(choose)));
     const QString dialog = text("dialog-select-users.png");
     QCOMPARE(QImage(before.filePath(dialog)), QImage(after.filePath(dialog)));
+}
+
+void ScreenshotsTest::waitsForPictureOfUser()
+{
+    const QColor colour(0x12, 0xab, 0x34);
+    QImage face(96, 96, QImage::Format_RGB32);
+    face.fill(colour);
+    const QString faces = text("/usr/share/kiv/faces");
+    Sandbox::clear(faces);
+    QVERIFY(face.save(faces + text("/face.png")));
+    const QTemporaryDir directory;
+    QCOMPARE(takeScreenshots(directory.path()).status, 0);
+    Sandbox::clear(faces);
+    const QImage page(directory.filePath(text("page-users.png")));
+    int pixels = 0;
+    for (int y = 0; y < page.height(); ++y) {
+        for (int x = 0; x < page.width(); ++x) {
+            pixels += page.pixelColor(x, y) == colour;
+        }
+    }
+    QCOMPARE(pixels, 96 * 96);
 }
 
 void ScreenshotsTest::leavesWindowStateAlone()
