@@ -7,6 +7,8 @@
 
 #include <LimitsParser>
 
+#include <KLocalizedString>
+
 #include <QTest>
 
 #include <limits>
@@ -47,6 +49,7 @@ private Q_SLOTS:
     void showsValue();
     void explainsType_data();
     void explainsType();
+    void explainsTypesInLanguageOfFirstTime();
 };
 
 void LimitsCatalogueTest::describesItem_data()
@@ -261,6 +264,16 @@ void LimitsCatalogueTest::explainsType()
 
     QCOMPARE(LimitsParser::typeToolTip(type), text);
     QCOMPARE(LimitsParser::typeToolTip(type), text);
+}
+
+void LimitsCatalogueTest::explainsTypesInLanguageOfFirstTime()
+{
+    const QString soft = QStringLiteral("soft");
+    const QString explanation = LimitsParser::typeToolTip(soft);
+    KLocalizedString::addDomainLocaleDir("ormel_kcm_users", QStringLiteral(LOCALE_DIR));
+    KLocalizedString::setLanguages({QStringLiteral("pl")});
+    QCOMPARE(LimitsParser::domainToolTip(QStringLiteral("*")), QStringLiteral("Wszyscy użytkownicy"));
+    QCOMPARE(LimitsParser::typeToolTip(soft), explanation);
 }
 
 QTEST_GUILESS_MAIN(LimitsCatalogueTest)

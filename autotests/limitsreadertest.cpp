@@ -109,6 +109,9 @@ class LimitsReaderTest : public QObject
 {
     Q_OBJECT
 
+public:
+    static void initMain();
+
 private Q_SLOTS:
     void init();
 
@@ -146,6 +149,12 @@ private Q_SLOTS:
     void readsBinaryJunk();
     void logsNothing();
 };
+
+void LimitsReaderTest::initMain()
+{
+    // A language that would put capitals beside the small letters.
+    qputenv("LC_ALL", "en_US.UTF-8");
+}
 
 void LimitsReaderTest::init()
 {
