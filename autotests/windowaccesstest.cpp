@@ -4,6 +4,7 @@
 */
 
 #include "about.h"
+#include "contrast.h"
 #include "dialogparts.h"
 #include "icons.h"
 #include "icontheme.h"
@@ -14,17 +15,67 @@
 #include "windowparts.h"
 
 #include <QAction>
+#include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTest>
 #include <QTreeView>
+
+#include <algorithm>
 
 namespace
 {
 QString text(const char *latin1)
 {
     return QString::fromLatin1(latin1);
+}
+
+QPalette whiteOnBlack()
+{
+    QPalette palette(
+        Qt::white, Qt::black, Qt::white, Qt::darkGray, Qt::gray, Qt::white, Qt::white, Qt::black, Qt::black);
+    palette.setColor(QPalette::AlternateBase, Qt::black);
+    palette.setColor(QPalette::Highlight, Qt::yellow);
+    palette.setColor(QPalette::HighlightedText, Qt::black);
+    palette.setColor(QPalette::PlaceholderText, Qt::white);
+    return palette;
+}
+
+/** Where a widget is in a picture of its window. */
+QRect areaOf(const QWidget &widget)
+{
+    const qreal ratio = widget.devicePixelRatioF();
+    const QRect area = widget.visibleRegion().boundingRect().translated(widget.mapTo(widget.window(), QPoint()));
+    return {area.topLeft() * ratio, area.size() * ratio};
+}
+
+/** The parts of a window that show texts and nothing else. */
+QVector<const QWidget *> visibleTextParts(const QWidget &window)
+{
+    QVector<const QWidget *> parts;
+    const auto labels = window.findChildren<QLabel *>();
+    for (QLabel *label : labels) {
+        if (!label->text().isEmpty()) {
+            parts.append(label);
+        }
+    }
+    const auto views = window.findChildren<QTreeView *>();
+    for (QTreeView *view : views) {
+        view->clearSelection(); // which has colours of its own
+        parts << view->viewport() << view->header()->viewport();
+    }
+    const auto edits = window.findChildren<QPlainTextEdit *>();
+    for (const QPlainTextEdit *edit : edits) {
+        parts.append(edit->viewport());
+    }
+    parts.erase(
+        std::remove_if(parts.begin(), parts.end(), [](const QWidget *part) { return part->visibleRegion().isEmpty(); }),
+        parts.end());
+    return parts;
 }
 }
 
@@ -49,6 +100,7 @@ private Q_SLOTS:
     void clipsNothing_data();
     void clipsNothing();
     void mirrors();
+    void isReadableInHighContrast();
 };
 
 void WindowAccessTest::initMain()
@@ -69,6 +121,7 @@ void WindowAccessTest::init()
 void WindowAccessTest::cleanup()
 {
     QApplication::setLayoutDirection(Qt::LeftToRight);
+    QApplication::setPalette(QApplication::style()->standardPalette());
 }
 
 void WindowAccessTest::hasUniqueMnemonics()
@@ -231,6 +284,27 @@ void WindowAccessTest::mirrors()
     const int list = accountsView(window)->mapTo(page, origin).x();
     const int title = part<QLabel>(*page, "title")->mapTo(page, origin).x();
     QVERIFY(title < list);
+}
+
+void WindowAccessTest::isReadableInHighContrast()
+{
+    QApplication::setPalette(whiteOnBlack());
+    const QString secret = text("/etc/security/limits.d/secret.conf");
+    Sandbox::write(secret, QByteArray());
+    QFile::setPermissions(secret, {}); // so that there are messages
+    MainWindow window;
+    QVERIFY(open(window));
+    for (int page = 0; page < window.pages()->count(); ++page) {
+        window.pages()->setCurrentIndex(page);
+        QCoreApplication::processEvents();
+        const QVector<const QWidget *> parts = visibleTextParts(window);
+        QVERIFY(parts.size() >= 6);
+        const QImage picture = window.grab().toImage();
+        for (const QWidget *part : parts) {
+            const QString name = part->parentWidget()->objectName() + part->property("text").toString();
+            QVERIFY2(contrast(picture.copy(areaOf(*part))) >= 7, qPrintable(name));
+        }
+    }
 }
 
 QTEST_MAIN(WindowAccessTest)
