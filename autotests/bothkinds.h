@@ -37,7 +37,7 @@ void withKind(const Test &test)
 }
 
 /** Replaces the users and the groups by some of the same names and ids. */
-inline void setUsersAndGroups(const QVector<QPair<QByteArray, int>> &accounts)
+inline void setUsersAndGroups(const QVector<QPair<QByteArray, uint>> &accounts)
 {
     QByteArray users;
     QByteArray groups;

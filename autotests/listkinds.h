@@ -6,6 +6,8 @@
 #ifndef LISTKINDS_H
 #define LISTKINDS_H
 
+#include "accountfixtures.h"
+
 #include <GroupListModel>
 #include <UserListModel>
 
@@ -16,6 +18,29 @@
 struct Users {
     using Model = UserListModel;
     using Record = UserInfo;
+    static constexpr auto idColumn = Model::UidColumn;
+    static constexpr char className[] = "UserListModel";
+    static constexpr char enumerations[] = "Filter All=0 Ordinary=1 System=2 Administrators=3 Selected=4 Unselected=5 "
+                                           "Column NameColumn=0 UidColumn=1 SystemColumn=2";
+    static constexpr char idHeader[] = "UID";
+    static constexpr char icon[] = "user";
+    static constexpr char systemIcon[] = "user-system";
+
+    static QString path()
+    {
+        return passwdPath();
+    }
+
+    static QString unableToOpen()
+    {
+        return userUnableToOpen(path());
+    }
+
+    /** What a model is given that locks the user @p name. */
+    static GroupInfo lockedBy(const QString &name)
+    {
+        return Record::getUser(name).primaryGroup();
+    }
 
     static QList<Record> records()
     {
@@ -78,6 +103,29 @@ struct Users {
 struct Groups {
     using Model = GroupListModel;
     using Record = GroupInfo;
+    static constexpr auto idColumn = Model::GidColumn;
+    static constexpr char className[] = "GroupListModel";
+    static constexpr char enumerations[] = "Filter All=0 Ordinary=1 System=2 Selected=3 Unselected=4 "
+                                           "Column NameColumn=0 GidColumn=1 SystemColumn=2";
+    static constexpr char idHeader[] = "GID";
+    static constexpr char icon[] = "group";
+    static constexpr char systemIcon[] = "group-system";
+
+    static QString path()
+    {
+        return groupPath();
+    }
+
+    static QString unableToOpen()
+    {
+        return groupUnableToOpen(path());
+    }
+
+    /** What a model is given that locks the group @p name. */
+    static QString lockedBy(const QString &name)
+    {
+        return name;
+    }
 
     static QList<Record> records()
     {
