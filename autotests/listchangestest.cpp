@@ -276,7 +276,9 @@ void ListChangesTest::reloadsAll()
 
         model.setFilter(model.Selected);
         setUsersAndGroups({{"ormel-admin", 27}, {"adam", 1029}});
+        log.take();
         model.reload();
+        QCOMPARE(log.take(), lines({"reset"}));
         QCOMPARE(rowTexts(model), lines({"[x] adam | 1029 | No"}));
         QCOMPARE(model.filter(), model.Selected);
     });
