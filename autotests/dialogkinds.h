@@ -22,16 +22,9 @@
 
 struct PickedUsers : Users {
     using Dialog = UserSelectDialog;
-    using Edited = GroupInfo;
     static constexpr char title[] = "Select Users";
     static constexpr char comboBox[] = "userFilterComboBox";
     static constexpr char view[] = "usersTreeView";
-
-    /** What the rows of its primary members are locked for. */
-    static Edited edited(const QString &name)
-    {
-        return GroupInfo::getGroup(name);
-    }
 
     static QString pickedName(const Dialog &dialog)
     {
@@ -56,16 +49,9 @@ struct PickedUsers : Users {
 
 struct PickedGroups : Groups {
     using Dialog = GroupSelectDialog;
-    using Edited = QString;
     static constexpr char title[] = "Select Groups";
     static constexpr char comboBox[] = "groupFilterComboBox";
     static constexpr char view[] = "groupsTreeView";
-
-    /** What the row of its own group is locked for. */
-    static Edited edited(const QString &name)
-    {
-        return name;
-    }
 
     static QString pickedName(const Dialog &dialog)
     {

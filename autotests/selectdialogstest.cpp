@@ -42,7 +42,7 @@ template<typename Test>
 void withDialogForBob(const char *names, const Test &test)
 {
     withKind<PickedUsers, PickedGroups>([names, &test](auto kind) {
-        DialogOf<decltype(kind)> dialog(kind.edited(bob()), words(names));
+        DialogOf<decltype(kind)> dialog(kind.lockedBy(bob()), words(names));
         test(kind, dialog);
     });
 }
@@ -619,9 +619,9 @@ void SelectDialogsTest::namesEverythingForScreenReaders()
 void SelectDialogsTest::worksWithoutAccounts()
 {
     withKind<PickedUsers, PickedGroups>([](auto kind) {
-        const auto edited = kind.edited(bob());
+        const auto lockedBy = kind.lockedBy(bob());
         Sandbox::setAccounts("", "");
-        DialogOf<decltype(kind)> dialog(edited, words("adam"));
+        DialogOf<decltype(kind)> dialog(lockedBy, words("adam"));
         QVERIFY(open(dialog));
         QCOMPARE(dialog.pickedNames(), QStringList());
         dialog.comboBox->setCurrentText(text("System"));
