@@ -369,7 +369,8 @@ void UserIconsTest::looksAtNamesOfFilesOnly()
 {
     makeFaces({"default-user-red.d/one.png", "default-user-red.d/two.png"});
     QStringList expected;
-    for (const QString &name : listed("default-user-red.d")) {
+    const QStringList names = listed("default-user-red.d");
+    for (const QString &name : names) {
         expected.append(inFaces("default-user-red.d/") + name);
     }
     QCOMPARE(picks(2), expected);
