@@ -9,6 +9,12 @@
 #include "bothkinds.h"
 #include "modellog.h"
 
+/** The name that several users or groups share. */
+inline QString twin()
+{
+    return QStringLiteral("twin");
+}
+
 /** The users or groups Zed, adam and bob are ordinary, nobody and ormel-admin are not. */
 inline void setListedAccounts()
 {

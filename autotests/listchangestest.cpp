@@ -10,16 +10,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-QString twin()
-{
-    return QStringLiteral("twin");
-}
-
 void setTwoAccounts()
 {
     setUsersAndGroups({{"ormel-admin", 27}, {"zoe", 1000}});

@@ -9,19 +9,6 @@
 
 #include <QStandardItemModel>
 
-namespace
-{
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-QString twin()
-{
-    return QStringLiteral("twin");
-}
-}
-
 /** What UserListModel and GroupListModel do alike, but for changes of their rows. */
 class ListModelsTest : public QObject
 {

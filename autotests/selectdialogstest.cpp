@@ -16,11 +16,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 /** The user whose own group it is, and the group that is the user's own. */
 QString bob()
 {
