@@ -42,7 +42,7 @@ void note(const char *question)
         return;
     }
     s_questions->all.append(QString::fromLatin1(question));
-    if (!isWaitCursorShown()) {
+    if (!isCursorShown(Qt::WaitCursor)) {
         s_questions->unexpected.append(s_questions->all.constLast());
     }
 }

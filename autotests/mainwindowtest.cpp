@@ -184,8 +184,7 @@ void MainWindowTest::showsBusyCursorWhileReading()
     const auto busy = std::make_shared<int>(0);
     auto *store = window.findChild<AccountStore *>();
     connect(store, &AccountStore::usersRead, &window, [busy, &window] {
-        const QCursor *cursor = QApplication::overrideCursor();
-        *busy += cursor && cursor->shape() == Qt::BusyCursor && !window.pages()->isEnabled();
+        *busy += isCursorShown(Qt::BusyCursor) && !window.pages()->isEnabled();
     });
     window.show();
     QVERIFY(waitUntilRead(window));

@@ -118,7 +118,7 @@ QString hasToMatch(const char *word, const char *expression)
 extern "C" Q_DECL_EXPORT char *gost_crypt(const char *key, const char *setting)
 {
     static const auto next = original(gost_crypt, "gost_crypt");
-    s_waitsForGost = isWaitCursorShown();
+    s_waitsForGost = isCursorShown(Qt::WaitCursor);
     return s_gostIsMissing ? nullptr : next(key, setting);
 }
 

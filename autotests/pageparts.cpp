@@ -9,10 +9,10 @@
 #include <QKeySequence>
 #include <QLabel>
 
-bool isWaitCursorShown()
+bool isCursorShown(Qt::CursorShape shape)
 {
     const QCursor *cursor = QGuiApplication::overrideCursor();
-    return cursor && cursor->shape() == Qt::WaitCursor;
+    return cursor && cursor->shape() == shape;
 }
 
 QStringList mnemonics(const QWidget &page)

@@ -37,8 +37,8 @@ bool withDialog(QAbstractButton &button, Work work)
     return done;
 }
 
-/** Whether the cursor tells that the application is at work. */
-bool isWaitCursorShown();
+/** Whether the application shows this cursor everywhere, to tell that it is at work. */
+bool isCursorShown(Qt::CursorShape shape);
 
 /** The keys that, with Alt, lead to the parts of a page, one string for each. */
 QStringList mnemonics(const QWidget &page);

@@ -47,7 +47,7 @@ extern "C" Q_DECL_EXPORT int open64(const char *path, int flags, ...)
 {
     static const auto next = original(open64, "open64");
     if (QByteArray::fromRawData(path, int(qstrlen(path))).endsWith("/.face")) {
-        s_waitsForFace = isWaitCursorShown();
+        s_waitsForFace = isCursorShown(Qt::WaitCursor);
     }
     va_list arguments;
     va_start(arguments, flags);
