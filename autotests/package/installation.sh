@@ -1,0 +1,30 @@
+#!/bin/bash
+# SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+# SPDX-License-Identifier: LGPL-2.1-or-later
+#
+# installation.sh cmake|pkgconfig SOURCE-DIR BUILD-DIR [COMPILER-FLAGS]: installs to a prefix of its
+# own, and there builds and runs the example of the README as the README says.
+set -euo pipefail
+
+way=$1 source=$2 build=$3 flags=${4-}
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+prefix=$work/prefix
+
+cmake --install "$build" --prefix "$prefix" >"$work/install.log"
+libdir=$(dirname "$(find "$prefix" -name libormel-users-qt.so.1)")
+for class in "$source"/include/*.h; do
+    test -e "$prefix/include/ormel-users-qt/$(basename "$class")"
+done
+[ "$(readelf -d "$libdir/libormel-users-qt.so" | sed -n 's/.*SONAME.*\[\(.*\)\]/\1/p')" = libormel-users-qt.so.1 ]
+[ "$(readlink -f "$libdir/libormel-users-qt.so.1")" = "$libdir/libormel-users-qt.so.1.0.0" ]
+
+"$source/autotests/package/readmeexample.sh" "$way" "$source/README.md" "$prefix" "$flags"
+
+export LD_LIBRARY_PATH=$libdir
+# The translations are found next to the program: its own texts and the library's.
+printf '@staff - core 1\n' >/etc/security/limits.conf
+rm -f /etc/security/limits.d/*
+LANGUAGE=de XDG_DATA_DIRS=$prefix/share "$prefix/bin/ormel-users" limits >german
+grep -qx 'Regel  *Bedeutung' german
+grep -q 'Gruppenname: „staff“' german

@@ -1,0 +1,92 @@
+# SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+# SPDX-License-Identifier: CC0-1.0
+
+# How a test is built and run. The tests of a folder are named after it: ormel_test_room(accounts) makes
+# ormel_add_test(userinfotest) the program and the test accounts-userinfotest.
+
+set(SANDBOX "${PROJECT_SOURCE_DIR}/scripts/sandbox")
+set(RESULTS_DIR "${PROJECT_BINARY_DIR}/autotests/results")
+set(TESTSUPPORT_DIR "${PROJECT_SOURCE_DIR}/testsupport")
+file(MAKE_DIRECTORY "${RESULTS_DIR}")
+
+# ormel_test_room(<room>): tests that are added in this folder belong to <room>.
+macro(ormel_test_room room)
+    set(ORMEL_TEST_ROOM ${room})
+endmacro()
+
+# ormel_run_in_sandbox(<program> <name> [command...]): runs <program> below a command, perhaps. Besides the
+# readable report it leaves ROOM-<name>.tap, from which scripts/test counts.
+function(ormel_run_in_sandbox program name)
+    set(test ${ORMEL_TEST_ROOM}-${name})
+    add_test(NAME ${test}
+        COMMAND "${SANDBOX}" ${ARGN} $<TARGET_FILE:${program}> -o -,txt -o "${RESULTS_DIR}/${test}.tap,tap"
+        WORKING_DIRECTORY "${PROJECT_BINARY_DIR}"
+    )
+endfunction()
+
+# ormel_ignore_leaks(<name>): for tests on an X server. The platform plugin leaks and is unloaded
+# before the report, so that nothing can name it; offscreen, leaks are errors.
+function(ormel_ignore_leaks name)
+    ormel_test_environment(${name} "ASAN_OPTIONS=detect_leaks=0")
+endfunction()
+
+# ormel_test_environment(<name> <variable=value>...)
+function(ormel_test_environment name)
+    set_property(TEST ${ORMEL_TEST_ROOM}-${name} APPEND PROPERTY ENVIRONMENT ${ARGN})
+endfunction()
+
+# ormel_add_test(<name> [DISPLAY | DISPLAY_ONLY] [SOURCES source...] [LIBRARIES library...]
+# [DEFINITIONS definition...]): the test <name>.cpp, run on the offscreen platform or, with DISPLAY,
+# on an X server too. Sources of the library or the application may be named, for what they keep to
+# themselves.
+function(ormel_add_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "DISPLAY;DISPLAY_ONLY" "" "SOURCES;LIBRARIES;DEFINITIONS")
+    set(program ${ORMEL_TEST_ROOM}-${name})
+    add_executable(${program} ${name}.cpp ${ARG_SOURCES})
+    ecm_mark_as_test(${program})
+    target_compile_definitions(${program} PRIVATE ${ARG_DEFINITIONS})
+    target_link_libraries(${program} PRIVATE testsupport ${ARG_LIBRARIES})
+    foreach(source IN LISTS ARG_SOURCES)
+        cmake_path(GET source PARENT_PATH folder)
+        cmake_path(ABSOLUTE_PATH folder NORMALIZE)
+        target_include_directories(${program} PRIVATE "${folder}")
+    endforeach()
+    if(NOT ARG_DISPLAY_ONLY)
+        ormel_run_in_sandbox(${program} ${name})
+    endif()
+    if(ARG_DISPLAY OR ARG_DISPLAY_ONLY)
+        ormel_run_in_sandbox(${program} ${name}-display "${PROJECT_SOURCE_DIR}/scripts/with-display")
+        ormel_ignore_leaks(${name}-display)
+    endif()
+endfunction()
+
+# ormel_add_thread_test(<name> [source...]): the test <name>.cpp, built with the thread sanitizer, which goes
+# with no other, together with the sources it is about. Qt is not built with it, so what Qt does is left
+# out of the reports.
+function(ormel_add_thread_test name)
+    set(program ${ORMEL_TEST_ROOM}-${name})
+    add_executable(${program} ${name}.cpp "${TESTSUPPORT_DIR}/sandbox.cpp" ${ARGN})
+    ecm_mark_as_test(${program})
+    target_compile_definitions(${program} PRIVATE
+        ORMELUSERSQT_STATIC_DEFINE
+        TRANSLATION_DOMAIN="ormel_kcm_users"
+    )
+    target_include_directories(${program} PRIVATE
+        $<TARGET_PROPERTY:ormel-users-qt,INCLUDE_DIRECTORIES>
+        $<TARGET_PROPERTY:testsupport,INTERFACE_INCLUDE_DIRECTORIES>
+    )
+    target_compile_options(${program} PRIVATE -fsanitize=thread)
+    target_link_options(${program} PRIVATE -fsanitize=thread)
+    target_link_libraries(${program} PRIVATE Qt5::Test KF5::I18n)
+    ormel_run_in_sandbox(${program} ${name})
+    ormel_test_environment(${name} "TSAN_OPTIONS=ignore_noninstrumented_modules=1:halt_on_error=1")
+endfunction()
+
+# ormel_add_script_test(<name> <script> [argument...]): a script that fails or not, run in the sandbox.
+function(ormel_add_script_test name script)
+    cmake_path(ABSOLUTE_PATH script)
+    add_test(NAME ${ORMEL_TEST_ROOM}-${name}
+        COMMAND "${SANDBOX}" "${script}" ${ARGN}
+        WORKING_DIRECTORY "${PROJECT_BINARY_DIR}"
+    )
+endfunction()
