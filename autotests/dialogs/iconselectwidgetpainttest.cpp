@@ -101,15 +101,15 @@ class IconSelectWidgetPaintTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void shouldPaint_data();
-    void shouldPaint();
-    void shouldPaintWithColoursOfPalette();
-    void shouldVeilOutsideOfCircle();
-    void shouldPaintNothingWithoutImage();
-    void shouldAskForBestRendering();
+    void paints_data();
+    void paints();
+    void paintsWithColoursOfPalette();
+    void veilsOutsideOfCircle();
+    void paintsNothingWithoutImage();
+    void asksForBestRendering();
 };
 
-void IconSelectWidgetPaintTest::shouldPaint_data()
+void IconSelectWidgetPaintTest::paints_data()
 {
     QTest::addColumn<QSize>("widgetSize");
     QTest::addColumn<QSize>("imageSize");
@@ -133,7 +133,7 @@ void IconSelectWidgetPaintTest::shouldPaint_data()
     QTest::newRow("long") << QSize(300, 300) << QSize(10000, 40) << rgb << untouched;
 }
 
-void IconSelectWidgetPaintTest::shouldPaint()
+void IconSelectWidgetPaintTest::paints()
 {
     QFETCH(QSize, widgetSize);
     QFETCH(QSize, imageSize);
@@ -149,7 +149,7 @@ void IconSelectWidgetPaintTest::shouldPaint()
     QCOMPARE(stage.widget.grab().toImage(), painted(stage.widget, background));
 }
 
-void IconSelectWidgetPaintTest::shouldPaintWithColoursOfPalette()
+void IconSelectWidgetPaintTest::paintsWithColoursOfPalette()
 {
     QPalette palette;
     palette.setColor(QPalette::Window, Qt::darkCyan);
@@ -173,7 +173,7 @@ void IconSelectWidgetPaintTest::shouldPaintWithColoursOfPalette()
     QCOMPARE(disabled.pixelColor(50, 50), QColor(Qt::yellow));
 }
 
-void IconSelectWidgetPaintTest::shouldVeilOutsideOfCircle()
+void IconSelectWidgetPaintTest::veilsOutsideOfCircle()
 {
     const QColor plain(20, 80, 160);
     QImage image(300, 200, QImage::Format_RGB32);
@@ -203,7 +203,7 @@ void IconSelectWidgetPaintTest::shouldVeilOutsideOfCircle()
     QCOMPARE(picture.pixelColor(150, 260), background);
 }
 
-void IconSelectWidgetPaintTest::shouldPaintNothingWithoutImage()
+void IconSelectWidgetPaintTest::paintsNothingWithoutImage()
 {
     Stage stage(QSize(300, 300));
     const QImage background = stage.widget.grab().toImage();
@@ -213,7 +213,7 @@ void IconSelectWidgetPaintTest::shouldPaintNothingWithoutImage()
     QCOMPARE(stage.widget.grab().toImage(), background);
 }
 
-void IconSelectWidgetPaintTest::shouldAskForBestRendering()
+void IconSelectWidgetPaintTest::asksForBestRendering()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 200)));
     HintRecorder recorder;

@@ -18,11 +18,11 @@ class IconSelectWidgetSpeedTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void shouldNotAllocateForLargeImages();
-    void shouldDragLargeImagesFluently();
+    void doesNotAllocateForLargeImages();
+    void dragsLargeImagesFluently();
 };
 
-void IconSelectWidgetSpeedTest::shouldNotAllocateForLargeImages()
+void IconSelectWidgetSpeedTest::doesNotAllocateForLargeImages()
 {
     QImage image(6000, 4000, QImage::Format_RGB32);
     image.fill(Qt::gray);
@@ -42,7 +42,7 @@ void IconSelectWidgetSpeedTest::shouldNotAllocateForLargeImages()
     QVERIFY2(grown < image.sizeInBytes() / 20, QByteArray::number(grown).constData());
 }
 
-void IconSelectWidgetSpeedTest::shouldDragLargeImagesFluently()
+void IconSelectWidgetSpeedTest::dragsLargeImagesFluently()
 {
     const QImage image = patterned(QSize(600, 400)).scaled(6000, 4000);
     Stage stage(QSize(800, 600), image);

@@ -45,39 +45,39 @@ class IconSelectWidgetTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void shouldStartEmpty();
-    void shouldDoNothingWithoutImage();
-    void shouldSelectLargestCentredSquareOfNewImage();
-    void shouldShowCursor_data();
-    void shouldShowCursor();
-    void shouldRoundMousePositions_data();
-    void shouldRoundMousePositions();
-    void shouldFindFirstHandleInHashOrder();
-    void shouldUnsetCursorOnRelease();
-    void shouldKeepCursorDuringDrag();
-    void shouldMoveSelection();
-    void shouldStopMovedSelectionOnePixelShort();
-    void shouldResizeSelection_data();
-    void shouldResizeSelection();
-    void shouldHoldOneHandleAtATime();
-    void shouldResizeAfterHoveringOverSelection();
-    void shouldIgnoreAndNotRepaintGrowthWithoutRoom();
-    void shouldRepaintEachStepOfADrag();
-    void shouldIgnorePressOutsideSelection();
-    void shouldAcceptAnyButton();
-    void shouldTreatDoubleClickAsPress();
-    void shouldResetSelectionOnResize();
-    void shouldKeepSelectionWhileHeld();
-    void shouldSelectNothingInImageSetWhileHeld();
-    void shouldRunOnStaleRectanglesAfterNullImage();
-    void shouldResetSelectionOnEachSlot_data();
-    void shouldResetSelectionOnEachSlot();
-    void shouldTurnAndMirrorExactly_data();
-    void shouldTurnAndMirrorExactly();
-    void shouldSelectInImagePixels();
+    void startsEmpty();
+    void doesNothingWithoutImage();
+    void selectsLargestCentredSquareOfNewImage();
+    void showsCursor_data();
+    void showsCursor();
+    void roundsMousePositions_data();
+    void roundsMousePositions();
+    void findsFirstHandleInHashOrder();
+    void unsetsCursorOnRelease();
+    void keepsCursorDuringDrag();
+    void movesSelection();
+    void stopsMovedSelectionOnePixelShort();
+    void resizesSelection_data();
+    void resizesSelection();
+    void holdsOneHandleAtATime();
+    void resizesAfterHoveringOverSelection();
+    void ignoresAndNotRepaintGrowthWithoutRoom();
+    void repaintsEachStepOfADrag();
+    void ignoresPressOutsideSelection();
+    void acceptsAnyButton();
+    void treatsDoubleClickAsPress();
+    void resetsSelectionOnResize();
+    void keepsSelectionWhileHeld();
+    void selectsNothingInImageSetWhileHeld();
+    void runsOnStaleRectanglesAfterNullImage();
+    void resetsSelectionOnEachSlot_data();
+    void resetsSelectionOnEachSlot();
+    void turnsAndMirrorExactly_data();
+    void turnsAndMirrorExactly();
+    void selectsInImagePixels();
 };
 
-void IconSelectWidgetTest::shouldStartEmpty()
+void IconSelectWidgetTest::startsEmpty()
 {
     const IconSelectWidget widget;
 
@@ -91,7 +91,7 @@ void IconSelectWidgetTest::shouldStartEmpty()
     QVERIFY(widget.image().copy(widget.imageSelection()).isNull());
 }
 
-void IconSelectWidgetTest::shouldDoNothingWithoutImage()
+void IconSelectWidgetTest::doesNothingWithoutImage()
 {
     Stage stage(QSize(300, 200));
 
@@ -112,7 +112,7 @@ void IconSelectWidgetTest::shouldDoNothingWithoutImage()
     QVERIFY(stage.widget.handles().isEmpty());
 }
 
-void IconSelectWidgetTest::shouldSelectLargestCentredSquareOfNewImage()
+void IconSelectWidgetTest::selectsLargestCentredSquareOfNewImage()
 {
     Stage stage(QSize(300, 200), patterned(QSize(600, 200)));
     QCOMPARE(stage.widget.imageRect(), QRect(0, 50, 300, 100));
@@ -127,7 +127,7 @@ void IconSelectWidgetTest::shouldSelectLargestCentredSquareOfNewImage()
     QCOMPARE(stage.widget.selection(), stage.widget.imageRect());
 }
 
-void IconSelectWidgetTest::shouldShowCursor_data()
+void IconSelectWidgetTest::showsCursor_data()
 {
     QTest::addColumn<QPoint>("position");
     QTest::addColumn<int>("expected");
@@ -172,7 +172,7 @@ void IconSelectWidgetTest::shouldShowCursor_data()
     row("beside the image", 20, 20, Stage::noCursor);
 }
 
-void IconSelectWidgetTest::shouldShowCursor()
+void IconSelectWidgetTest::showsCursor()
 {
     QFETCH(QPoint, position);
     QFETCH(int, expected);
@@ -185,7 +185,7 @@ void IconSelectWidgetTest::shouldShowCursor()
     QCOMPARE(stage.cursor(), expected);
 }
 
-void IconSelectWidgetTest::shouldRoundMousePositions_data()
+void IconSelectWidgetTest::roundsMousePositions_data()
 {
     QTest::addColumn<QPointF>("position");
     QTest::addColumn<int>("expected");
@@ -197,7 +197,7 @@ void IconSelectWidgetTest::shouldRoundMousePositions_data()
     QTest::newRow("a little more is -1") << QPointF(-0.51, 0) << Stage::noCursor;
 }
 
-void IconSelectWidgetTest::shouldRoundMousePositions()
+void IconSelectWidgetTest::roundsMousePositions()
 {
     QFETCH(QPointF, position);
     QFETCH(int, expected);
@@ -208,7 +208,7 @@ void IconSelectWidgetTest::shouldRoundMousePositions()
     QCOMPARE(stage.cursor(), expected);
 }
 
-void IconSelectWidgetTest::shouldFindFirstHandleInHashOrder()
+void IconSelectWidgetTest::findsFirstHandleInHashOrder()
 {
     // In so small an image all grips overlap in the middle. Where each goes when it is dragged there:
     const QRect start = edges(0, 0, 19, 19);
@@ -255,7 +255,7 @@ void IconSelectWidgetTest::shouldFindFirstHandleInHashOrder()
     }
 }
 
-void IconSelectWidgetTest::shouldUnsetCursorOnRelease()
+void IconSelectWidgetTest::unsetsCursorOnRelease()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 300)));
     stage.move(QPoint(150, 150));
@@ -267,7 +267,7 @@ void IconSelectWidgetTest::shouldUnsetCursorOnRelease()
     QCOMPARE(stage.cursor(), Stage::noCursor);
 }
 
-void IconSelectWidgetTest::shouldKeepCursorDuringDrag()
+void IconSelectWidgetTest::keepsCursorDuringDrag()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 300)));
     stage.move(QPoint(299, 299));
@@ -278,7 +278,7 @@ void IconSelectWidgetTest::shouldKeepCursorDuringDrag()
     QCOMPARE(stage.cursor(), int(Qt::SizeFDiagCursor));
 }
 
-void IconSelectWidgetTest::shouldMoveSelection()
+void IconSelectWidgetTest::movesSelection()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 300)));
     stage.drag(QPoint(299, 299), QPoint(99, 99));
@@ -300,7 +300,7 @@ void IconSelectWidgetTest::shouldMoveSelection()
     QCOMPARE(stage.widget.selection(), edges(1, 1, 100, 100));
 }
 
-void IconSelectWidgetTest::shouldStopMovedSelectionOnePixelShort()
+void IconSelectWidgetTest::stopsMovedSelectionOnePixelShort()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 300)));
     stage.drag(QPoint(299, 299), QPoint(99, 99));
@@ -311,7 +311,7 @@ void IconSelectWidgetTest::shouldStopMovedSelectionOnePixelShort()
     QCOMPARE(stage.widget.selection(), edges(0, 0, 99, 99));
 }
 
-void IconSelectWidgetTest::shouldResizeSelection_data()
+void IconSelectWidgetTest::resizesSelection_data()
 {
     QTest::addColumn<QPoint>("from");
     QTest::addColumn<QPoint>("to");
@@ -330,7 +330,7 @@ void IconSelectWidgetTest::shouldResizeSelection_data()
     QTest::newRow("top, below the bottom") << QPoint(150, 105) << QPoint(0, 500) << edges(179, 259, 120, 199);
 }
 
-void IconSelectWidgetTest::shouldResizeSelection()
+void IconSelectWidgetTest::resizesSelection()
 {
     QFETCH(QPoint, from);
     QFETCH(QPoint, to);
@@ -352,7 +352,7 @@ void IconSelectWidgetTest::shouldResizeSelection()
     QCOMPARE(stage.widget.selection(), expected);
 }
 
-void IconSelectWidgetTest::shouldHoldOneHandleAtATime()
+void IconSelectWidgetTest::holdsOneHandleAtATime()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 300)));
     stage.press(QPoint(299, 299));
@@ -364,7 +364,7 @@ void IconSelectWidgetTest::shouldHoldOneHandleAtATime()
     stage.release(QPoint(60, 60));
 }
 
-void IconSelectWidgetTest::shouldResizeAfterHoveringOverSelection()
+void IconSelectWidgetTest::resizesAfterHoveringOverSelection()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 300)));
     stage.move(QPoint(150, 150));
@@ -372,7 +372,7 @@ void IconSelectWidgetTest::shouldResizeAfterHoveringOverSelection()
     QCOMPARE(stage.widget.selection(), edges(0, 0, 99, 99));
 }
 
-void IconSelectWidgetTest::shouldIgnoreAndNotRepaintGrowthWithoutRoom()
+void IconSelectWidgetTest::ignoresAndNotRepaintGrowthWithoutRoom()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 200)));
     QCOMPARE(stage.widget.selection(), edges(50, 50, 249, 249));
@@ -391,7 +391,7 @@ void IconSelectWidgetTest::shouldIgnoreAndNotRepaintGrowthWithoutRoom()
     QCOMPARE(stage.widget.selection(), edges(50, 50, 249, 249));
 }
 
-void IconSelectWidgetTest::shouldRepaintEachStepOfADrag()
+void IconSelectWidgetTest::repaintsEachStepOfADrag()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 300)));
     stage.press(QPoint(299, 299));
@@ -423,7 +423,7 @@ void IconSelectWidgetTest::shouldRepaintEachStepOfADrag()
     QTRY_COMPARE(paints.count(), 8);
 }
 
-void IconSelectWidgetTest::shouldIgnorePressOutsideSelection()
+void IconSelectWidgetTest::ignoresPressOutsideSelection()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 200)));
     const QRect selection = stage.widget.selection();
@@ -439,7 +439,7 @@ void IconSelectWidgetTest::shouldIgnorePressOutsideSelection()
     QCOMPARE(stage.cursor(), Stage::noCursor);
 }
 
-void IconSelectWidgetTest::shouldAcceptAnyButton()
+void IconSelectWidgetTest::acceptsAnyButton()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 300)));
     stage.press(QPoint(299, 299), Qt::RightButton);
@@ -456,7 +456,7 @@ void IconSelectWidgetTest::shouldAcceptAnyButton()
     stage.release(QPoint(60, 60));
 }
 
-void IconSelectWidgetTest::shouldTreatDoubleClickAsPress()
+void IconSelectWidgetTest::treatsDoubleClickAsPress()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 300)));
     QMouseEvent event(QEvent::MouseButtonDblClick, QPointF(299, 299), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
@@ -465,7 +465,7 @@ void IconSelectWidgetTest::shouldTreatDoubleClickAsPress()
     QCOMPARE(stage.widget.selection(), edges(0, 0, 99, 99));
 }
 
-void IconSelectWidgetTest::shouldResetSelectionOnResize()
+void IconSelectWidgetTest::resetsSelectionOnResize()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 300)));
     stage.drag(QPoint(299, 299), QPoint(99, 99));
@@ -476,7 +476,7 @@ void IconSelectWidgetTest::shouldResetSelectionOnResize()
     QCOMPARE(stage.widget.handles().value(7), edges(288, 188, 299, 199));
 }
 
-void IconSelectWidgetTest::shouldKeepSelectionWhileHeld()
+void IconSelectWidgetTest::keepsSelectionWhileHeld()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 200)));
     stage.press(QPoint(55, 55));
@@ -503,7 +503,7 @@ void IconSelectWidgetTest::shouldKeepSelectionWhileHeld()
     QCOMPARE(stage.widget.selection(), edges(0, 100, 199, 299));
 }
 
-void IconSelectWidgetTest::shouldSelectNothingInImageSetWhileHeld()
+void IconSelectWidgetTest::selectsNothingInImageSetWhileHeld()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 300)));
     stage.press(QPoint(150, 150));
@@ -518,7 +518,7 @@ void IconSelectWidgetTest::shouldSelectNothingInImageSetWhileHeld()
     QCOMPARE(stage.widget.selection(), edges(50, 50, 249, 249));
 }
 
-void IconSelectWidgetTest::shouldRunOnStaleRectanglesAfterNullImage()
+void IconSelectWidgetTest::runsOnStaleRectanglesAfterNullImage()
 {
     Stage stage(QSize(300, 300), patterned(QSize(300, 300)));
     const QHash<int, QRect> handles = stage.widget.handles();
@@ -536,7 +536,7 @@ void IconSelectWidgetTest::shouldRunOnStaleRectanglesAfterNullImage()
     QVERIFY(stage.widget.image().copy(stage.widget.imageSelection()).isNull());
 }
 
-void IconSelectWidgetTest::shouldResetSelectionOnEachSlot_data()
+void IconSelectWidgetTest::resetsSelectionOnEachSlot_data()
 {
     QTest::addColumn<QByteArray>("slot");
     QTest::addColumn<QRect>("expected");
@@ -548,7 +548,7 @@ void IconSelectWidgetTest::shouldResetSelectionOnEachSlot_data()
     QTest::newRow("selectAll") << QByteArray("selectAll") << edges(50, 50, 249, 249);
 }
 
-void IconSelectWidgetTest::shouldResetSelectionOnEachSlot()
+void IconSelectWidgetTest::resetsSelectionOnEachSlot()
 {
     QFETCH(QByteArray, slot);
     QFETCH(QRect, expected);
@@ -563,7 +563,7 @@ void IconSelectWidgetTest::shouldResetSelectionOnEachSlot()
     QCOMPARE(stage.widget.imageRect(), turned ? edges(50, 0, 249, 299) : edges(0, 50, 299, 249));
 }
 
-void IconSelectWidgetTest::shouldTurnAndMirrorExactly_data()
+void IconSelectWidgetTest::turnsAndMirrorExactly_data()
 {
     QTest::addColumn<QImage::Format>("format");
 
@@ -577,7 +577,7 @@ void IconSelectWidgetTest::shouldTurnAndMirrorExactly_data()
     QTest::newRow("black and white") << QImage::Format_Mono;
 }
 
-void IconSelectWidgetTest::shouldTurnAndMirrorExactly()
+void IconSelectWidgetTest::turnsAndMirrorExactly()
 {
     QFETCH(QImage::Format, format);
 
@@ -621,7 +621,7 @@ void IconSelectWidgetTest::shouldTurnAndMirrorExactly()
     }
 }
 
-void IconSelectWidgetTest::shouldSelectInImagePixels()
+void IconSelectWidgetTest::selectsInImagePixels()
 {
     Stage stage(QSize(300, 300), patterned(QSize(600, 400)));
     QCOMPARE(stage.widget.imageSelection(), QRect(100, 0, 400, 400));

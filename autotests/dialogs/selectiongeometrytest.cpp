@@ -34,24 +34,24 @@ class SelectionGeometryTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void shouldFitImageIntoWidget_data();
-    void shouldFitImageIntoWidget();
-    void shouldFindLargestCentredSquare_data();
-    void shouldFindLargestCentredSquare();
-    void shouldPutHandlesAroundSelection_data();
-    void shouldPutHandlesAroundSelection();
-    void shouldNumberEightHandlesAndCursors();
-    void shouldMoveInsideImage_data();
-    void shouldMoveInsideImage();
-    void shouldDragHandle_data();
-    void shouldDragHandle();
-    void shouldDragHandleOfImageSmallerThanSmallestSpan_data();
-    void shouldDragHandleOfImageSmallerThanSmallestSpan();
-    void shouldScaleSelectionToImagePixels_data();
-    void shouldScaleSelectionToImagePixels();
+    void fitsImageIntoWidget_data();
+    void fitsImageIntoWidget();
+    void findsLargestCentredSquare_data();
+    void findsLargestCentredSquare();
+    void putsHandlesAroundSelection_data();
+    void putsHandlesAroundSelection();
+    void numbersEightHandlesAndCursors();
+    void movesInsideImage_data();
+    void movesInsideImage();
+    void dragsHandle_data();
+    void dragsHandle();
+    void dragsHandleOfImageSmallerThanSmallestSpan_data();
+    void dragsHandleOfImageSmallerThanSmallestSpan();
+    void scalesSelectionToImagePixels_data();
+    void scalesSelectionToImagePixels();
 };
 
-void SelectionGeometryTest::shouldFitImageIntoWidget_data()
+void SelectionGeometryTest::fitsImageIntoWidget_data()
 {
     QTest::addColumn<QSize>("image");
     QTest::addColumn<QSize>("widget");
@@ -75,7 +75,7 @@ void SelectionGeometryTest::shouldFitImageIntoWidget_data()
     QTest::newRow("widget without height") << QSize(100, 100) << QSize(101, 0) << QRect(50, 0, 0, 0);
 }
 
-void SelectionGeometryTest::shouldFitImageIntoWidget()
+void SelectionGeometryTest::fitsImageIntoWidget()
 {
     QFETCH(QSize, image);
     QFETCH(QSize, widget);
@@ -84,7 +84,7 @@ void SelectionGeometryTest::shouldFitImageIntoWidget()
     QCOMPARE(imageRect(image, widget), expected);
 }
 
-void SelectionGeometryTest::shouldFindLargestCentredSquare_data()
+void SelectionGeometryTest::findsLargestCentredSquare_data()
 {
     QTest::addColumn<QRect>("rect");
     QTest::addColumn<QRect>("expected");
@@ -99,7 +99,7 @@ void SelectionGeometryTest::shouldFindLargestCentredSquare_data()
     QTest::newRow("no height") << QRect(0, 49, 100, 0) << QRect(50, 49, 0, 0);
 }
 
-void SelectionGeometryTest::shouldFindLargestCentredSquare()
+void SelectionGeometryTest::findsLargestCentredSquare()
 {
     QFETCH(QRect, rect);
     QFETCH(QRect, expected);
@@ -107,7 +107,7 @@ void SelectionGeometryTest::shouldFindLargestCentredSquare()
     QCOMPARE(centredSquare(rect), expected);
 }
 
-void SelectionGeometryTest::shouldPutHandlesAroundSelection_data()
+void SelectionGeometryTest::putsHandlesAroundSelection_data()
 {
     QTest::addColumn<QRect>("selection");
     QTest::addColumn<QVector<QRect>>("expected");
@@ -160,7 +160,7 @@ void SelectionGeometryTest::shouldPutHandlesAroundSelection_data()
                                                                 edges(119, 171, 130, 182)};
 }
 
-void SelectionGeometryTest::shouldPutHandlesAroundSelection()
+void SelectionGeometryTest::putsHandlesAroundSelection()
 {
     QFETCH(QRect, selection);
     QFETCH(QVector<QRect>, expected);
@@ -172,7 +172,7 @@ void SelectionGeometryTest::shouldPutHandlesAroundSelection()
     }
 }
 
-void SelectionGeometryTest::shouldNumberEightHandlesAndCursors()
+void SelectionGeometryTest::numbersEightHandlesAndCursors()
 {
     const QHash<int, Qt::CursorShape> expected{
         {0, Qt::SizeFDiagCursor},
@@ -188,7 +188,7 @@ void SelectionGeometryTest::shouldNumberEightHandlesAndCursors()
     QCOMPARE(handles(QRect(0, 0, 100, 100)).size(), 8);
 }
 
-void SelectionGeometryTest::shouldMoveInsideImage_data()
+void SelectionGeometryTest::movesInsideImage_data()
 {
     QTest::addColumn<QPoint>("topLeft");
     QTest::addColumn<QPoint>("expected");
@@ -202,7 +202,7 @@ void SelectionGeometryTest::shouldMoveInsideImage_data()
     QTest::newRow("far beyond the left, far below") << QPoint(-9999, 9999) << QPoint(10, 219);
 }
 
-void SelectionGeometryTest::shouldMoveInsideImage()
+void SelectionGeometryTest::movesInsideImage()
 {
     QFETCH(QPoint, topLeft);
     QFETCH(QPoint, expected);
@@ -214,7 +214,7 @@ void SelectionGeometryTest::shouldMoveInsideImage()
     QCOMPARE(moved(image, topLeft, image), image);
 }
 
-void SelectionGeometryTest::shouldDragHandle_data()
+void SelectionGeometryTest::dragsHandle_data()
 {
     QTest::addColumn<int>("handle");
     QTest::addColumn<QRect>("selection");
@@ -334,7 +334,7 @@ void SelectionGeometryTest::shouldDragHandle_data()
     right("right, is pulled in at the bottom edge") << nearBottom << QPoint(219, 0) << edges(100, 210, 209, 319);
 }
 
-void SelectionGeometryTest::shouldDragHandle()
+void SelectionGeometryTest::dragsHandle()
 {
     QFETCH(int, handle);
     QFETCH(QRect, selection);
@@ -345,7 +345,7 @@ void SelectionGeometryTest::shouldDragHandle()
     QCOMPARE(resized(selection, handle, position, image).value_or(ignored()), expected);
 }
 
-void SelectionGeometryTest::shouldDragHandleOfImageSmallerThanSmallestSpan_data()
+void SelectionGeometryTest::dragsHandleOfImageSmallerThanSmallestSpan_data()
 {
     QTest::addColumn<int>("handle");
     QTest::addColumn<QPoint>("position");
@@ -369,7 +369,7 @@ void SelectionGeometryTest::shouldDragHandleOfImageSmallerThanSmallestSpan_data(
     QTest::newRow("bottom, outward") << 6 << QPoint(99, 99) << ignored();
 }
 
-void SelectionGeometryTest::shouldDragHandleOfImageSmallerThanSmallestSpan()
+void SelectionGeometryTest::dragsHandleOfImageSmallerThanSmallestSpan()
 {
     QFETCH(int, handle);
     QFETCH(QPoint, position);
@@ -379,7 +379,7 @@ void SelectionGeometryTest::shouldDragHandleOfImageSmallerThanSmallestSpan()
     QCOMPARE(resized(image, handle, position, image).value_or(ignored()), expected);
 }
 
-void SelectionGeometryTest::shouldScaleSelectionToImagePixels_data()
+void SelectionGeometryTest::scalesSelectionToImagePixels_data()
 {
     QTest::addColumn<QRect>("selection");
     QTest::addColumn<QRect>("shown");
@@ -405,7 +405,7 @@ void SelectionGeometryTest::shouldScaleSelectionToImagePixels_data()
     QTest::newRow("no image") << QRect() << QRect() << QSize(0, 0) << QRect(0, 0, -1, -1);
 }
 
-void SelectionGeometryTest::shouldScaleSelectionToImagePixels()
+void SelectionGeometryTest::scalesSelectionToImagePixels()
 {
     QFETCH(QRect, selection);
     QFETCH(QRect, shown);

@@ -136,41 +136,41 @@ private Q_SLOTS:
     void initTestCase();
     void init();
 
-    void shouldBuildForm();
-    void shouldStackFrameButtonsAndButtonBox();
-    void shouldOfferToolButtons_data();
-    void shouldOfferToolButtons();
-    void shouldTakeIconsFromTheme();
-    void shouldLeaveIconsEmptyWithoutTheme();
-    void shouldPutWidgetIntoPreviewFrame();
-    void shouldStartWithoutPicture();
-    void shouldAcceptAndReject();
-    void shouldSelectLargestCentredSquareAtOwnResolution_data();
-    void shouldSelectLargestCentredSquareAtOwnResolution();
-    void shouldReturnSquareMarkedWithMouse();
-    void shouldReturnWholePictureForLessThanAPixel();
-    void shouldReturnNullForSelectionTurnedInsideOut();
-    void shouldReturnNullForPictureTooThinToBeShown();
-    void shouldTakeNullPixmap();
-    void shouldTurnMirrorAndReset();
-    void shouldAskForImageFile();
-    void shouldOpenFileDialogInIconDirectoryEachTime();
-    void shouldLoadChosenFile();
-    void shouldChangeNothingWhenFileDialogIsCancelled();
-    void shouldTakeAnyFile_data();
-    void shouldTakeAnyFile();
-    void shouldTakeTruncatedFile_data();
-    void shouldTakeTruncatedFile();
-    void shouldLeaveEmptyWhatFileIsTooShortFor_data();
-    void shouldLeaveEmptyWhatFileIsTooShortFor();
-    void shouldStayWithinColourTable();
-    void shouldTakeDamagedFile_data();
-    void shouldTakeDamagedFile();
-    void shouldTakeUnreadableFile();
-    void shouldPasteImage();
-    void shouldIgnoreClipboardWithoutImage();
-    void shouldPasteImageThatCannotBeConverted();
-    void shouldReplacePictureAndSelection();
+    void buildsForm();
+    void stacksFrameButtonsAndButtonBox();
+    void offersToolButtons_data();
+    void offersToolButtons();
+    void takesIconsFromTheme();
+    void leavesIconsEmptyWithoutTheme();
+    void putsWidgetIntoPreviewFrame();
+    void startsWithoutPicture();
+    void acceptsAndReject();
+    void selectsLargestCentredSquareAtOwnResolution_data();
+    void selectsLargestCentredSquareAtOwnResolution();
+    void returnsSquareMarkedWithMouse();
+    void returnsWholePictureForLessThanAPixel();
+    void returnsNullForSelectionTurnedInsideOut();
+    void returnsNullForPictureTooThinToBeShown();
+    void takesNullPixmap();
+    void turnsMirrorAndReset();
+    void asksForImageFile();
+    void opensFileDialogInIconDirectoryEachTime();
+    void loadsChosenFile();
+    void changesNothingWhenFileDialogIsCancelled();
+    void takesAnyFile_data();
+    void takesAnyFile();
+    void takesTruncatedFile_data();
+    void takesTruncatedFile();
+    void leavesEmptyWhatFileIsTooShortFor_data();
+    void leavesEmptyWhatFileIsTooShortFor();
+    void staysWithinColourTable();
+    void takesDamagedFile_data();
+    void takesDamagedFile();
+    void takesUnreadableFile();
+    void pastesImage();
+    void ignoresClipboardWithoutImage();
+    void pastesImageThatCannotBeConverted();
+    void replacesPictureAndSelection();
 
 private:
     QString write(const char *name, const QByteArray &content) const
@@ -196,7 +196,7 @@ void UserIconDialogTest::init()
     QIcon::setThemeName(QString());
 }
 
-void UserIconDialogTest::shouldBuildForm()
+void UserIconDialogTest::buildsForm()
 {
     const UserIconDialog dialog;
 
@@ -216,7 +216,7 @@ void UserIconDialogTest::shouldBuildForm()
     QCOMPARE(buttonBox->standardButtons(), QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
 }
 
-void UserIconDialogTest::shouldStackFrameButtonsAndButtonBox()
+void UserIconDialogTest::stacksFrameButtonsAndButtonBox()
 {
     const UserIconDialog dialog;
 
@@ -239,7 +239,7 @@ void UserIconDialogTest::shouldStackFrameButtonsAndButtonBox()
     }
 }
 
-void UserIconDialogTest::shouldOfferToolButtons_data()
+void UserIconDialogTest::offersToolButtons_data()
 {
     QTest::addColumn<int>("place");
     QTest::addColumn<QString>("text");
@@ -253,7 +253,7 @@ void UserIconDialogTest::shouldOfferToolButtons_data()
     QTest::newRow("verticalMirrorButton") << 7 << QStringLiteral("Mirror vertically");
 }
 
-void UserIconDialogTest::shouldOfferToolButtons()
+void UserIconDialogTest::offersToolButtons()
 {
     QFETCH(int, place);
     QFETCH(QString, text);
@@ -266,7 +266,7 @@ void UserIconDialogTest::shouldOfferToolButtons()
     QVERIFY(button->isEnabled());
 }
 
-void UserIconDialogTest::shouldTakeIconsFromTheme()
+void UserIconDialogTest::takesIconsFromTheme()
 {
     const QMap<QString, QString> expected{
         {QStringLiteral("fileButton"), QStringLiteral("document-open")},
@@ -290,7 +290,7 @@ void UserIconDialogTest::shouldTakeIconsFromTheme()
     QCOMPARE(actual, expected);
 }
 
-void UserIconDialogTest::shouldLeaveIconsEmptyWithoutTheme()
+void UserIconDialogTest::leavesIconsEmptyWithoutTheme()
 {
     QIcon::setThemeSearchPaths({m_directory.path()});
 
@@ -303,7 +303,7 @@ void UserIconDialogTest::shouldLeaveIconsEmptyWithoutTheme()
     QVERIFY(part<QToolButton>(dialog, "selectAllButton")->icon().isNull());
 }
 
-void UserIconDialogTest::shouldPutWidgetIntoPreviewFrame()
+void UserIconDialogTest::putsWidgetIntoPreviewFrame()
 {
     const UserIconDialog dialog;
 
@@ -312,7 +312,7 @@ void UserIconDialogTest::shouldPutWidgetIntoPreviewFrame()
     QCOMPARE(preview(dialog)->metaObject()->className(), "IconSelectWidget");
 }
 
-void UserIconDialogTest::shouldStartWithoutPicture()
+void UserIconDialogTest::startsWithoutPicture()
 {
     const UserIconDialog dialog;
 
@@ -320,7 +320,7 @@ void UserIconDialogTest::shouldStartWithoutPicture()
     QVERIFY(dialog.selectedPixmap().isNull());
 }
 
-void UserIconDialogTest::shouldAcceptAndReject()
+void UserIconDialogTest::acceptsAndReject()
 {
     UserIconDialog dialog;
     const QSignalSpy accepted(&dialog, &QDialog::accepted);
@@ -338,7 +338,7 @@ void UserIconDialogTest::shouldAcceptAndReject()
     QCOMPARE(dialog.result(), int(QDialog::Rejected));
 }
 
-void UserIconDialogTest::shouldSelectLargestCentredSquareAtOwnResolution_data()
+void UserIconDialogTest::selectsLargestCentredSquareAtOwnResolution_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<QRect>("square");
@@ -351,7 +351,7 @@ void UserIconDialogTest::shouldSelectLargestCentredSquareAtOwnResolution_data()
     QTest::newRow("one pixel") << QSize(1, 1) << QRect(0, 0, 1, 1);
 }
 
-void UserIconDialogTest::shouldSelectLargestCentredSquareAtOwnResolution()
+void UserIconDialogTest::selectsLargestCentredSquareAtOwnResolution()
 {
     QFETCH(QSize, size);
     QFETCH(QRect, square);
@@ -365,7 +365,7 @@ void UserIconDialogTest::shouldSelectLargestCentredSquareAtOwnResolution()
     QCOMPARE(dialog.selectedPixmap().toImage(), image.copy(square));
 }
 
-void UserIconDialogTest::shouldReturnSquareMarkedWithMouse()
+void UserIconDialogTest::returnsSquareMarkedWithMouse()
 {
     UserIconDialog dialog;
     QVERIFY(showWithPreview(dialog));
@@ -381,7 +381,7 @@ void UserIconDialogTest::shouldReturnSquareMarkedWithMouse()
     QCOMPARE(dialog.selectedPixmap().toImage(), image.copy(400, 0, 800, 800));
 }
 
-void UserIconDialogTest::shouldReturnWholePictureForLessThanAPixel()
+void UserIconDialogTest::returnsWholePictureForLessThanAPixel()
 {
     UserIconDialog dialog;
     QVERIFY(showWithPreview(dialog));
@@ -393,7 +393,7 @@ void UserIconDialogTest::shouldReturnWholePictureForLessThanAPixel()
     QCOMPARE(dialog.selectedPixmap().toImage(), image);
 }
 
-void UserIconDialogTest::shouldReturnNullForSelectionTurnedInsideOut()
+void UserIconDialogTest::returnsNullForSelectionTurnedInsideOut()
 {
     UserIconDialog dialog;
     QVERIFY(showWithPreview(dialog));
@@ -406,7 +406,7 @@ void UserIconDialogTest::shouldReturnNullForSelectionTurnedInsideOut()
     QVERIFY(dialog.selectedPixmap().isNull());
 }
 
-void UserIconDialogTest::shouldReturnNullForPictureTooThinToBeShown()
+void UserIconDialogTest::returnsNullForPictureTooThinToBeShown()
 {
     UserIconDialog dialog;
     QVERIFY(showWithPreview(dialog));
@@ -415,7 +415,7 @@ void UserIconDialogTest::shouldReturnNullForPictureTooThinToBeShown()
     QVERIFY(dialog.selectedPixmap().isNull());
 }
 
-void UserIconDialogTest::shouldTakeNullPixmap()
+void UserIconDialogTest::takesNullPixmap()
 {
     UserIconDialog dialog;
     dialog.setPixmap(QPixmap());
@@ -428,7 +428,7 @@ void UserIconDialogTest::shouldTakeNullPixmap()
     QVERIFY(dialog.selectedPixmap().isNull());
 }
 
-void UserIconDialogTest::shouldTurnMirrorAndReset()
+void UserIconDialogTest::turnsMirrorAndReset()
 {
     UserIconDialog dialog;
     QVERIFY(showWithPreview(dialog));
@@ -455,7 +455,7 @@ void UserIconDialogTest::shouldTurnMirrorAndReset()
     QCOMPARE(afterPressing("selectAllButton"), counterClockwise);
 }
 
-void UserIconDialogTest::shouldAskForImageFile()
+void UserIconDialogTest::asksForImageFile()
 {
     const UserIconDialog dialog;
     withFileDialog(dialog, [&dialog](QFileDialog *fileDialog) {
@@ -470,7 +470,7 @@ void UserIconDialogTest::shouldAskForImageFile()
     });
 }
 
-void UserIconDialogTest::shouldOpenFileDialogInIconDirectoryEachTime()
+void UserIconDialogTest::opensFileDialogInIconDirectoryEachTime()
 {
     const UserIconDialog dialog;
     chooseFile(dialog, write("elsewhere.png", encoded(gradient(QSize(10, 10)), "png")));
@@ -483,7 +483,7 @@ void UserIconDialogTest::shouldOpenFileDialogInIconDirectoryEachTime()
     }
 }
 
-void UserIconDialogTest::shouldLoadChosenFile()
+void UserIconDialogTest::loadsChosenFile()
 {
     const UserIconDialog dialog;
     const QImage image = gradient(QSize(20, 20));
@@ -492,7 +492,7 @@ void UserIconDialogTest::shouldLoadChosenFile()
     QCOMPARE(dialog.selectedPixmap().toImage(), image);
 }
 
-void UserIconDialogTest::shouldChangeNothingWhenFileDialogIsCancelled()
+void UserIconDialogTest::changesNothingWhenFileDialogIsCancelled()
 {
     UserIconDialog dialog;
     withFileDialog(dialog, [](QFileDialog *fileDialog) { fileDialog->reject(); });
@@ -506,7 +506,7 @@ void UserIconDialogTest::shouldChangeNothingWhenFileDialogIsCancelled()
     QCOMPARE(dialog.selectedPixmap().toImage(), image);
 }
 
-void UserIconDialogTest::shouldTakeAnyFile_data()
+void UserIconDialogTest::takesAnyFile_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<bool>("isPicture");
@@ -546,7 +546,7 @@ void UserIconDialogTest::shouldTakeAnyFile_data()
     QTest::newRow("huge.jpg") << hugeJpeg << false;
 }
 
-void UserIconDialogTest::shouldTakeAnyFile()
+void UserIconDialogTest::takesAnyFile()
 {
     QFETCH(QByteArray, content);
     QFETCH(bool, isPicture);
@@ -558,13 +558,13 @@ void UserIconDialogTest::shouldTakeAnyFile()
     QCOMPARE(!dialog.selectedPixmap().isNull(), isPicture);
 }
 
-void UserIconDialogTest::shouldTakeTruncatedFile_data()
+void UserIconDialogTest::takesTruncatedFile_data()
 {
     addFormats();
 }
 
 /** How much of a truncated picture is shown is up to its format. */
-void UserIconDialogTest::shouldTakeTruncatedFile()
+void UserIconDialogTest::takesTruncatedFile()
 {
     QFETCH(QByteArray, whole);
 
@@ -578,13 +578,13 @@ void UserIconDialogTest::shouldTakeTruncatedFile()
     }
 }
 
-void UserIconDialogTest::shouldLeaveEmptyWhatFileIsTooShortFor_data()
+void UserIconDialogTest::leavesEmptyWhatFileIsTooShortFor_data()
 {
     addFormats();
 }
 
 /** The picture is part of the file, and not of what else the memory held. */
-void UserIconDialogTest::shouldLeaveEmptyWhatFileIsTooShortFor()
+void UserIconDialogTest::leavesEmptyWhatFileIsTooShortFor()
 {
     QFETCH(QByteArray, whole);
 
@@ -602,7 +602,7 @@ void UserIconDialogTest::shouldLeaveEmptyWhatFileIsTooShortFor()
     }
 }
 
-void UserIconDialogTest::shouldStayWithinColourTable()
+void UserIconDialogTest::staysWithinColourTable()
 {
     // In its own size the toolkit draws such a picture without looking where the table ends.
     QImage image(400, 400, QImage::Format_Indexed8);
@@ -617,12 +617,12 @@ void UserIconDialogTest::shouldStayWithinColourTable()
     QCOMPARE(dialog.selectedPixmap().toImage().pixelColor(200, 200), converted);
 }
 
-void UserIconDialogTest::shouldTakeDamagedFile_data()
+void UserIconDialogTest::takesDamagedFile_data()
 {
     addFormats();
 }
 
-void UserIconDialogTest::shouldTakeDamagedFile()
+void UserIconDialogTest::takesDamagedFile()
 {
     QFETCH(QByteArray, whole);
 
@@ -643,7 +643,7 @@ void UserIconDialogTest::shouldTakeDamagedFile()
     }
 }
 
-void UserIconDialogTest::shouldTakeUnreadableFile()
+void UserIconDialogTest::takesUnreadableFile()
 {
     UserIconDialog dialog;
     dialog.setPixmap(QPixmap::fromImage(gradient(QSize(20, 20))));
@@ -654,7 +654,7 @@ void UserIconDialogTest::shouldTakeUnreadableFile()
     QVERIFY(dialog.selectedPixmap().isNull());
 }
 
-void UserIconDialogTest::shouldPasteImage()
+void UserIconDialogTest::pastesImage()
 {
     const UserIconDialog dialog;
     const QImage image = gradient(QSize(20, 20));
@@ -664,7 +664,7 @@ void UserIconDialogTest::shouldPasteImage()
     QCOMPARE(dialog.selectedPixmap().toImage(), image);
 }
 
-void UserIconDialogTest::shouldIgnoreClipboardWithoutImage()
+void UserIconDialogTest::ignoresClipboardWithoutImage()
 {
     UserIconDialog dialog;
     QClipboard *clipboard = QGuiApplication::clipboard();
@@ -686,7 +686,7 @@ void UserIconDialogTest::shouldIgnoreClipboardWithoutImage()
     QCOMPARE(dialog.selectedPixmap().toImage(), image);
 }
 
-void UserIconDialogTest::shouldPasteImageThatCannotBeConverted()
+void UserIconDialogTest::pastesImageThatCannotBeConverted()
 {
     const UserIconDialog dialog;
     auto *data = new QMimeData;
@@ -697,7 +697,7 @@ void UserIconDialogTest::shouldPasteImageThatCannotBeConverted()
     QVERIFY(dialog.selectedPixmap().isNull());
 }
 
-void UserIconDialogTest::shouldReplacePictureAndSelection()
+void UserIconDialogTest::replacesPictureAndSelection()
 {
     UserIconDialog dialog;
     const QImage first = gradient(QSize(20, 20));

@@ -116,14 +116,14 @@ class IconCommandsTest : public QObject
 private Q_SLOTS:
     void init();
 
-    void shouldWriteLargestSquare();
-    void shouldWriteSquareMovedWithMouse();
-    void shouldFailWhenCancelled();
-    void shouldWaitForPictureBeforeOk();
-    void shouldTellWhenThereIsNoPicture();
-    void shouldTellWhenIconCannotBeWritten();
-    void shouldRefuseWrongArguments_data();
-    void shouldRefuseWrongArguments();
+    void writesLargestSquare();
+    void writesSquareMovedWithMouse();
+    void failsWhenCancelled();
+    void waitsForPictureBeforeOk();
+    void tellsWhenThereIsNoPicture();
+    void tellsWhenIconCannotBeWritten();
+    void refusesWrongArguments_data();
+    void refusesWrongArguments();
 
 private:
     QStringList arguments() const
@@ -142,7 +142,7 @@ void IconCommandsTest::init()
     QFile::remove(m_icon);
 }
 
-void IconCommandsTest::shouldWriteLargestSquare()
+void IconCommandsTest::writesLargestSquare()
 {
     PickIcon program(arguments());
     program.pressKey("Return");
@@ -155,7 +155,7 @@ void IconCommandsTest::shouldWriteLargestSquare()
     QVERIFY(qAbs(columnOf(icon.pixel(0, 0)) - 300) < 6);
 }
 
-void IconCommandsTest::shouldWriteSquareMovedWithMouse()
+void IconCommandsTest::writesSquareMovedWithMouse()
 {
     PickIcon program(arguments());
     program.drag(QPoint(230, 200), QPoint(5, 200));
@@ -168,7 +168,7 @@ void IconCommandsTest::shouldWriteSquareMovedWithMouse()
     QCOMPARE(columnOf(icon.pixel(400, 0)), 400);
 }
 
-void IconCommandsTest::shouldFailWhenCancelled()
+void IconCommandsTest::failsWhenCancelled()
 {
     PickIcon program(arguments());
     program.pressKey("Escape");
@@ -177,7 +177,7 @@ void IconCommandsTest::shouldFailWhenCancelled()
     QVERIFY(!QFile::exists(m_icon));
 }
 
-void IconCommandsTest::shouldWaitForPictureBeforeOk()
+void IconCommandsTest::waitsForPictureBeforeOk()
 {
     PickIcon program({QStringLiteral("--output"), m_icon});
     program.pressKey("Return");
@@ -186,7 +186,7 @@ void IconCommandsTest::shouldWaitForPictureBeforeOk()
     QCOMPARE(program.exitStatus(), 1);
 }
 
-void IconCommandsTest::shouldTellWhenThereIsNoPicture()
+void IconCommandsTest::tellsWhenThereIsNoPicture()
 {
     QFile file(m_picture);
     QVERIFY(file.resize(20));
@@ -199,7 +199,7 @@ void IconCommandsTest::shouldTellWhenThereIsNoPicture()
     QVERIFY(!QFile::exists(m_icon));
 }
 
-void IconCommandsTest::shouldTellWhenIconCannotBeWritten()
+void IconCommandsTest::tellsWhenIconCannotBeWritten()
 {
     PickIcon program({m_picture, QStringLiteral("--output"), QStringLiteral("/nowhere/icon.png")});
     program.pressKey("Return");
@@ -207,7 +207,7 @@ void IconCommandsTest::shouldTellWhenIconCannotBeWritten()
     QVERIFY(program.errors().startsWith(QLatin1String("ormel-users: Cannot write '/nowhere/icon.png': ")));
 }
 
-void IconCommandsTest::shouldRefuseWrongArguments_data()
+void IconCommandsTest::refusesWrongArguments_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("message");
@@ -219,7 +219,7 @@ void IconCommandsTest::shouldRefuseWrongArguments_data()
                                << QByteArray("Unexpected argument 'b'.");
 }
 
-void IconCommandsTest::shouldRefuseWrongArguments()
+void IconCommandsTest::refusesWrongArguments()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QByteArray, message);
