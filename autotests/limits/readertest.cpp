@@ -165,7 +165,7 @@ void LimitsReaderTest::readsRules_data()
 {
     QTest::addColumn<QString>("folder");
 
-    const QDir cases(QFINDTESTDATA("data/limits"));
+    const QDir cases(QFINDTESTDATA("data"));
     const QStringList names = cases.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     QVERIFY(names.size() > 5);
     for (const QString &name : names) {

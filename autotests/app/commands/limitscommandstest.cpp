@@ -71,7 +71,7 @@ void LimitsCommandsTest::init()
     Sandbox::removeExtraAccounts();
     Sandbox::setAccounts("root:x:0:0::/root:/bin/sh\nalice:x:1000:1000::/:\n",
                          "root:x:0:\normel-admin:x:27:\nalice:x:1000:\npupils:x:50:alice\n");
-    installLimits(QFINDTESTDATA("data/limits/typical"));
+    installLimits(QFINDTESTDATA("../../limits/data/typical"));
 }
 
 void LimitsCommandsTest::showsRulesWithTheirMeaning()

@@ -158,7 +158,7 @@ void LimitsCheckerTest::passesOnlyLinesThatAreRead_data()
 {
     QTest::addColumn<QString>("folder");
 
-    const QDir cases(QFINDTESTDATA("data/limits"));
+    const QDir cases(QFINDTESTDATA("../../limits/data"));
     const QStringList names = cases.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     for (const QString &name : names) {
         QTest::newRow(qPrintable(name)) << cases.filePath(name);
