@@ -12,6 +12,7 @@
 #include "limitscommands.h"
 #include "listcommands.h"
 #include "pickcommands.h"
+#include "recordtext.h"
 #include "screenshots.h"
 #include "windowcommand.h"
 
@@ -148,7 +149,8 @@ bool isNew(const QString &message)
 void showOnce(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
 {
     if (isNew(message)) {
-        printError(message);
+        // Names in them are those of the records. What is fatal to Qt has several lines.
+        printError(type == QtFatalMsg ? message.simplified() : RecordText::decode(message));
     }
     if (type == QtFatalMsg) {
         std::_Exit(Failure);

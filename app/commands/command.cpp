@@ -5,6 +5,8 @@
 
 #include "command.h"
 
+#include "visibletext.h"
+
 #include <KLocalizedString>
 
 #include <QCommandLineParser>
@@ -66,7 +68,8 @@ int print(const QString &text)
 
 void printError(const QString &message)
 {
-    const QString line = QCoreApplication::applicationName() + QLatin1String(": ") + message + QLatin1Char('\n');
+    const QString line =
+        QCoreApplication::applicationName() + QLatin1String(": ") + VisibleText::fromText(message) + QLatin1Char('\n');
     fputs(qPrintable(line), stderr);
 }
 

@@ -48,7 +48,7 @@ int run(const Command &command, const QStringList &arguments);
 int print(const QByteArray &text);
 int print(const QString &text);
 
-/** Writes a message to standard error. */
+/** Writes a message to standard error, as one line and with nothing in it that could steer a terminal. */
 void printError(const QString &message);
 
 /** Writes a message to standard error; Failure. */

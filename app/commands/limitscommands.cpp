@@ -5,7 +5,9 @@
 
 #include "limitscommands.h"
 
+#include "findaccount.h"
 #include "limitschecker.h"
+#include "recordtext.h"
 #include "texttable.h"
 
 #include <GroupInfo>
@@ -44,10 +46,10 @@ int showRules(const LimitsParser &limits)
     TextTable table({{i18n("Rule")}, {i18n("Meaning")}});
     const QList<LimitsParser::Field> rules = limits.fields();
     for (const LimitsParser::Field &rule : rules) {
-        const QStringList columns{rule.domain, rule.type, rule.item, rule.value.toString()};
-        table.addRow({columns.join(QLatin1Char(' ')), LimitsParser::domainToolTip(rule.domain)});
-        table.addRow({QString(), plain(LimitsParser::typeToolTip(rule.type))});
-        table.addRow({QString(), LimitsParser::itemToolTip(rule.item)});
+        const QStringList columns = RecordText::decode({rule.domain, rule.type, rule.item, rule.value.toString()});
+        table.addRow({columns.join(QLatin1Char(' ')), LimitsParser::domainToolTip(columns.at(0))});
+        table.addRow({QString(), plain(LimitsParser::typeToolTip(columns.at(1)))});
+        table.addRow({QString(), LimitsParser::itemToolTip(columns.at(2))});
     }
     return print(table.toString());
 }
@@ -71,7 +73,7 @@ int showValues(const LimitsParser &limits, const Account &account)
 
 int showUser(const LimitsParser &limits, const QString &name)
 {
-    const UserInfo user = UserInfo::getUser(name);
+    const UserInfo user = FindAccount::user(name);
     if (user.isEmpty()) {
         return failure(i18n("There is no user '%1'.", name));
     }
@@ -80,7 +82,7 @@ int showUser(const LimitsParser &limits, const QString &name)
 
 int showGroup(const LimitsParser &limits, const QString &name)
 {
-    const GroupInfo group = GroupInfo::getGroup(name);
+    const GroupInfo group = FindAccount::group(name);
     if (group.isEmpty()) {
         return failure(i18n("There is no group '%1'.", name));
     }

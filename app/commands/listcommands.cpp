@@ -5,7 +5,9 @@
 
 #include "listcommands.h"
 
+#include "recordtext.h"
 #include "texttable.h"
+#include "visibletext.h"
 
 #include <GroupInfo>
 #include <UserInfo>
@@ -40,25 +42,25 @@ private:
 
 QString joined(const QStringList &names)
 {
-    return names.join(QLatin1Char(','));
+    return RecordText::decode(names).join(QLatin1Char(','));
 }
 
 int printJson(const QJsonArray &array)
 {
-    return print(QJsonDocument(array).toJson());
+    return print(VisibleText::fromJson(QJsonDocument(array).toJson()));
 }
 
 QJsonObject toJson(const UserInfo &user)
 {
     return {
-        {QStringLiteral("name"), user.name()},
+        {QStringLiteral("name"), RecordText::decode(user.name())},
         {QStringLiteral("uid"), qint64(user.uid())},
         {QStringLiteral("gid"), qint64(user.gid())},
         {QStringLiteral("gecos"), user.gecos()},
-        {QStringLiteral("home"), user.home()},
-        {QStringLiteral("shell"), user.shell()},
-        {QStringLiteral("primaryGroup"), user.primaryGroup().name()},
-        {QStringLiteral("groups"), QJsonArray::fromStringList(user.groupNames())},
+        {QStringLiteral("home"), RecordText::decode(user.home())},
+        {QStringLiteral("shell"), RecordText::decode(user.shell())},
+        {QStringLiteral("primaryGroup"), RecordText::decode(user.primaryGroup().name())},
+        {QStringLiteral("groups"), QJsonArray::fromStringList(RecordText::decode(user.groupNames()))},
         {QStringLiteral("admin"), user.isOrmelAdmin()},
         {QStringLiteral("system"), user.isSystem()},
     };
@@ -67,9 +69,9 @@ QJsonObject toJson(const UserInfo &user)
 QJsonObject toJson(const GroupInfo &group)
 {
     return {
-        {QStringLiteral("name"), group.name()},
+        {QStringLiteral("name"), RecordText::decode(group.name())},
         {QStringLiteral("gid"), qint64(group.gid())},
-        {QStringLiteral("members"), QJsonArray::fromStringList(group.users())},
+        {QStringLiteral("members"), QJsonArray::fromStringList(RecordText::decode(group.users()))},
         {QStringLiteral("system"), group.isSystem()},
     };
 }
@@ -107,9 +109,9 @@ int listUsers(const QCommandLineParser &options, const QString & /*operand*/)
     const YesOrNo yesOrNo;
     for (const UserInfo &user : users) {
         table.addRow({
-            user.name(),
+            RecordText::decode(user.name()),
             QString::number(user.uid()),
-            user.primaryGroup().name(),
+            RecordText::decode(user.primaryGroup().name()),
             joined(user.groupNames()),
             yesOrNo(user.isOrmelAdmin()),
             yesOrNo(user.isSystem()),
@@ -133,7 +135,7 @@ int listGroups(const QCommandLineParser &options, const QString & /*operand*/)
     const YesOrNo yesOrNo;
     for (const GroupInfo &group : groups) {
         table.addRow({
-            group.name(),
+            RecordText::decode(group.name()),
             QString::number(group.gid()),
             joined(group.users()),
             yesOrNo(group.isSystem()),

@@ -5,6 +5,10 @@
 
 #include "pickcommands.h"
 
+#include "findaccount.h"
+#include "recordtext.h"
+#include "visibletext.h"
+
 #include <GroupInfo>
 #include <GroupSelectDialog>
 #include <UserInfo>
@@ -36,7 +40,7 @@ int printNames(const QStringList &names)
     QString lines;
     for (const QString &name : names) {
         if (!name.isEmpty()) {
-            lines += name + QLatin1Char('\n');
+            lines += VisibleText::fromText(RecordText::decode(name)) + QLatin1Char('\n');
         }
     }
     return print(lines);
@@ -64,7 +68,7 @@ int pickUsers(const QCommandLineParser &options, const QString & /*operand*/)
 {
     GroupInfo group;
     if (options.isSet(groupOption())) {
-        group = GroupInfo::getGroup(options.value(groupOption()));
+        group = FindAccount::group(options.value(groupOption()));
         if (group.isEmpty()) {
             return usageError(i18n("There is no group '%1'.", options.value(groupOption())));
         }
@@ -78,7 +82,7 @@ int pickGroups(const QCommandLineParser &options, const QString & /*operand*/)
 {
     UserInfo user;
     if (options.isSet(userOption())) {
-        user = UserInfo::getUser(options.value(userOption()));
+        user = FindAccount::user(options.value(userOption()));
         if (user.isEmpty()) {
             return usageError(i18n("There is no user '%1'.", options.value(userOption())));
         }

@@ -5,25 +5,13 @@
 
 #include "texttable.h"
 
+#include "visibletext.h"
+
 #include <algorithm>
 
 namespace
 {
 constexpr int widestColumn = 60;
-
-bool isControl(QChar character)
-{
-    return character.category() == QChar::Other_Control;
-}
-
-QString printable(const QString &text)
-{
-    QString result = text;
-    if (std::any_of(text.begin(), text.end(), isControl)) {
-        std::replace_if(result.begin(), result.end(), isControl, QChar(QChar::ReplacementCharacter));
-    }
-    return result;
-}
 }
 
 TextTable::TextTable(const QVector<Column> &columns)
@@ -42,7 +30,7 @@ void TextTable::addRow(const QStringList &cells)
     QStringList row;
     row.reserve(cells.size());
     for (int i = 0; i < cells.size(); ++i) {
-        row.append(printable(cells.at(i)));
+        row.append(VisibleText::fromText(cells.at(i)));
         m_widths[i] = std::clamp(row.at(i).size(), m_widths.at(i), widestColumn);
     }
     m_rows.append(row);

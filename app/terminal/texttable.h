@@ -25,8 +25,8 @@ public:
 
     /**
      * The title row and the rows below it, one a line. A very long cell pushes the rest of its own
-     * row to the right instead of widening its column. Control characters, which could steer a
-     * terminal, are shown as U+FFFD.
+     * row to the right instead of widening its column. Characters that could steer a terminal are
+     * shown as visible signs.
      */
     QString toString() const;
 

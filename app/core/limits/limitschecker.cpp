@@ -5,6 +5,8 @@
 
 #include "limitschecker.h"
 
+#include "recordtext.h"
+
 #include <LimitsParser>
 
 #include <KLazyLocalizedString>
@@ -184,7 +186,7 @@ QList<LimitsFinding> checkLimits()
             ++number;
             const QStringList problems = limitsLineProblems(line);
             if (!problems.isEmpty()) {
-                findings.append({path, number, QString::fromLatin1(line.trimmed()), problems});
+                findings.append({path, number, RecordText::decode(QString::fromLatin1(line.trimmed())), problems});
             }
         }
     }

@@ -61,6 +61,15 @@ try "1" "Select Groups" "Escape" pick-groups --user alice
 try "0 alice staff video" "Select Groups" "Tab Tab space Return" pick-groups --user alice
 try "0 root" "Select Groups" "Tab r o o Tab Home Return" pick-groups --single
 
+# Names are read as UTF-8, and nothing in them steers the terminal.
+cat >>/etc/passwd <<END
+jürg:x:1003:51::/home/jürg:/bin/sh
+mallory$(printf '\u009b31m\u202e'):x:1004:51::/home/mallory:/bin/sh
+END
+echo "größe:x:51:" >>/etc/group
+try "0 jürg mallory�31m�" "Select Users" "Return" pick-users --group größe
+try "0 größe" "Select Groups" "Return" pick-groups --user jürg
+
 # Without accounts there are no rows to pick.
 : >/etc/passwd
 : >/etc/group

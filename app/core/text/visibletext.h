@@ -1,0 +1,40 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef VISIBLETEXT_H
+#define VISIBLETEXT_H
+
+#include <QString>
+
+class QByteArray;
+
+/**
+ * Texts of accounts and files in which nothing acts on what shows them. Users choose some of them:
+ * an escape sequence would steer a terminal, and a bidirectional override would make one name look
+ * like another.
+ */
+namespace VisibleText
+{
+/**
+ * @p text with a visible sign in the place of each character that is none: control characters, line
+ * and paragraph separators, and invisible formatting such as bidirectional controls. The characters
+ * that join letters or keep them apart stay, as some scripts need them.
+ */
+QString fromText(const QString &text);
+
+/**
+ * @p json, which is JSON text in UTF-8, with the same characters escaped. What is parsed out of it is
+ * the same.
+ */
+QByteArray fromJson(const QByteArray &json);
+
+/**
+ * fromText() for use within another text, whose order @p text must not change. Only text that is read
+ * from right to left gets isolating marks: what is copied out of a widget stays as it is elsewhere.
+ */
+QString isolated(const QString &text);
+}
+
+#endif

@@ -1,0 +1,235 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "accountfixtures.h"
+#include "limitsfixtures.h"
+#include "program.h"
+#include "sandbox.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <array>
+#include <vector>
+
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+// Texts that a user chose must not reach the terminal as they are.
+
+namespace
+{
+constexpr char escapeSequence[] = "\x1b]0;title\x07\x1b[2J";
+constexpr char c1Sequence[] = "\xc2\x9b"
+                              "31m"
+                              "\xc2\x85"
+                              "\xc2\x9d";
+constexpr char separators[] = "a\xe2\x80\xa8"
+                              "b\xe2\x80\xa9"
+                              "c\rd\x7f";
+constexpr char html[] = "<b>bold</b><img src=x>&amp;";
+
+/** Characters that turn the reading order around, as escapes: compilers warn of them as text. */
+QByteArray bidirectional()
+{
+    QByteArray bytes;
+    for (const ushort character : {0x202e, 0x2066, 0x061c, 0x200f}) {
+        bytes += QString(QChar(character)).toUtf8() + 't';
+    }
+    return bytes;
+}
+
+QByteArray hostileText()
+{
+    return QByteArray(escapeSequence) + c1Sequence + bidirectional() + separators + html;
+}
+
+/** What ormel-users writes to a terminal of its own, on either channel. */
+QByteArray shownOnTerminal(const QStringList &arguments)
+{
+    std::vector<QByteArray> words{QFile::encodeName(Program::path())};
+    for (const QString &argument : arguments) {
+        words.push_back(QFile::encodeName(argument));
+    }
+    std::vector<char *> argv;
+    argv.reserve(words.size() + 1);
+    for (QByteArray &word : words) {
+        argv.push_back(word.data());
+    }
+    argv.push_back(nullptr);
+
+    int terminal = -1;
+    const pid_t pid = forkpty(&terminal, nullptr, nullptr, nullptr);
+    if (pid == 0) {
+        execv(argv.front(), argv.data());
+        _exit(127);
+    }
+    QByteArray shown;
+    std::array<char, 4096> buffer{};
+    for (ssize_t count = read(terminal, buffer.data(), buffer.size()); count > 0;
+         count = read(terminal, buffer.data(), buffer.size())) {
+        shown.append(buffer.data(), int(count));
+    }
+    close(terminal);
+    waitpid(pid, nullptr, 0);
+    return shown;
+}
+
+/** The first thing in @p shown that acts on a terminal, with what follows it; empty when there is none. */
+QString firstControl(const QByteArray &shown)
+{
+    static const QRegularExpression control(
+        QStringLiteral(u"[\\x{00}-\\x{09}\\x{0b}\\x{0c}\\x{0e}-\\x{1f}\\x{7f}-\\x{9f}\\x{61c}\\x{200e}\\x{200f}"
+                       "\\x{2028}-\\x{202e}\\x{2066}-\\x{2069}]|\\r(?!\\n)"));
+    const QString text = QString::fromUtf8(shown);
+    const int position = text.indexOf(control);
+    return position < 0 ? QString() : QString::fromLatin1(text.mid(position, 20).toUtf8().toPercentEncoding());
+}
+}
+
+class HostileTextsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void shouldNotReachTerminal_data();
+    void shouldNotReachTerminal();
+    void shouldStayInJson_data();
+    void shouldStayInJson();
+    void shouldReadNamesAsUtf8_data();
+    void shouldReadNamesAsUtf8();
+};
+
+void HostileTextsTest::init()
+{
+    const QByteArray text = hostileText();
+    const QByteArray path = '/' + QByteArray(text).replace(':', ';');
+    Sandbox::setAccounts("root:x:0:0:" + text + ":/root:/bin/sh\n" + "ada" + c1Sequence + bidirectional()
+                             + ":x:1000:50:" + QByteArray(100000, 'x') + "\x1b[2J:" + path + ':' + path + '\n',
+                         "root:x:0:\nstaff" + text + ":x:50:ada" + c1Sequence + '\n');
+    clearLimits();
+    Sandbox::write(limitsPath(), "* soft core 1\n" + text + " hard nproc 2\n@" + text + " - " + text + " 3\n");
+    Sandbox::write(dropInPath(QString::fromUtf8("a" + QByteArray(text).replace('/', '_') + "\n.conf")),
+                   "broken " + text + '\n' + QByteArray(100000, 'y') + "\x1b[2J\n");
+}
+
+void HostileTextsTest::shouldNotReachTerminal_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("expected");
+
+    const QString text = QString::fromUtf8(hostileText() + '\n');
+    const auto row = [](const char *name, const QStringList &arguments, const char *expected) {
+        QTest::newRow(name) << arguments << QByteArray(expected);
+    };
+    row("users", {QStringLiteral("users")}, "31m");
+    row("users in JSON", {QStringLiteral("users"), QStringLiteral("--json")}, "31m");
+    row("groups", {QStringLiteral("groups")}, "31m");
+    row("groups in JSON", {QStringLiteral("groups"), QStringLiteral("--json")}, "31m");
+    row("rules", {QStringLiteral("limits")}, "31m");
+    row("suspicious lines", {QStringLiteral("limits"), QStringLiteral("--check")}, "31m");
+    row("unknown user", {QStringLiteral("limits"), QStringLiteral("--user"), text}, "31m");
+    row("unknown group", {QStringLiteral("limits"), QStringLiteral("--group"), text}, "31m");
+    row("unknown command", {text}, "31m");
+    row("unknown option", {QStringLiteral("--") + text}, "31m");
+    row("unknown option of a command", {QStringLiteral("users"), QStringLiteral("--") + text}, "31m");
+    row("unexpected argument", {QStringLiteral("users"), text}, "31m");
+    row("login name", {QStringLiteral("check-name"), text}, "reject");
+    row("group name", {QStringLiteral("check-group"), text}, "reject");
+    row("GECOS field", {QStringLiteral("check-gecos"), text}, "accept");
+    row("no such directory", {QStringLiteral("--screenshots"), QStringLiteral("/nowhere/") + text}, "31m");
+}
+
+void HostileTextsTest::shouldNotReachTerminal()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, expected);
+
+    const QByteArray shown = shownOnTerminal(arguments);
+    QVERIFY2(shown.contains(expected), shown.left(1000).toPercentEncoding().constData());
+    QCOMPARE(firstControl(shown), QString());
+}
+
+void HostileTextsTest::shouldStayInJson_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QByteArray>("value");
+
+    const QByteArray text = hostileText();
+    QTest::newRow("GECOS field") << QStringLiteral("users") << 0 << QStringLiteral("gecos") << text;
+    QTest::newRow("long GECOS field") << QStringLiteral("users") << 1 << QStringLiteral("gecos")
+                                      << QByteArray(100000, 'x') + "\x1b[2J";
+    QTest::newRow("home") << QStringLiteral("users") << 1 << QStringLiteral("home")
+                          << '/' + QByteArray(text).replace(':', ';');
+    QTest::newRow("shell") << QStringLiteral("users") << 1 << QStringLiteral("shell")
+                           << '/' + QByteArray(text).replace(':', ';');
+    QTest::newRow("primary group") << QStringLiteral("users") << 1 << QStringLiteral("primaryGroup") << "staff" + text;
+    QTest::newRow("group") << QStringLiteral("groups") << 1 << QStringLiteral("name") << "staff" + text;
+}
+
+void HostileTextsTest::shouldStayInJson()
+{
+    QFETCH(QString, command);
+    QFETCH(int, index);
+    QFETCH(QString, key);
+    QFETCH(QByteArray, value);
+
+    const QByteArray json = Program::run({command, QStringLiteral("--json")}).output;
+    const QJsonObject record = QJsonDocument::fromJson(json).array().at(index).toObject();
+    QCOMPARE(record.value(key).toString().toUtf8(), value);
+}
+
+void HostileTextsTest::shouldReadNamesAsUtf8_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("expected");
+
+    const QString name = QStringLiteral(u"j\u00fcrg");
+    const QString group = QStringLiteral(u"gr\u00f6\u00dfe");
+    QTest::newRow("users") << QStringList{QStringLiteral("users")}
+                           << QByteArray("j\xc3\xbcrg  1000  gr\xc3\xb6\xc3\x9f"
+                                         "e");
+    QTest::newRow("users in JSON") << QStringList{QStringLiteral("users"), QStringLiteral("--json")}
+                                   << QByteArray("\"home\": \"/home/j\xc3\xbcrg\"");
+    QTest::newRow("groups") << QStringList{QStringLiteral("groups")}
+                            << QByteArray("gr\xc3\xb6\xc3\x9f"
+                                          "e         50  j\xc3\xbcrg");
+    QTest::newRow("limits of user") << QStringList{QStringLiteral("limits"), QStringLiteral("--user"), name}
+                                    << QByteArray("4321");
+    QTest::newRow("limits of group") << QStringList{QStringLiteral("limits"), QStringLiteral("--group"), group}
+                                     << QByteArray("1234");
+    QTest::newRow("rules") << QStringList{QStringLiteral("limits")} << QByteArray("User name: \"j\xc3\xbcrg\"");
+    QTest::newRow("suspicious lines") << QStringList{QStringLiteral("limits"), QStringLiteral("--check")}
+                                      << QByteArray("\xc3\xa4rger");
+}
+
+void HostileTextsTest::shouldReadNamesAsUtf8()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, expected);
+
+    Sandbox::setAccounts("j\xc3\xbcrg:x:1000:50::/home/j\xc3\xbcrg:/bin/sh\n",
+                         "ormel-admin:x:27:\ngr\xc3\xb6\xc3\x9f"
+                         "e:x:50:j\xc3\xbcrg\n");
+    clearLimits();
+    Sandbox::write(limitsPath(),
+                   "j\xc3\xbcrg hard nproc 4321\n@gr\xc3\xb6\xc3\x9f"
+                   "e hard nproc 1234\n\xc3\xa4rger\n");
+    const Program::Result result = Program::run(arguments);
+    QVERIFY2(result.output.contains(expected), result.output.constData());
+    QCOMPARE(result.errors, QByteArray());
+}
+
+QTEST_GUILESS_MAIN(HostileTextsTest)
+
+#include "hostiletextstest.moc"

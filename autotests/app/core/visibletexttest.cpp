@@ -1,0 +1,143 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "visibletext.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTest>
+
+namespace
+{
+QString character(uint codePoint)
+{
+    return codePoint > 0xffff ? QString::fromUcs4(&codePoint, 1) : QString(QChar(codePoint));
+}
+
+QString escaped(uint codePoint)
+{
+    return QStringLiteral("\\u%1").arg(codePoint, 4, 16, QLatin1Char('0'));
+}
+}
+
+class VisibleTextTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void shouldReplaceInvisibleCharacters_data();
+    void shouldReplaceInvisibleCharacters();
+    void shouldKeepVisibleText_data();
+    void shouldKeepVisibleText();
+    void shouldReplaceInLongText();
+    void shouldEscapeInvisibleCharactersInJson_data();
+    void shouldEscapeInvisibleCharactersInJson();
+    void shouldKeepLayoutOfJson();
+    void shouldIsolateRightToLeftText();
+    void shouldNotIsolateLeftToRightText();
+};
+
+void VisibleTextTest::shouldReplaceInvisibleCharacters_data()
+{
+    QTest::addColumn<uint>("codePoint");
+    QTest::addColumn<uint>("sign");
+
+    QTest::newRow("null") << 0x00U << 0x2400U;
+    QTest::newRow("bell") << 0x07U << 0x2407U;
+    QTest::newRow("tab") << 0x09U << 0x2409U;
+    QTest::newRow("line feed") << 0x0aU << 0x240aU;
+    QTest::newRow("carriage return") << 0x0dU << 0x240dU;
+    QTest::newRow("escape") << 0x1bU << 0x241bU;
+    QTest::newRow("unit separator") << 0x1fU << 0x241fU;
+    QTest::newRow("delete") << 0x7fU << 0x2421U;
+    for (const uint codePoint :
+         {0x80,   0x85,   0x9b,   0x9f,   0xad,   0x61c,  0x200b, 0x200e, 0x200f, 0x2028, 0x2029,
+          0x202a, 0x202c, 0x202d, 0x202e, 0x2060, 0x2066, 0x2067, 0x2068, 0x2069, 0x206f, 0xfeff}) {
+        QTest::addRow("U+%04X", codePoint) << codePoint << 0xfffdU;
+    }
+}
+
+void VisibleTextTest::shouldReplaceInvisibleCharacters()
+{
+    QFETCH(uint, codePoint);
+    QFETCH(uint, sign);
+
+    const QString text = QStringLiteral("a%1b%1");
+    QCOMPARE(VisibleText::fromText(text.arg(character(codePoint))), text.arg(character(sign)));
+    QCOMPARE(VisibleText::isolated(text.arg(character(codePoint))), text.arg(character(sign)));
+}
+
+void VisibleTextTest::shouldKeepVisibleText_data()
+{
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("null") << QString();
+    QTest::newRow("space") << QStringLiteral(" ");
+    QTest::newRow("tilde") << QStringLiteral("~");
+    QTest::newRow("no-break space") << character(0xa0);
+    QTest::newRow("Latin") << QStringLiteral(u"J\u00fcrg");
+    QTest::newRow("Hebrew") << QStringLiteral(u"\u05d0\u05d1");
+    QTest::newRow("joiners") << QStringLiteral(u"\u0645\u200c\u0645\u200d\u0645");
+    QTest::newRow("emoji") << character(0x1f600);
+}
+
+void VisibleTextTest::shouldKeepVisibleText()
+{
+    QFETCH(QString, text);
+
+    QCOMPARE(VisibleText::fromText(text), text);
+    QCOMPARE(VisibleText::fromText(text).isNull(), text.isNull());
+    QCOMPARE(VisibleText::fromJson(text.toUtf8()), text.toUtf8());
+}
+
+void VisibleTextTest::shouldReplaceInLongText()
+{
+    const QString text = QString(100000, QLatin1Char('a')) + QChar(0x1b);
+    QCOMPARE(VisibleText::fromText(text), QString(100000, QLatin1Char('a')) + QChar(0x241b));
+}
+
+void VisibleTextTest::shouldEscapeInvisibleCharactersInJson_data()
+{
+    shouldReplaceInvisibleCharacters_data();
+}
+
+void VisibleTextTest::shouldEscapeInvisibleCharactersInJson()
+{
+    QFETCH(uint, codePoint);
+
+    const QString text = QStringLiteral("a%1b\\%1\"").arg(character(codePoint));
+    const QJsonArray array{text};
+    const QByteArray json = VisibleText::fromJson(QJsonDocument(array).toJson(QJsonDocument::Compact));
+    QCOMPARE(QJsonDocument::fromJson(json).array(), array);
+    if (codePoint >= 0x7f) {
+        QVERIFY2(json.contains(escaped(codePoint).toLatin1()), json.constData());
+    }
+    const QString shown = QString::fromUtf8(json);
+    QCOMPARE(VisibleText::fromText(shown), shown);
+}
+
+void VisibleTextTest::shouldKeepLayoutOfJson()
+{
+    const QJsonArray array{QJsonArray{1, QStringLiteral(u"J\u00fcrg")}, QString(QChar(0x202e))};
+    const QByteArray json = QJsonDocument(array).toJson();
+    QVERIFY(json.contains('\n'));
+    QCOMPARE(VisibleText::fromJson(json), QByteArray(json).replace(array.last().toString().toUtf8(), "\\u202e"));
+}
+
+void VisibleTextTest::shouldIsolateRightToLeftText()
+{
+    QCOMPARE(VisibleText::isolated(QStringLiteral(u"1\u05d0")), QStringLiteral(u"\u20681\u05d0\u2069"));
+    QCOMPARE(VisibleText::isolated(QStringLiteral(u"\u2069\u0627\n")),
+             QStringLiteral(u"\u2068\ufffd\u0627\u240a\u2069"));
+}
+
+void VisibleTextTest::shouldNotIsolateLeftToRightText()
+{
+    QCOMPARE(VisibleText::isolated(QStringLiteral("wheel")), QStringLiteral("wheel"));
+}
+
+QTEST_GUILESS_MAIN(VisibleTextTest)
+
+#include "visibletexttest.moc"
