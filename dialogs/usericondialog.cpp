@@ -36,13 +36,20 @@ QImage readImage(const QString &fileName)
     return reader.read(&image) ? image : QImage();
 }
 
-/** @p image with a colour in each pixel: the toolkit does not check numbers that its colour table does not have. */
-QImage withoutColorTable(const QImage &image)
+/**
+ * @p image with a colour for every number that a pixel can hold, since Qt reads beyond the end of a
+ * shorter colour table. The added colours are what conversions of the image make of such pixels.
+ */
+QImage withWholeColorTable(QImage image)
 {
     if (image.pixelFormat().colorModel() != QPixelFormat::Indexed) {
         return image;
     }
-    return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+    const QRgb added = image.hasAlphaChannel() ? qRgba(0, 0, 0, 0) : qRgb(0, 0, 0);
+    for (int number = image.colorCount(); number < 1 << image.depth(); ++number) {
+        image.setColor(number, added);
+    }
+    return image;
 }
 }
 
@@ -102,6 +109,6 @@ void UserIconDialog::on_clipboardButton_clicked()
 
 void UserIconDialog::showImage(const QImage &image)
 {
-    m_iconWidget->setImage(withoutColorTable(image));
+    m_iconWidget->setImage(withWholeColorTable(image));
     ui->buttonBox->button(QDialogButtonBox::Ok)->setEnabled(true);
 }

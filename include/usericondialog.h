@@ -72,8 +72,10 @@ public:
      */
     QPixmap selectedPixmap() const;
 
-private Q_SLOTS:
+public Q_SLOTS:
+    /** Lets the operator choose a file and shows the picture in it. */
     void on_fileButton_clicked(bool checked); // clazy:exclude=connect-by-name
+    /** Shows the image on the clipboard, if there is one. */
     void on_clipboardButton_clicked(); // clazy:exclude=connect-by-name
 
 private:
