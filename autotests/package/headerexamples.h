@@ -26,6 +26,7 @@
 class ExampleDialog : public QDialog
 {
 public:
+    template<int number>
     void example();
 
 private:

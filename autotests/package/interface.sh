@@ -7,4 +7,4 @@
 set -euo pipefail
 
 data=$(dirname "$0")/data/interface
-exec abidiff --suppressions "$data/private.abignore" "$data/libormel-users-qt.abi" "$1"
+exec abidiff --exported-interfaces-only --suppressions "$data/private.abignore" "$data/libormel-users-qt.abi" "$1"
