@@ -35,6 +35,26 @@ function(ormel_test_environment name)
     set_property(TEST ${ORMEL_TEST_ROOM}-${name} APPEND PROPERTY ENVIRONMENT ${ARGN})
 endfunction()
 
+# ormel_build_quickly(<target> [REUSE_FROM <target> | PRIVATE <precompiled header>...]): for test code, which takes
+# more time to compile than to run.
+function(ormel_build_quickly target)
+    if(CMAKE_BUILD_TYPE STREQUAL RelWithDebInfo)
+        target_compile_options(${target} PRIVATE -O0)
+    endif()
+    if(ARGN)
+        target_precompile_headers(${target} ${ARGN})
+    endif()
+endfunction()
+
+# ormel_moc_included(<target> <source>): <source> includes what moc makes of it. One command is quicker than
+# the search of AUTOMOC in each of so many small programs.
+function(ormel_moc_included target source)
+    cmake_path(GET source STEM name)
+    qt5_generate_moc("${source}" "${CMAKE_CURRENT_BINARY_DIR}/${name}.moc")
+    target_sources(${target} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/${name}.moc")
+    set_target_properties(${target} PROPERTIES AUTOMOC OFF AUTORCC OFF AUTOUIC OFF)
+endfunction()
+
 # ormel_add_test(<name> [DISPLAY | DISPLAY_ONLY] [SOURCES source...] [LIBRARIES library...]
 # [DEFINITIONS definition...]): the test <name>.cpp, run on the offscreen platform or, with DISPLAY,
 # on an X server too. Sources of the library or the application may be named, for what they keep to
@@ -44,6 +64,8 @@ function(ormel_add_test name)
     set(program ${ORMEL_TEST_ROOM}-${name})
     add_executable(${program} ${name}.cpp ${ARG_SOURCES})
     ecm_mark_as_test(${program})
+    ormel_moc_included(${program} ${name}.cpp)
+    ormel_build_quickly(${program} REUSE_FROM testsupport)
     target_compile_definitions(${program} PRIVATE ${ARG_DEFINITIONS})
     target_link_libraries(${program} PRIVATE testsupport ${ARG_LIBRARIES})
     foreach(source IN LISTS ARG_SOURCES)
@@ -60,24 +82,14 @@ function(ormel_add_test name)
     endif()
 endfunction()
 
-# ormel_add_thread_test(<name> [source...]): the test <name>.cpp, built with the thread sanitizer, which goes
-# with no other, together with the sources it is about. Qt is not built with it, so what Qt does is left
-# out of the reports.
+# ormel_add_thread_test(<name>): the test <name>.cpp, built with the thread sanitizer, which goes with no other,
+# and linked to the library "threadchecked". Qt is not built with it, so what Qt does is left out of the reports.
 function(ormel_add_thread_test name)
     set(program ${ORMEL_TEST_ROOM}-${name})
-    add_executable(${program} ${name}.cpp "${TESTSUPPORT_DIR}/sandbox.cpp" ${ARGN})
+    add_executable(${program} ${name}.cpp)
     ecm_mark_as_test(${program})
-    target_compile_definitions(${program} PRIVATE
-        ORMELUSERSQT_STATIC_DEFINE
-        TRANSLATION_DOMAIN="ormel_kcm_users"
-    )
-    target_include_directories(${program} PRIVATE
-        $<TARGET_PROPERTY:ormel-users-qt,INCLUDE_DIRECTORIES>
-        $<TARGET_PROPERTY:testsupport,INTERFACE_INCLUDE_DIRECTORIES>
-    )
-    target_compile_options(${program} PRIVATE -fsanitize=thread)
-    target_link_options(${program} PRIVATE -fsanitize=thread)
-    target_link_libraries(${program} PRIVATE Qt5::Test KF5::I18n)
+    ormel_moc_included(${program} ${name}.cpp)
+    target_link_libraries(${program} PRIVATE threadchecked)
     ormel_run_in_sandbox(${program} ${name})
     ormel_test_environment(${name} "TSAN_OPTIONS=ignore_noninstrumented_modules=1:halt_on_error=1")
 endfunction()
