@@ -7,6 +7,11 @@
 
 MessageRecorder *MessageRecorder::s_current = nullptr;
 
+bool MessageRecorder::Message::isPlainWarning() const
+{
+    return type == QtWarningMsg && category == "default" && file.isNull() && function.isNull() && line == 0;
+}
+
 MessageRecorder::MessageRecorder()
     : m_previous(qInstallMessageHandler(record))
 {

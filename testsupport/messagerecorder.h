@@ -21,6 +21,9 @@ public:
         QByteArray function;
         int line = 0;
         QString text;
+
+        /** Whether it is a warning of the category "default", without file, function and line. */
+        bool isPlainWarning() const;
     };
 
     MessageRecorder();
