@@ -3,6 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "accountfixtures.h"
 #include "fuzzing.h"
 #include "sandbox.h"
 
@@ -16,11 +17,6 @@
 
 namespace
 {
-QString adduserConf()
-{
-    return QStringLiteral("/etc/adduser.conf");
-}
-
 /** The pattern of one line without its end; @p pattern, which another one set, where it has none. */
 QByteArray patternOf(const QByteArray &line, const QByteArray &pattern)
 {
@@ -60,11 +56,11 @@ void Target::prepare()
 
 void Target::run(const QByteArray &input)
 {
-    Sandbox::write(adduserConf(), input);
+    Sandbox::write(adduserConfPath(), input);
     const QString pattern = patternInForce();
     Fuzzing::requireEqual(pattern, expectedPattern(input), "The pattern");
 
     // The second line, so that carriage returns stay.
-    Sandbox::write(adduserConf(), "\nNAME_REGEX=\"" + pattern.toLatin1() + "\"\n");
+    Sandbox::write(adduserConfPath(), "\nNAME_REGEX=\"" + pattern.toLatin1() + "\"\n");
     Fuzzing::requireEqual(patternInForce(), pattern, "The pattern, written and read again");
 }

@@ -3,6 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "accountfixtures.h"
 #include "fuzzing.h"
 #include "sandbox.h"
 
@@ -113,7 +114,7 @@ void Target::prepare()
 void Target::run(const QByteArray &input)
 {
     const QList<QByteArray> lines = input.split('\n');
-    Sandbox::write(QStringLiteral("/etc/adduser.conf"), "NAME_REGEX=\"" + lines.first() + "\"\n");
+    Sandbox::write(adduserConfPath(), "NAME_REGEX=\"" + lines.first() + "\"\n");
     const Validator userName(UserUtils::createUserNameValidator(nullptr));
     const Validator groupName(UserUtils::createGroupNameValidator(nullptr));
     const Validator gecos(UserUtils::createGecosValidator(nullptr));

@@ -226,7 +226,7 @@ void DescriptorShortageTest::findsStockPictures()
 
 void DescriptorShortageTest::opensAgainWhenInterrupted()
 {
-    Sandbox::write(QStringLiteral("/etc/adduser.conf"), "NAME_REGEX=\"[a-z]*\"\n");
+    Sandbox::write(adduserConfPath(), "NAME_REGEX=\"[a-z]*\"\n");
     LimitsParser limits;
     QString error;
 

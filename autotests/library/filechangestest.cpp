@@ -443,7 +443,7 @@ void FileChangesTest::readsLinesThatGrowAtAnyCall_data()
 
     // What a comment says must not be taken for a line of its own.
     QTest::newRow("limits") << limitsPath() << QByteArray("#bob - core 1\n") << 2;
-    QTest::newRow("adduser.conf") << QStringLiteral("/etc/adduser.conf") << QByteArray("#NAME_REGEX=\".\"\n") << 3;
+    QTest::newRow("adduser.conf") << adduserConfPath() << QByteArray("#NAME_REGEX=\".\"\n") << 3;
 }
 
 void FileChangesTest::readsLinesThatGrowAtAnyCall()
@@ -481,7 +481,7 @@ void FileChangesTest::readsFilesThatChangeAtAnyTime()
         {groupPath(), versions(groupVersion)},
         {limitsPath(), versions(limitsVersion)},
         {dropInPath(QStringLiteral("a.conf")), versions(limitsVersion)},
-        {QStringLiteral("/etc/adduser.conf"), versions(adduserVersion)},
+        {adduserConfPath(), versions(adduserVersion)},
         {facePath(1), {"1", "11"}},
         {facePath(2), {"2", "22"}},
     };

@@ -3,6 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "accountfixtures.h"
 #include "runtogether.h"
 #include "sandbox.h"
 
@@ -40,7 +41,7 @@ void FirstUseThreadTest::initTestCase()
 {
     Sandbox::removeExtraAccounts();
     Sandbox::setAccounts("root:x:0:0::/:\n", "root:x:0:\normel-admin:x:27:\n");
-    Sandbox::write(QStringLiteral("/etc/adduser.conf"), "NAME_REGEX=\"^[a-z]+$\"\n");
+    Sandbox::write(adduserConfPath(), "NAME_REGEX=\"^[a-z]+$\"\n");
 }
 
 void FirstUseThreadTest::makesValidators_data()

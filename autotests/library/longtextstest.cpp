@@ -55,7 +55,7 @@ private:
 void LongTextsTest::init()
 {
     Sandbox::removeExtraAccounts();
-    Sandbox::remove(QStringLiteral("/etc/adduser.conf"));
+    Sandbox::remove(adduserConfPath());
     m_timer.start();
 }
 
@@ -84,7 +84,7 @@ void LongTextsTest::takesLongGecos()
 void LongTextsTest::refusesNamesByLongPattern()
 {
     const QByteArray pattern(many, 'a');
-    Sandbox::write(QStringLiteral("/etc/adduser.conf"), "NAME_REGEX=\"" + pattern + "\"\n");
+    Sandbox::write(adduserConfPath(), "NAME_REGEX=\"" + pattern + "\"\n");
     const MessageRecorder toolkitMessages;
     // The engine takes no pattern of this length, and then no text matches.
     QCOMPARE(stateOf(UserUtils::createUserNameValidator, QStringLiteral("a")), QValidator::Invalid);

@@ -11,19 +11,13 @@
 
 #include <UserUtils>
 
-#include <QFile>
 #include <QProcess>
 #include <QTest>
 
-#include <cstring>
-
 #include <crypt.h>
+#include <cstring>
 #include <dlfcn.h>
 #include <unistd.h>
-
-extern "C" char *gost_crypt(const char *key, const char *setting);
-
-// The hash functions are seen, and told what to give, by standing in for them.
 
 namespace
 {
@@ -52,21 +46,7 @@ char *hash(const char *function, const char *key, const char *setting)
     const auto next = reinterpret_cast<Hash>(dlsym(RTLD_NEXT, function));
     return next ? next(key, setting) : nullptr;
 }
-}
 
-// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the headers do not agree either
-extern "C" Q_DECL_EXPORT char *crypt(const char *key, const char *setting) noexcept
-{
-    return hash("crypt", key, setting);
-}
-
-extern "C" Q_DECL_EXPORT char *gost_crypt(const char *key, const char *setting)
-{
-    return hash("gost_crypt", key, setting);
-}
-
-namespace
-{
 void addMethods()
 {
     QTest::addColumn<bool>("useGost");
@@ -103,17 +83,25 @@ bool systemAccepts(const QString &user, const QByteArray &password)
 }
 }
 
+extern "C" char *gost_crypt(const char *key, const char *setting);
+
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the headers do not agree either
+extern "C" Q_DECL_EXPORT char *crypt(const char *key, const char *setting) noexcept
+{
+    return hash("crypt", key, setting);
+}
+
+extern "C" Q_DECL_EXPORT char *gost_crypt(const char *key, const char *setting)
+{
+    return hash("gost_crypt", key, setting);
+}
+
 class PasswordHashTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
-
-    void mapsDrawsToSaltCharacters_data();
-    void mapsDrawsToSaltCharacters();
-    void drawsFromSystemGenerator();
-    void drawsSaltCharactersUniformly();
 
     void passesPasswordAndSetting_data();
     void passesPasswordAndSetting();
@@ -148,59 +136,6 @@ void PasswordHashTest::init()
 {
     m_functions = HashFunctions();
     s_functions = &m_functions;
-}
-
-void PasswordHashTest::mapsDrawsToSaltCharacters_data()
-{
-    QTest::addColumn<quint32>("lowest");
-    QTest::addColumn<quint32>("highest");
-    QTest::addColumn<char>("character");
-
-    for (quint32 i = 0; i < 64; ++i) {
-        QTest::addRow("%c", saltAlphabet[i]) << (i << 26) << (i << 26 | 0x3ffffff) << saltAlphabet[i];
-    }
-}
-
-void PasswordHashTest::mapsDrawsToSaltCharacters()
-{
-    QFETCH(quint32, lowest);
-    QFETCH(quint32, highest);
-    QFETCH(char, character);
-
-    const RandomScript random({lowest, highest});
-    QCOMPARE(UserUtils::saltCharacter(), character);
-    QCOMPARE(UserUtils::saltCharacter(), character);
-}
-
-void PasswordHashTest::drawsFromSystemGenerator()
-{
-    const RandomScript random;
-    UserUtils::saltCharacter();
-    QCOMPARE(random.systemDraws(), 1);
-    QCOMPARE(random.globalDraws(), 0);
-    QCOMPARE(random.otherDraws(), 0);
-}
-
-void PasswordHashTest::drawsSaltCharactersUniformly()
-{
-    constexpr int draws = 100000;
-    constexpr double expected = draws / 64.0;
-    QHash<char, int> counts;
-    for (int i = 0; i < draws; ++i) {
-        ++counts[UserUtils::saltCharacter()];
-    }
-
-    double chiSquare = 0;
-    int counted = 0;
-    const QByteArray alphabet = saltAlphabet;
-    for (const char c : alphabet) {
-        const double difference = counts.value(c) - expected;
-        chiSquare += difference * difference / expected;
-        counted += counts.value(c);
-    }
-    QCOMPARE(counted, draws);
-    // With 63 degrees of freedom a uniform source exceeds this once in 10^9 runs.
-    QVERIFY2(chiSquare < 155.1, QByteArray::number(chiSquare).constData());
 }
 
 void PasswordHashTest::passesPasswordAndSetting_data()

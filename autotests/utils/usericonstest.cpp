@@ -6,6 +6,7 @@
 #include "messagerecorder.h"
 #include "randomscript.h"
 #include "sandbox.h"
+#include "usericonfixtures.h"
 
 #include <UserUtils>
 
@@ -13,73 +14,12 @@
 #include <QFile>
 #include <QTest>
 
-#include <initializer_list>
-
 namespace
 {
-QString inKiv(const char *name)
-{
-    return QStringLiteral("/usr/share/kiv/%1").arg(QLatin1String(name));
-}
-
-QString inFaces(const char *name)
-{
-    return QStringLiteral("/usr/share/kiv/faces/%1").arg(QLatin1String(name));
-}
-
-/** Makes empty files, and the directories they are in. */
-void make(const QStringList &paths)
-{
-    for (const QString &path : paths) {
-        QDir().mkpath(QFileInfo(path).path());
-        Sandbox::write(path, "");
-    }
-}
-
-void makeFaces(std::initializer_list<const char *> names)
-{
-    QDir().mkpath(UserUtils::userIconPath());
-    for (const char *name : names) {
-        make({inFaces(name)});
-    }
-}
-
-/** The lowest and the highest draw for which the pick is @p index of @p count. */
-quint32 lowestDraw(int index, int count)
-{
-    return quint32(((quint64(index) << 32) + quint64(count) - 1) / quint64(count));
-}
-
-quint32 highestDraw(int index, int count)
-{
-    return quint32(((quint64(index + 1) << 32) - 1) / quint64(count));
-}
-
-/** The pictures picked for each index of @p count candidates. */
-QStringList picks(int count, bool preferDefault = false)
-{
-    QStringList names;
-    for (int i = 0; i < count; ++i) {
-        const RandomScript random({lowestDraw(i, count), highestDraw(i, count)});
-        const QString icon = UserUtils::getRandomUserIcon(preferDefault);
-        if (UserUtils::getRandomUserIcon(preferDefault) != icon) {
-            return {QStringLiteral("not %1 candidates").arg(count)};
-        }
-        names.append(icon);
-    }
-    return names;
-}
-
 QStringList sorted(QStringList list)
 {
     list.sort();
     return list;
-}
-
-/** The names in @p directory in the order in which the toolkit lists them. */
-QStringList listed(const char *directory, QDir::Filters filters = QDir::Files)
-{
-    return QDir(inFaces(directory)).entryList(filters, QDir::NoSort);
 }
 }
 
@@ -89,7 +29,6 @@ class UserIconsTest : public QObject
 
 private Q_SLOTS:
     void init();
-    void cleanup();
 
     void isInFixedDirectory();
 
@@ -109,32 +48,9 @@ private Q_SLOTS:
     void picksWithWeights();
     void drawsOnceFromGlobalGenerator();
     void returnsAbsolutePathInAnyDirectory();
-
-    void prefersDefaultInSubdirectory();
-    void prefersFirstDefault();
-    void prefersOwnDefaultToThatOfParent();
-    void prefersFilesThatBeginWithDefaultNameOnly_data();
-    void prefersFilesThatBeginWithDefaultNameOnly();
-
-    void looksAtNamesOfFilesOnly();
-    void returnsPathOfLink();
-
-    void avoidsDefault();
-    void avoidsNameAnywhere_data();
-    void avoidsNameAnywhere();
-    void movesFromLastToFirst();
-    void movesOnceOnly();
-    void returnsDefaultWhenItIsTheOnlyOne();
-    void returnsOtherDefaultWhenThereAreOnlySuch();
-    void avoidsOtherNamesThatContainItWhenPreferring();
 };
 
 void UserIconsTest::init()
-{
-    Sandbox::clear(inKiv(""));
-}
-
-void UserIconsTest::cleanup()
 {
     Sandbox::clear(inKiv(""));
 }
@@ -310,156 +226,6 @@ void UserIconsTest::returnsAbsolutePathInAnyDirectory()
     const QString icon = UserUtils::getRandomUserIcon(false);
     QVERIFY(QDir::setCurrent(before));
     QCOMPARE(icon, inFaces("sub/a.png"));
-}
-
-void UserIconsTest::prefersDefaultInSubdirectory()
-{
-    makeFaces({"a.png", "b.png", "sub/default-user-red.png"});
-    const QString icon = inFaces("sub/default-user-red.png");
-    for (int i = 0; i < 50; ++i) {
-        QCOMPARE(UserUtils::getRandomUserIcon(true), icon);
-    }
-}
-
-void UserIconsTest::prefersFirstDefault()
-{
-    makeFaces({"default-user-red.svg", "default-user-red.png", "sub/default-user-red."});
-    QCOMPARE(UserUtils::getRandomUserIcon(true), inFaces("") + listed("").at(0));
-}
-
-void UserIconsTest::prefersOwnDefaultToThatOfParent()
-{
-    makeFaces({"default-user-red.png"});
-    make({inKiv("default-user-red.jpg")});
-    QCOMPARE(UserUtils::getRandomUserIcon(true), inFaces("default-user-red.png"));
-
-    Sandbox::clear(inFaces(""));
-    QCOMPARE(UserUtils::getRandomUserIcon(true), inKiv("default-user-red.jpg"));
-}
-
-void UserIconsTest::prefersFilesThatBeginWithDefaultNameOnly_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("preferred");
-
-    QTest::newRow("default-user-red.png") << QStringLiteral("default-user-red.png") << true;
-    QTest::newRow("default-user-red.") << QStringLiteral("default-user-red.") << true;
-    QTest::newRow("default-user-red.old.png") << QStringLiteral("default-user-red.old.png") << true;
-    QTest::newRow("default-user-red") << QStringLiteral("default-user-red") << false;
-    QTest::newRow("default-user-red-png") << QStringLiteral("default-user-red-png") << false;
-    QTest::newRow("Default-user-red.png") << QStringLiteral("Default-user-red.png") << false;
-    QTest::newRow("default-user-RED.png") << QStringLiteral("default-user-RED.png") << false;
-    QTest::newRow("my-default-user-red.png") << QStringLiteral("my-default-user-red.png") << false;
-}
-
-void UserIconsTest::prefersFilesThatBeginWithDefaultNameOnly()
-{
-    QFETCH(QString, name);
-    QFETCH(bool, preferred);
-
-    makeFaces({"sub/other.png"});
-    make({inFaces("sub/") + name});
-    const RandomScript random;
-    const QString icon = UserUtils::getRandomUserIcon(true);
-    QCOMPARE(random.globalDraws(), preferred ? 0 : 1);
-    QVERIFY(!preferred || icon == inFaces("sub/") + name);
-}
-
-void UserIconsTest::looksAtNamesOfFilesOnly()
-{
-    makeFaces({"default-user-red.d/one.png", "default-user-red.d/two.png"});
-    QStringList expected;
-    const QStringList names = listed("default-user-red.d");
-    for (const QString &name : names) {
-        expected.append(inFaces("default-user-red.d/") + name);
-    }
-    QCOMPARE(picks(2), expected);
-    QCOMPARE(picks(2, true), expected);
-}
-
-void UserIconsTest::returnsPathOfLink()
-{
-    makeFaces({});
-    make({inKiv("icons/red.png")});
-    const QString link = inFaces("default-user-red.png");
-    QVERIFY(QFile::link(inKiv("icons/red.png"), link));
-    QCOMPARE(UserUtils::getRandomUserIcon(true), link);
-    QCOMPARE(picks(2), QStringList({link, link}));
-}
-
-void UserIconsTest::avoidsDefault()
-{
-    makeFaces({"sub/default-user-red.png", "sub/other.png"});
-    const QString other = inFaces("sub/other.png");
-    QCOMPARE(picks(2), QStringList({other, other}));
-}
-
-void UserIconsTest::avoidsNameAnywhere_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("avoided");
-
-    QTest::newRow("default-user-red.png") << QStringLiteral("default-user-red.png") << true;
-    QTest::newRow("my-default-user-red.png") << QStringLiteral("my-default-user-red.png") << true;
-    QTest::newRow("my-default-user-red.") << QStringLiteral("my-default-user-red.") << true;
-    QTest::newRow("default-user-red") << QStringLiteral("default-user-red") << false;
-    QTest::newRow("Default-user-red.png") << QStringLiteral("Default-user-red.png") << false;
-}
-
-void UserIconsTest::avoidsNameAnywhere()
-{
-    QFETCH(QString, name);
-    QFETCH(bool, avoided);
-
-    makeFaces({"sub/other.png"});
-    make({inFaces("sub/") + name});
-    QCOMPARE(picks(2).count(inFaces("sub/") + name), avoided ? 0 : 1);
-}
-
-void UserIconsTest::movesFromLastToFirst()
-{
-    makeFaces({"sub/a.png", "sub/b.png", "sub/x-default-user-red.png"});
-    const QStringList names = listed("sub");
-    const int at = names.indexOf(QStringLiteral("x-default-user-red.png"));
-    QCOMPARE(picks(3).at(at), inFaces("sub/") + names.at((at + 1) % 3));
-}
-
-void UserIconsTest::movesOnceOnly()
-{
-    makeFaces({"sub/default-user-red.1", "sub/default-user-red.2", "sub/other.png"});
-    const QStringList names = listed("sub");
-    QStringList expected;
-    for (int i = 0; i < 3; ++i) {
-        const bool isDefault = names.at(i).startsWith(QLatin1String("default"));
-        expected.append(inFaces("sub/") + names.at(isDefault ? (i + 1) % 3 : i));
-    }
-    QCOMPARE(picks(3), expected);
-    QCOMPARE(expected.count(inFaces("sub/other.png")), 2);
-}
-
-void UserIconsTest::returnsDefaultWhenItIsTheOnlyOne()
-{
-    makeFaces({"sub/default-user-red.png"});
-    QCOMPARE(picks(1), QStringList(inFaces("sub/default-user-red.png")));
-}
-
-void UserIconsTest::returnsOtherDefaultWhenThereAreOnlySuch()
-{
-    makeFaces({"sub/default-user-red.1", "sub/default-user-red.2"});
-    const QStringList names = listed("sub");
-    QCOMPARE(picks(2),
-             QStringList({
-                 inFaces("sub/") + names.at(1),
-                 inFaces("sub/") + names.at(0),
-             }));
-}
-
-void UserIconsTest::avoidsOtherNamesThatContainItWhenPreferring()
-{
-    // Not preferred, since its name does not begin so, and then avoided.
-    makeFaces({"sub/my-default-user-red.png", "sub/other.png"});
-    const QString other = inFaces("sub/other.png");
-    QCOMPARE(picks(2, true), QStringList({other, other}));
 }
 
 QTEST_GUILESS_MAIN(UserIconsTest)

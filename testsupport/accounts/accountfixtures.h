@@ -18,6 +18,11 @@ inline QString groupPath()
     return QStringLiteral("/etc/group");
 }
 
+inline QString adduserConfPath()
+{
+    return QStringLiteral("/etc/adduser.conf");
+}
+
 inline QString groupNotFound(const QString &name)
 {
     return QStringLiteral("GroupInfo: unable to find group entry by name: ") + name;

@@ -30,11 +30,6 @@ const char groupsFile[] = "root:x:0:\n"
 const char usersHeading[] = "Name  UID  Primary group  Groups  Admin  System\n";
 const char groupsHeading[] = "Name  GID  Members  System\n";
 
-QString adduserConf()
-{
-    return QStringLiteral("/etc/adduser.conf");
-}
-
 Program::Result run(const char *arguments)
 {
     return Program::run(QString::fromLatin1(arguments).split(QLatin1Char(' ')));
@@ -196,14 +191,14 @@ void AccountExtremesTest::copesWithUnreadableFiles()
 
 void AccountExtremesTest::fallsBackWithoutConfiguration()
 {
-    Sandbox::write(adduserConf(), "NAME_REGEX=\"[0-9]+\"\n");
+    Sandbox::write(adduserConfPath(), "NAME_REGEX=\"[0-9]+\"\n");
     QCOMPARE(run("check-name 1").status, 0);
-    makeUnreadable(adduserConf());
+    makeUnreadable(adduserConfPath());
     const Program::Result result = run("check-name 1");
     QCOMPARE(result.output, QByteArray("rejected: the whole text has to match [a-z][a-z0-9\\_\\-]*\n"));
     QCOMPARE(result.errors, QByteArray());
     QCOMPARE(result.status, 2);
-    Sandbox::remove(adduserConf());
+    Sandbox::remove(adduserConfPath());
 }
 
 void AccountExtremesTest::listsManyUsersAsGetentAndIdDo()

@@ -3,6 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "accountfixtures.h"
 #include "program.h"
 #include "sandbox.h"
 
@@ -10,11 +11,6 @@
 
 namespace
 {
-QString adduserConf()
-{
-    return QStringLiteral("/etc/adduser.conf");
-}
-
 Program::Result run(const QStringList &arguments)
 {
     return Program::run(Program::path(), arguments);
@@ -38,7 +34,7 @@ private Q_SLOTS:
 
 void CheckCommandsTest::init()
 {
-    Sandbox::remove(adduserConf());
+    Sandbox::remove(adduserConfPath());
 }
 
 void CheckCommandsTest::tellsStateAndRule_data()
@@ -89,7 +85,7 @@ void CheckCommandsTest::tellsStateAndRule()
 
 void CheckCommandsTest::tellsPatternOfConfiguration()
 {
-    Sandbox::write(adduserConf(), "NAME_REGEX=\"[a-z]+-[0-9]\"\n");
+    Sandbox::write(adduserConfPath(), "NAME_REGEX=\"[a-z]+-[0-9]\"\n");
     const Program::Result result = run({QStringLiteral("check-name"), QStringLiteral("user")});
     QCOMPARE(result.output, QByteArray("unfinished: the whole text has to match [a-z]+-[0-9]\n"));
     QCOMPARE(result.status, 1);
@@ -97,7 +93,7 @@ void CheckCommandsTest::tellsPatternOfConfiguration()
 
 void CheckCommandsTest::rejectsWithInvalidPattern()
 {
-    Sandbox::write(adduserConf(), "NAME_REGEX=\"[a-z\"\n");
+    Sandbox::write(adduserConfPath(), "NAME_REGEX=\"[a-z\"\n");
     const Program::Result result = run({QStringLiteral("check-name"), QStringLiteral("user")});
     QCOMPARE(result.output, QByteArray("rejected: the whole text has to match [a-z\n"));
     QCOMPARE(result.status, 2);
