@@ -4,14 +4,15 @@
 */
 
 #include "accountfixtures.h"
+#include "callhook.h"
 #include "changingfiles.h"
 #include "describe.h"
+#include "fileversions.h"
 #include "limitsfixtures.h"
 #include "messagerecorder.h"
 #include "modellog.h"
 #include "openfiles.h"
 #include "program.h"
-#include "standin.h"
 
 #include <GroupListModel>
 #include <UserListModel>
@@ -22,159 +23,17 @@
 #include <QRegularExpressionValidator>
 #include <QTest>
 
-#include <functional>
+#include <algorithm>
+#include <iterator>
 #include <memory>
 
-#include <grp.h>
 #include <malloc.h>
-#include <pwd.h>
-#include <unistd.h>
 
 // Files that change while they are read: at every call of the C library's account functions, and
 // by a second process at any time.
 
 namespace
 {
-int s_calls = 0;
-std::function<void()> *s_onCall = nullptr;
-
-void called()
-{
-    if (s_onCall) {
-        (*s_onCall)();
-        ++s_calls;
-    }
-}
-}
-
-extern "C" Q_DECL_EXPORT FILE *fopen(const char *path, const char *mode)
-{
-    static const auto next = original(fopen, "fopen");
-    called();
-    return next(path, mode);
-}
-
-extern "C" Q_DECL_EXPORT passwd *fgetpwent(FILE *file)
-{
-    static const auto next = original(fgetpwent, "fgetpwent");
-    called();
-    return next(file);
-}
-
-extern "C" Q_DECL_EXPORT group *fgetgrent(FILE *file)
-{
-    static const auto next = original(fgetgrent, "fgetgrent");
-    called();
-    return next(file);
-}
-
-extern "C" Q_DECL_EXPORT int getgrouplist(const char *user, gid_t group, gid_t *groups, int *count)
-{
-    static const auto next = original(getgrouplist, "getgrouplist");
-    called();
-    return next(user, group, groups, count);
-}
-
-extern "C" Q_DECL_EXPORT group *getgrgid(gid_t gid)
-{
-    static const auto next = original(getgrgid, "getgrgid");
-    called();
-    return next(gid);
-}
-
-extern "C" Q_DECL_EXPORT group *getgrnam(const char *name)
-{
-    static const auto next = original(getgrnam, "getgrnam");
-    called();
-    return next(name);
-}
-
-extern "C" Q_DECL_EXPORT ssize_t read(int file, void *buffer, size_t size)
-{
-    static const auto next = original(read, "read");
-    called();
-    return next(file, buffer, size);
-}
-
-namespace
-{
-/** How many of the functions above @p read calls; @p onCall is called before each. */
-int callsOf(
-    const std::function<void()> &read, std::function<void()> onCall = [] {})
-{
-    s_calls = 0;
-    s_onCall = &onCall;
-    read();
-    s_onCall = nullptr;
-    return s_calls;
-}
-
-constexpr int userCount = 6;
-
-/** The accounts of one version: the same names, with other ids, members and homes. */
-QByteArray passwdVersion(int version)
-{
-    QByteArray lines;
-    for (int i = 0; i < userCount; ++i) {
-        const QByteArray number = QByteArray::number(i);
-        const QByteArray id = QByteArray::number(1000 + 100 * version + i);
-        const QByteArray gid = QByteArray::number(i % 3 == 0 ? 50 + version : 1000 + (i + version) % userCount);
-        lines += "user" + number + ":x:" + id + ':' + gid + ":User " + number + ",,,:/home"
-            + QByteArray::number(version) + "/user" + number + ":/bin/sh\n";
-    }
-    return lines;
-}
-
-QByteArray groupVersion(int version)
-{
-    QByteArray lines = version == 0 ? "ormel-admin:x:27:user1,user2\nstaff:x:50:user3\naudio:x:51:\n"
-                                    : "audio:x:50:user3,user4,user5\nstaff:x:51:\normel-admin:x:28:user2,user3\n";
-    for (int i = 0; i < userCount; ++i) {
-        lines += "group" + QByteArray::number((i + 5 * version) % userCount) + ":x:" + QByteArray::number(1000 + i)
-            + ":user" + QByteArray::number((i + 1 + version) % userCount) + '\n';
-    }
-    return lines;
-}
-
-QByteArray limitsVersion(int version)
-{
-    return version == 0 ? "# nothing\nuser1 hard nproc 100\n@staff - nofile 4096\n* soft core unlimited\n"
-                        : "user1 - nproc 1\n1000:1010 hard maxlogins 7\n%audio - maxsyslogins 12\n";
-}
-
-QByteArray adduserVersion(int version)
-{
-    return version == 0 ? "FIRST_UID=1000\nNAME_REGEX=\"[a-z]+\"\n" : "NAME_REGEX=\"^[A-Z][0-9]*$\"\nLAST_UID=59999\n";
-}
-
-QByteArrayList versions(QByteArray (*version)(int))
-{
-    return {version(0), version(1)};
-}
-
-/** The beginnings of all lines of @p texts, one in a line. */
-QByteArray beginnings(const QByteArrayList &texts)
-{
-    QByteArray lines;
-    const QByteArrayList whole = texts.join().split('\n');
-    for (const QByteArray &line : whole) {
-        for (int size = 1; size <= line.size(); ++size) {
-            lines += line.left(size) + '\n';
-        }
-    }
-    return lines;
-}
-
-QStringList patterns()
-{
-    return {QStringLiteral("[a-z][a-z0-9\\_\\-]*"), QStringLiteral("[a-z]+"), QStringLiteral("^[A-Z][0-9]*$")};
-}
-
-QString facePath(int number)
-{
-    return UserUtils::userIconPath() + QStringLiteral("/face%1.png").arg(number);
-}
-
 /** The last one is the toolkit's, of a file that vanished while its directory was listed. */
 bool isKnownWarning(const QString &text)
 {
@@ -190,11 +49,6 @@ struct Change {
     void (*prepare)();
     void (*make)();
 };
-
-void setVersion(int version)
-{
-    Sandbox::setAccounts(passwdVersion(version), groupVersion(version));
-}
 
 void replaceWith(const QString &path, const QByteArray &content)
 {
@@ -421,8 +275,8 @@ void FileChangesTest::readsFilesThatChangeAtAnyCall()
         changes[change].prepare();
         bool possible = false;
         callsOf([this, read, &possible] { possible = (this->*read)(); },
-                [change, call] {
-                    if (s_calls == call) {
+                [change, call](int current) {
+                    if (current == call) {
                         changes[change].make();
                     }
                 });
@@ -462,8 +316,8 @@ void FileChangesTest::readsLinesThatGrowAtAnyCall()
             Sandbox::write(path, content.left(size));
             bool possible = false;
             callsOf([this, read, &possible] { possible = (this->*read)(); },
-                    [&] {
-                        if (s_calls == call) {
+                    [&](int current) {
+                        if (current == call) {
                             Sandbox::write(path, content);
                         }
                     });

@@ -6,104 +6,13 @@
 #include "describe.h"
 #include "limitsfixtures.h"
 #include "messagerecorder.h"
+#include "readerfixtures.h"
 
 #include <LimitsParser>
 
 #include <QTest>
 
-#include <climits>
-#include <cstdlib>
-
-#include <dlfcn.h>
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
-
-// Files may vanish while they are read: this happens here when one of them is looked at.
-
-namespace
-{
-struct Vanishing {
-    const char *path;
-    const char *when;
-};
-
-Vanishing s_beforeOpen;
-Vanishing s_beforeResolve;
-
-void vanish(Vanishing &vanishing, const char *path)
-{
-    if (qstrcmp(vanishing.when, path) == 0) {
-        ::unlink(vanishing.path);
-        vanishing = Vanishing();
-    }
-}
-
-template<typename Function>
-Function *original(Function * /*declared*/, const char *name)
-{
-    return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
-}
-}
-
-extern "C" Q_DECL_EXPORT int open64(const char *path, int flags, ...)
-{
-    static const auto next = original(open64, "open64");
-    vanish(s_beforeOpen, path);
-    return next(path, flags, 0666);
-}
-
-extern "C" Q_DECL_EXPORT char *realpath(const char *path, char *resolved) noexcept
-{
-    static const auto next = original(realpath, "realpath");
-    vanish(s_beforeResolve, path);
-    return next(path, resolved);
-}
-
-namespace
-{
-constexpr char untouched[] = "untouched";
-
-QString securityPath(const char *name)
-{
-    return QStringLiteral("/etc/security/") + QLatin1String(name);
-}
-
-void link(const QString &target, const QString &path)
-{
-    if (::symlink(qPrintable(target), qPrintable(path)) != 0) {
-        qFatal("Cannot link %s", qPrintable(path));
-    }
-}
-
-void writeDropIn(const char *name, const QByteArray &content)
-{
-    Sandbox::write(dropInPath(QLatin1String(name)), content);
-}
-
-/** The values of the rules, which the tests number. */
-QString values(const LimitsParser &limits)
-{
-    QStringList texts;
-    const QList<LimitsParser::Field> rules = limits.fields();
-    for (const LimitsParser::Field &rule : rules) {
-        texts.append(rule.value.toString());
-    }
-    return texts.join(QLatin1Char(' '));
-}
-
-QString unableToOpen(const QString &path, const char *reason)
-{
-    return QStringLiteral("Unable to open file \"%1\": %2.").arg(path, QLatin1String(reason));
-}
-
-/** What reading says that must fail. */
-QString failure(LimitsParser &limits)
-{
-    QString error = QLatin1String(untouched);
-    return limits.readLimitsConf(error) ? QStringLiteral("no failure") : error;
-}
-}
 
 class LimitsReaderTest : public QObject
 {
@@ -130,18 +39,6 @@ private Q_SLOTS:
     void readsLinkedFileAgain();
     void skipsDanglingLinksAndDirectories();
     void ordersLinksByTheirOwnNames();
-
-    void failsWithoutMainFile();
-    void failsOnUnreadableMainFile();
-    void failsOnDirectoryInPlaceOfMainFile();
-    void failsOnDanglingMainFile();
-    void namesLinkedMainFileAsItIs();
-    void keepsRulesBeforeUnreadableDropIn();
-    void namesTargetOfUnreadableLink();
-    void takesPlaceholdersInPathsForText();
-    void recoversOnNextReading();
-    void failsOnFileThatVanishedAfterListing();
-    void failsWithoutPathForFileThatVanishedWhileListing();
 
     void readsLongLines_data();
     void readsLongLines();
@@ -289,127 +186,6 @@ void LimitsReaderTest::ordersLinksByTheirOwnNames()
     link(securityPath("z-target"), dropInPath(QStringLiteral("a")));
     link(securityPath("a-target"), dropInPath(QStringLiteral("b")));
     QCOMPARE(values(readLimits()), QStringLiteral("1 2"));
-}
-
-void LimitsReaderTest::failsWithoutMainFile()
-{
-    Sandbox::remove(limitsPath());
-    writeDropIn("a", "* soft core 1\n");
-    LimitsParser limits;
-    QCOMPARE(failure(limits), unableToOpen(limitsPath(), "No such file or directory"));
-    QVERIFY(limits.fields().isEmpty());
-}
-
-void LimitsReaderTest::failsOnUnreadableMainFile()
-{
-    LimitsParser limits = limitsOf("* soft core 1\n");
-    QCOMPARE(::chmod(qPrintable(limitsPath()), 0), 0);
-    QCOMPARE(failure(limits), unableToOpen(limitsPath(), "Permission denied"));
-    QVERIFY(limits.fields().isEmpty());
-}
-
-void LimitsReaderTest::failsOnDirectoryInPlaceOfMainFile()
-{
-    Sandbox::remove(limitsPath());
-    Sandbox::clear(limitsPath());
-    LimitsParser limits;
-    QFile directory(limitsPath());
-    QVERIFY(!directory.open(QIODevice::ReadOnly));
-    QCOMPARE(failure(limits), unableToOpen(limitsPath(), qPrintable(directory.errorString())));
-    QVERIFY(limits.fields().isEmpty());
-}
-
-void LimitsReaderTest::failsOnDanglingMainFile()
-{
-    Sandbox::remove(limitsPath());
-    link(QStringLiteral("nowhere"), limitsPath());
-    LimitsParser limits;
-    QCOMPARE(failure(limits), unableToOpen(limitsPath(), "No such file or directory"));
-}
-
-void LimitsReaderTest::namesLinkedMainFileAsItIs()
-{
-    Sandbox::remove(limitsPath());
-    Sandbox::write(securityPath("target"), "* soft core 1\n");
-    link(QStringLiteral("target"), limitsPath());
-    LimitsParser limits = readLimits();
-    QCOMPARE(values(limits), QStringLiteral("1"));
-    QCOMPARE(::chmod(qPrintable(securityPath("target")), 0), 0);
-    QCOMPARE(failure(limits), unableToOpen(limitsPath(), "Permission denied"));
-}
-
-void LimitsReaderTest::keepsRulesBeforeUnreadableDropIn()
-{
-    Sandbox::write(limitsPath(), "* soft core 1\n");
-    writeDropIn("a.conf", "* soft core 2\n");
-    writeDropIn("b.conf", "* soft core 3\n");
-    writeDropIn("c.conf", "* soft core 4\n");
-    const QString unreadable = dropInPath(QStringLiteral("b.conf"));
-    QCOMPARE(::chmod(qPrintable(unreadable), 0), 0);
-
-    LimitsParser limits;
-    QCOMPARE(failure(limits), unableToOpen(unreadable, "Permission denied"));
-    QCOMPARE(values(limits), QStringLiteral("1 2"));
-}
-
-void LimitsReaderTest::namesTargetOfUnreadableLink()
-{
-    Sandbox::write(securityPath("target"), QByteArray());
-    QCOMPARE(::chmod(qPrintable(securityPath("target")), 0), 0);
-    link(QStringLiteral("../limits.d/../target"), dropInPath(QStringLiteral("linked.conf")));
-    LimitsParser limits;
-    QCOMPARE(failure(limits), unableToOpen(securityPath("target"), "Permission denied"));
-}
-
-void LimitsReaderTest::takesPlaceholdersInPathsForText()
-{
-    const QString unreadable = dropInPath(QStringLiteral("%2 %1 <b>.conf"));
-    Sandbox::write(unreadable, QByteArray());
-    QCOMPARE(::chmod(qPrintable(unreadable), 0), 0);
-    LimitsParser limits;
-    QCOMPARE(failure(limits),
-             QStringLiteral("Unable to open file \"/etc/security/limits.d/%2 %1 <b>.conf\": Permission denied."));
-}
-
-void LimitsReaderTest::recoversOnNextReading()
-{
-    Sandbox::remove(limitsPath());
-    LimitsParser limits;
-    failure(limits);
-    Sandbox::write(limitsPath(), "* soft core 1\n");
-    QString error = QLatin1String(untouched);
-    QVERIFY(limits.readLimitsConf(error));
-    QCOMPARE(values(limits), QStringLiteral("1"));
-    QCOMPARE(error, QLatin1String(untouched));
-}
-
-void LimitsReaderTest::failsOnFileThatVanishedAfterListing()
-{
-    Sandbox::write(limitsPath(), "* soft core 1\n");
-    writeDropIn("a", "* soft core 2\n");
-    writeDropIn("b", "* soft core 3\n");
-    s_beforeOpen = {"/etc/security/limits.d/b", "/etc/security/limits.conf"};
-    LimitsParser limits;
-    const QString message = failure(limits);
-    QVERIFY(!s_beforeOpen.when);
-    QCOMPARE(message, unableToOpen(dropInPath(QStringLiteral("b")), "No such file or directory"));
-    QCOMPARE(values(limits), QStringLiteral("1 2"));
-}
-
-void LimitsReaderTest::failsWithoutPathForFileThatVanishedWhileListing()
-{
-    Sandbox::write(limitsPath(), "* soft core 1\n");
-    writeDropIn("a", "* soft core 2\n");
-    writeDropIn("b", "* soft core 3\n");
-    s_beforeResolve = {"/etc/security/limits.d/a", "/etc/security/limits.d/a"};
-    MessageRecorder recorder;
-    QFile nameless;
-    QVERIFY(!nameless.open(QIODevice::ReadOnly));
-    LimitsParser limits;
-    const QString message = failure(limits);
-    QVERIFY(!s_beforeResolve.when);
-    QCOMPARE(message, unableToOpen(QString(), qPrintable(nameless.errorString())));
-    QCOMPARE(values(limits), QStringLiteral("1"));
 }
 
 void LimitsReaderTest::readsLongLines_data()

@@ -19,6 +19,8 @@
 #include <dlfcn.h>
 #include <unistd.h>
 
+extern "C" char *gost_crypt(const char *key, const char *setting);
+
 namespace
 {
 struct HashCall {
@@ -82,8 +84,6 @@ bool systemAccepts(const QString &user, const QByteArray &password)
     return check.waitForFinished() && check.exitStatus() == QProcess::NormalExit && check.exitCode() == 0;
 }
 }
-
-extern "C" char *gost_crypt(const char *key, const char *setting);
 
 // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the headers do not agree either
 extern "C" Q_DECL_EXPORT char *crypt(const char *key, const char *setting) noexcept

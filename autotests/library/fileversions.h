@@ -1,0 +1,38 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef FILEVERSIONS_H
+#define FILEVERSIONS_H
+
+#include <QByteArrayList>
+#include <QStringList>
+
+// What the files hold that change while they are read: version 0 or version 1.
+
+constexpr int userCount = 6;
+
+/** The accounts of one version: the same names, with other ids, members and homes. */
+QByteArray passwdVersion(int version);
+QByteArray groupVersion(int version);
+
+QByteArray limitsVersion(int version);
+
+QByteArray adduserVersion(int version);
+
+/** The patterns for names of both versions, and the one that holds without a file. */
+QStringList patterns();
+
+QString facePath(int number);
+
+/** Both versions. */
+QByteArrayList versions(QByteArray (*version)(int));
+
+/** The beginnings of all lines of @p texts, one in a line. */
+QByteArray beginnings(const QByteArrayList &texts);
+
+/** Writes both account files. */
+void setVersion(int version);
+
+#endif
