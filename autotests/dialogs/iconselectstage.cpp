@@ -5,8 +5,11 @@
 
 #include "iconselectstage.h"
 
+#include <QCoreApplication>
 #include <QTest>
 #include <QWindow>
+
+#include <utility>
 
 QImage patterned(const QSize &size, QImage::Format format)
 {
@@ -65,4 +68,27 @@ int Stage::cursor() const
 QPoint Stage::inWindow(const QPoint &position) const
 {
     return widget.mapTo(&m_window, position);
+}
+
+PaintWatcher::PaintWatcher(QWidget *widget)
+{
+    QCoreApplication::processEvents();
+    widget->installEventFilter(this);
+}
+
+bool PaintWatcher::isPainted()
+{
+    QCoreApplication::processEvents();
+    return std::exchange(m_isPainted, false);
+}
+
+bool PaintWatcher::waitForPaint()
+{
+    return QTest::qWaitFor([this] { return isPainted(); });
+}
+
+bool PaintWatcher::eventFilter(QObject * /*watched*/, QEvent *event)
+{
+    m_isPainted = m_isPainted || event->type() == QEvent::Paint;
+    return false;
 }

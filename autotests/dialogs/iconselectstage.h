@@ -41,4 +41,22 @@ public:
     IconSelectWidget widget;
 };
 
+/** Notices when a widget is painted, other than for the events that are waiting now. */
+class PaintWatcher : public QObject
+{
+public:
+    explicit PaintWatcher(QWidget *widget);
+
+    /** Whether it was painted since the last question, or will be for the events that are waiting. */
+    bool isPainted();
+
+    /** Waits until it is painted. */
+    bool waitForPaint();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool m_isPainted = false;
+};
+
 #endif
