@@ -162,6 +162,7 @@ QStringList unnamedAccessibles(QWidget &dialog)
 
 void withFileDialog(const QDialog &dialog, const std::function<void(QFileDialog *)> &work)
 {
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     bool done = false;
     QTimer timer; // fires in the event loop of the file dialog
     timer.setSingleShot(true);
