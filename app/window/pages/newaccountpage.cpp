@@ -6,6 +6,7 @@
 #include "newaccountpage.h"
 
 #include "chosennames.h"
+#include "contentarea.h"
 #include "formrow.h"
 #include "inputcheck.h"
 #include "lefttoright.h"
@@ -26,7 +27,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QTreeView>
 
 namespace
@@ -98,10 +98,7 @@ NewAccountPage::NewAccountPage(QWidget *parent)
     column->addWidget(new PasswordHashBox);
     column->addStretch();
 
-    auto *scrollArea = new QScrollArea;
-    scrollArea->setFrameShape(QFrame::NoFrame);
-    scrollArea->setWidgetResizable(true);
-    scrollArea->setFocusPolicy(Qt::NoFocus);
+    auto *scrollArea = new ContentArea;
     scrollArea->setWidget(contents);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -21,6 +21,7 @@ ChooseBox::ChooseBox(const Texts &texts)
 {
     m_nameEdit->setObjectName(QStringLiteral("nameEdit"));
     m_nameEdit->setPlaceholderText(texts.anyName);
+    makeRoomForPlaceholder(m_nameEdit);
     m_note = new NoteLabel(m_nameEdit);
     connect(m_nameEdit, &QLineEdit::textChanged, this, [this, none = texts.noneChosen] {
         setNote(QString());

@@ -58,13 +58,9 @@ protected:
 }
 
 Details::Details(int pictureSize, QWidget *parent)
-    : QScrollArea(parent)
+    : ContentArea(parent)
 {
-    setWidgetResizable(true);
-    setFrameShape(NoFrame);
     setMinimumWidth(minCharacters * fontMetrics().averageCharWidth());
-    // The fields have the focus; the one that has it is scrolled to.
-    setFocusPolicy(Qt::NoFocus);
 
     auto *content = new QWidget(this);
     m_picture = new QLabel(content);
@@ -106,19 +102,6 @@ Details::Details(int pictureSize, QWidget *parent)
 QSize Details::pictureSize() const
 {
     return m_picture->size();
-}
-
-QSize Details::sizeHint() const
-{
-    return widget()->sizeHint();
-}
-
-bool Details::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched == widget() && event->type() == QEvent::LayoutRequest) {
-        updateGeometry();
-    }
-    return QScrollArea::eventFilter(watched, event);
 }
 
 void Details::setPicture(const QPixmap &picture)
@@ -182,6 +165,7 @@ void Details::setText(QLabel &field, const QString &text)
     const QString shown = text.isEmpty() ? QStringLiteral(u"\u2013") : text;
     if (auto *squeezed = qobject_cast<KSqueezedTextLabel *>(&field)) {
         squeezed->setText(shown);
+        squeezed->updateGeometry(); // it wants as much room as the new text takes
         squeezed->setAccessibleName(shown); // otherwise what is left of it is read out
     } else {
         field.setText(shown);

@@ -6,14 +6,14 @@
 #ifndef DETAILS_H
 #define DETAILS_H
 
-#include <QScrollArea>
+#include "contentarea.h"
 
 class QFormLayout;
 class QHBoxLayout;
 class QLabel;
 
 /** What is known of one account: picture, name, marks, and fields of text below. */
-class Details : public QScrollArea
+class Details : public ContentArea
 {
     Q_OBJECT
 
@@ -22,9 +22,6 @@ public:
     explicit Details(int pictureSize, QWidget *parent = nullptr);
 
     QSize pictureSize() const;
-
-    /** As large as what it shows, so that it scrolls only where there is no room for that. */
-    QSize sizeHint() const override;
 
     void setPicture(const QPixmap &picture);
 
@@ -44,9 +41,6 @@ public:
 
     /** Shows @p text in @p field, or a dash when there is none. */
     static void setText(QLabel &field, const QString &text);
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QLabel *addField(const QString &title, QLabel *field);

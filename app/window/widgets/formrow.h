@@ -9,6 +9,7 @@
 #include <QVector>
 
 class QFormLayout;
+class QLineEdit;
 class QString;
 class QWidget;
 
@@ -23,5 +24,8 @@ void addRow(QFormLayout *form, const QString &text, const QVector<QWidget *> &wi
  * scripts that join letters this takes more room than the toolkit gives it.
  */
 void makeRoomForMnemonic(QWidget *widget, const QString &text);
+
+/** Makes @p edit wide enough for its placeholder text. */
+void makeRoomForPlaceholder(QLineEdit *edit);
 
 #endif

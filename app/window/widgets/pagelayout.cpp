@@ -15,6 +15,19 @@ namespace
 {
 /** Keeps the parts apart as well. */
 constexpr int handleWidth = 12;
+
+/** Counts its handles when it tells how large it wants to be, which Qt's own class forgets. */
+class Splitter : public QSplitter
+{
+public:
+    using QSplitter::QSplitter;
+
+    QSize sizeHint() const override
+    {
+        const int handles = handleWidth() * (count() - 1);
+        return QSplitter::sizeHint() + (orientation() == Qt::Horizontal ? QSize(handles, 0) : QSize(0, handles));
+    }
+};
 }
 
 void PageLayout::addRow(QFormLayout *layout, const QString &title, QWidget *field)
@@ -27,7 +40,7 @@ void PageLayout::addRow(QFormLayout *layout, const QString &title, QWidget *fiel
 
 QSplitter *PageLayout::split(Qt::Orientation orientation, const QString &objectName, const QVector<QWidget *> &parts)
 {
-    auto *splitter = new QSplitter(orientation);
+    auto *splitter = new Splitter(orientation);
     splitter->setObjectName(objectName);
     splitter->setChildrenCollapsible(false);
     splitter->setHandleWidth(handleWidth);

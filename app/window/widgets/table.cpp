@@ -12,6 +12,7 @@
 
 #include <QHeaderView>
 #include <QLabel>
+#include <QScrollBar>
 
 namespace
 {
@@ -31,6 +32,18 @@ Table::Table(const QString &title, const QStringList &columns, QWidget *parent)
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
     setAlternatingRowColors(true);
+    setRows({});
+}
+
+QSize Table::sizeHint() const
+{
+    const int last = columnCount() - 1; // it takes what is left, but not less than any column takes at first
+    int width = 2 * frameWidth() + verticalScrollBar()->sizeHint().width()
+        + qMax(header()->defaultSectionSize(), header()->sectionSizeHint(last));
+    for (int column = 0; column < last; ++column) {
+        width += columnWidth(column);
+    }
+    return QTreeWidget::sizeHint().expandedTo({width, 0});
 }
 
 QLabel *Table::createTitleLabel()
@@ -66,4 +79,5 @@ void Table::setRows(const QList<QTreeWidgetItem *> &rows)
         resizeColumnToContents(column);
         setColumnWidth(column, qMin(columnWidth(column), maxWidth));
     }
+    updateGeometry();
 }

@@ -25,6 +25,9 @@ public:
     /** @param title with a letter that leads here, perhaps */
     Table(const QString &title, const QStringList &columns, QWidget *parent = nullptr);
 
+    /** With room for the titles of the columns. */
+    QSize sizeHint() const override;
+
     /** A new label with the title, to stand above the table. */
     QLabel *createTitleLabel();
 

@@ -1,0 +1,37 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "contentarea.h"
+
+#include <QEvent>
+#include <QLayout>
+
+ContentArea::ContentArea(QWidget *parent)
+    : QScrollArea(parent)
+{
+    setWidgetResizable(true);
+    setFrameShape(NoFrame);
+    // What is inside has the focus; the part that has it is scrolled to.
+    setFocusPolicy(Qt::NoFocus);
+}
+
+QSize ContentArea::sizeHint() const
+{
+    const QSize hint = widget()->sizeHint().expandedTo(minimumSize());
+    const QLayout *layout = widget()->layout();
+    if (!layout->hasHeightForWidth()) {
+        return hint;
+    }
+    // Rounded from lengths in wrapped lines, either may be the larger one.
+    return {hint.width(), qMax(hint.height(), layout->totalHeightForWidth(hint.width()))};
+}
+
+bool ContentArea::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+        updateGeometry();
+    }
+    return QScrollArea::eventFilter(watched, event);
+}
