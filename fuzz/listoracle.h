@@ -109,7 +109,7 @@ public:
     {
         for (QList<Record> *records : {&m_all, &m_shown}) {
             for (Record &record : *records) {
-                if (record.name() == name && !(std::is_same_v<Kind, Users> && name.isEmpty())) {
+                if (record.name() == name && !(std::is_same_v<Kind, Users> && record.name().isNull())) {
                     record.reload();
                     break;
                 }

@@ -191,8 +191,6 @@ public:
     void reloadGroup(const QString &name);
 
 private:
-    friend class RecordTable;
-
     QList<GroupInfo> m_groups;
     QList<GroupInfo> m_filteredGroups;
     QSet<QString> m_selectedNames;

@@ -183,7 +183,8 @@ public:
 
     /**
      * Reads one user again, in place, with UserInfo::reload(): views are not told, and the user is
-     * neither sorted nor filtered anew. An unknown or empty name does nothing.
+     * neither sorted nor filtered again. An unknown name does nothing; an empty one does not read the
+     * placeholder row, but an account whose line in @c /etc/passwd has no name.
      *
      * A user that the model knows must still exist, and so must the user's primary group: a missing
      * one crashes.
@@ -193,8 +194,6 @@ public:
     void reloadUser(const QString &name);
 
 private:
-    friend class RecordTable;
-
     QList<UserInfo> m_users;
     QList<UserInfo> m_filteredUsers;
     QSet<QString> m_selectedNames;

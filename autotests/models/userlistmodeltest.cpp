@@ -57,6 +57,8 @@ private Q_SLOTS:
     void locksNobodyWithoutGroup();
 
     void reloadsNoNewUser();
+    void reloadsUserWithEmptyName();
+    void reloadsHiddenUserWithEmptyName();
     void handlesTenThousandUsers();
 };
 
@@ -153,6 +155,36 @@ void UserListModelTest::reloadsNoNewUser()
     QCOMPARE(log.take(), QStringList());
     QCOMPARE(recorder.takeTexts(), QStringList());
     QCOMPARE(rowTexts(model), lines({"Zed | 1001 | No", "adam | 1000 | No", "bob | 1002 | No", "carol | 0 | Yes"}));
+}
+
+void UserListModelTest::reloadsUserWithEmptyName()
+{
+    Sandbox::setAccounts(":x:1000:1000::/:/bin/sh\nbob:x:1001:1000::/:/bin/sh\n", groupsFile);
+    Model model;
+    const TableTester tester(&model);
+    Sandbox::setAccounts(":x:1005:1000::/:/bin/sh\nbob:x:1001:1000::/:/bin/sh\n", groupsFile);
+    model.setNewUserName(text("carol"));
+
+    model.reloadUser(QString());
+    QCOMPARE(model.index(0, Model::UidColumn).data().toUInt(), 1005u);
+    QCOMPARE(model.index(2, Model::UidColumn).data().toUInt(), 0u);
+    model.applyFilter();
+    QCOMPARE(model.index(0, Model::UidColumn).data().toUInt(), 1005u);
+}
+
+void UserListModelTest::reloadsHiddenUserWithEmptyName()
+{
+    Sandbox::setAccounts(":x:1000:1000::/:/bin/sh\n", groupsFile);
+    Model model;
+    const TableTester tester(&model);
+    model.setFilter(Model::System);
+    const QModelIndex placeholder = model.setNewUserName(text("carol"));
+    Sandbox::setAccounts(":x:1005:1000::/:/bin/sh\n", groupsFile);
+
+    model.reloadUser(QString());
+    QCOMPARE(rowText(model, placeholder.row()), text("carol | 0 | Yes"));
+    model.setFilter(Model::Ordinary);
+    QCOMPARE(model.index(0, Model::UidColumn).data().toUInt(), 1005u);
 }
 
 void UserListModelTest::handlesTenThousandUsers()
