@@ -13,7 +13,7 @@
 #include <QString>
 #include <QStringList>
 
-struct group;
+#include <grp.h>
 
 /**
  * @class GroupInfo groupinfo.h <GroupInfo>

@@ -6,13 +6,13 @@
 #ifndef GROUPSELECTDIALOG_H
 #define GROUPSELECTDIALOG_H
 
+#include "grouplistmodel.h"
 #include "ormelusersqt_export.h"
 
 #include <QDialog>
+#include <QModelIndex>
 #include <QStringList>
 
-class GroupListModel;
-class QModelIndex;
 class QSortFilterProxyModel;
 
 namespace Ui

@@ -6,16 +6,15 @@
 #ifndef LIMITSPARSER_H
 #define LIMITSPARSER_H
 
+#include "groupinfo.h"
 #include "ormelusersqt_export.h"
+#include "userinfo.h"
 
 #include <QList>
 #include <QMap>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
-
-class GroupInfo;
-class UserInfo;
 
 /**
  * @class LimitsParser limitsparser.h <LimitsParser>

@@ -9,10 +9,10 @@
 #include "ormelusersqt_export.h"
 
 #include <QDialog>
+#include <QImage>
 #include <QPixmap>
 
 class IconSelectWidget;
-class QImage;
 
 namespace Ui
 {

@@ -13,7 +13,7 @@
 #include <QString>
 #include <QStringList>
 
-struct passwd;
+#include <pwd.h>
 
 /**
  * @class UserInfo userinfo.h <UserInfo>

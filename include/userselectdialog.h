@@ -6,15 +6,15 @@
 #ifndef USERSELECTDIALOG_H
 #define USERSELECTDIALOG_H
 
+#include "groupinfo.h"
 #include "ormelusersqt_export.h"
+#include "userlistmodel.h"
 
 #include <QDialog>
+#include <QModelIndex>
 #include <QStringList>
 
-class GroupInfo;
-class QModelIndex;
 class QSortFilterProxyModel;
-class UserListModel;
 
 namespace Ui
 {

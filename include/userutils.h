@@ -9,9 +9,7 @@
 #include "ormelusersqt_export.h"
 
 #include <QString>
-
-class QObject;
-class QValidator;
+#include <QValidator>
 
 /**
  * @class UserUtils userutils.h <UserUtils>

@@ -12,7 +12,7 @@ work=$(mktemp)
 trap 'rm -f "$work"' EXIT
 read -ra qt < <(pkg-config --cflags Qt5Widgets | sed 's/-I/-isystem /g')
 
-missing=$(grep -L '^ \* @code$' "$include"/*.h || true)
+missing=$(grep -l '@class' "$include"/*.h | xargs -d '\n' grep -L '^ \* @code$' || true)
 if [ -n "$missing" ]; then
     echo "No example in" "$missing"
     exit 1
