@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: 2026 The Ormel Users contributors
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
-# installation.sh cmake|pkgconfig SOURCE-DIR BUILD-DIR [COMPILER-FLAGS]: installs to a prefix of its
-# own, and there builds and runs the example of the README as the README says.
+# installation.sh cmake|pkgconfig SOURCE-DIR BUILD-DIR [COMPILER-FLAGS]: installs to a prefix, copies it
+# to another place, and there builds and runs the example of the README as the README says.
 set -euo pipefail
 
 way=$1 source=$2 build=$3 flags=${4-}
@@ -11,13 +11,18 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 prefix=$work/prefix
 
-cmake --install "$build" --prefix "$prefix" >"$work/install.log"
+cmake --install "$build" --prefix "$work/first" >"$work/install.log"
+cp -a "$work/first" "$prefix"
+rm -rf "$work/first"
 libdir=$(dirname "$(find "$prefix" -name libormel-users-qt.so.1)")
-for class in "$source"/include/*.h; do
-    test -e "$prefix/include/ormel-users-qt/$(basename "$class")"
+for header in "$source"/include/*.h; do
+    cmp "$header" "$prefix/include/ormel-users-qt/$(basename "$header")"
 done
 [ "$(readelf -d "$libdir/libormel-users-qt.so" | sed -n 's/.*SONAME.*\[\(.*\)\]/\1/p')" = libormel-users-qt.so.1 ]
 [ "$(readlink -f "$libdir/libormel-users-qt.so.1")" = "$libdir/libormel-users-qt.so.1.0.0" ]
+if ldd "$libdir/libormel-users-qt.so.1" | grep 'not found'; then
+    exit 1
+fi
 
 "$source/autotests/package/readmeexample.sh" "$way" "$source/README.md" "$prefix" "$flags"
 
