@@ -5,6 +5,7 @@
 
 #include "groupselectdialog.h"
 
+#include "flatproxymodel_p.h"
 #include "grouplistmodel.h"
 #include "selectdialog_p.h"
 #include "ui_groupselectdialog.h"
@@ -23,7 +24,7 @@ GroupSelectDialog::GroupSelectDialog(const QString &userName, const QStringList 
                                  {ki18nc("filter", "Unselected"), GroupListModel::Unselected},
                              });
     m_model = new GroupListModel(userName, selectedNames, this);
-    m_proxyModel = new SelectDialog::FlatProxyModel(this);
+    m_proxyModel = new FlatProxyModel(this);
     SelectDialog::connectModel(m_model, m_proxyModel, ui->groupFilterComboBox, ui->filterLineEdit, ui->groupsTreeView);
 }
 

@@ -8,7 +8,6 @@
 
 #include <KLocalizedString>
 
-#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QSortFilterProxyModel>
@@ -24,31 +23,11 @@ struct FilterEntry {
     int filter;
 };
 
-/**
- * Sorts and filters rows that have no rows below them.
- *
- * The list models do not look at the parent when they count their rows. Without this a row would
- * seem to have all rows below it, and expanding all of them, as views do at the asterisk key, would
- * never end.
- */
-class FlatProxyModel : public QSortFilterProxyModel
-{
-public:
-    using QSortFilterProxyModel::QSortFilterProxyModel;
-
-    int rowCount(const QModelIndex &parent = QModelIndex()) const override
-    {
-        return parent.isValid() ? 0 : QSortFilterProxyModel::rowCount();
-    }
-};
-
 inline void addFilters(QComboBox *comboBox, std::initializer_list<FilterEntry> entries)
 {
     for (const FilterEntry &entry : entries) {
         comboBox->addItem(entry.text.toString(), entry.filter);
     }
-    // The list that pops up gets the focus, but does not take over the name for screen readers.
-    comboBox->view()->setAccessibleName(comboBox->accessibleName());
 }
 
 /** Shows @p model in @p view through @p proxy, and lets the other two widgets narrow it. */

@@ -5,6 +5,7 @@
 
 #include "userselectdialog.h"
 
+#include "flatproxymodel_p.h"
 #include "selectdialog_p.h"
 #include "ui_userselectdialog.h"
 #include "userlistmodel.h"
@@ -24,7 +25,7 @@ UserSelectDialog::UserSelectDialog(const GroupInfo &group, const QStringList &se
                                  {ki18nc("filter", "Unselected"), UserListModel::Unselected},
                              });
     m_model = new UserListModel(group, selectedNames, this);
-    m_proxyModel = new SelectDialog::FlatProxyModel(this);
+    m_proxyModel = new FlatProxyModel(this);
     SelectDialog::connectModel(m_model, m_proxyModel, ui->userFilterComboBox, ui->filterLineEdit, ui->usersTreeView);
 }
 

@@ -1,0 +1,28 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "filtercombobox_p.h"
+
+#include <QAbstractItemView>
+#include <QChildEvent>
+
+bool FilterComboBox::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::ChildAdded) {
+        const auto *childEvent = static_cast<QChildEvent *>(event);
+        if (auto *list = qobject_cast<QAbstractItemView *>(childEvent->child())) {
+            list->setAccessibleName(accessibleName());
+        }
+    }
+    return QComboBox::eventFilter(watched, event);
+}
+
+void FilterComboBox::childEvent(QChildEvent *event)
+{
+    if (event->added()) {
+        event->child()->installEventFilter(this);
+    }
+    QComboBox::childEvent(event);
+}
