@@ -1,0 +1,49 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef ACCOUNTDATABASE_H
+#define ACCOUNTDATABASE_H
+
+#include "sessionaccount.h"
+
+#include <QHash>
+#include <QSet>
+
+#include <optional>
+
+namespace PamLimits
+{
+/**
+ * Accounts as the name service knows them. Where it knows no other source of groups than /etc/group, that
+ * is read once; otherwise the name service is asked each time, which takes long for many accounts.
+ */
+class AccountDatabase
+{
+public:
+    AccountDatabase();
+
+    /** Finds an account by its name; none when the name service knows none. */
+    std::optional<Account> find(const QByteArray &name) const;
+
+    /** All accounts of /etc/passwd, in its order. */
+    QVector<Account> all() const;
+
+    /** The gid of a group; none when there is no such group. */
+    std::optional<quint32> gidOf(const QByteArray &group) const;
+
+    bool hasGroup(quint32 gid) const;
+
+private:
+    void readGroups();
+    QVector<quint32> groupsOf(const QByteArray &user, quint32 gid) const;
+
+    const bool m_hasFilesOnly;
+    QHash<QByteArray, quint32> m_gids;
+    QSet<quint32> m_known;
+    QHash<QByteArray, QVector<quint32>> m_memberships;
+};
+}
+
+#endif

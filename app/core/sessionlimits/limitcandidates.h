@@ -1,0 +1,53 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef LIMITCANDIDATES_H
+#define LIMITCANDIDATES_H
+
+#include "limitrules.h"
+
+#include <array>
+
+namespace PamLimits
+{
+/**
+ * Tells which lines of a domain can decide something or keep others from it. With one domain's lines
+ * being equal in rank for every account, those are
+ * - the last one for a soft and the last one for a hard limit of each item,
+ * - the first one for a soft limit, which keeps rules of type "-" and lower rank from both limits,
+ * - earlier rules of type "-" for hard limits, as far as such a first one stands between them and the next.
+ */
+class CandidateChooser
+{
+public:
+    explicit CandidateChooser(const Rules &rules);
+
+    /** Takes the lines of a domain from the last to the first; true for those that count. */
+    bool counts(int place);
+
+    /** To be called before the first line of each domain. */
+    void startDomain();
+
+private:
+    struct Seen {
+        bool soft = false;
+        bool hard = false;
+        bool bad = false;
+        /** The next line of type "-"; -1 when there is none. */
+        int nextBoth = -1;
+    };
+
+    bool isBarrierBetween(Item item, int place, int next) const;
+
+    const Rules &m_rules;
+    /** Whether a line is the first of its domain for the soft limit of its item. */
+    QVector<bool> m_isFirst;
+    /** The places of these lines, by items. */
+    std::array<QVector<int>, itemCount> m_barriers;
+    std::array<Seen, itemCount> m_seen;
+};
+}
+
+#endif

@@ -1,0 +1,31 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef SESSIONACCOUNT_H
+#define SESSIONACCOUNT_H
+
+#include <QByteArray>
+#include <QVector>
+
+namespace PamLimits
+{
+/** What counts of an account when a session is opened. */
+struct Account {
+    QByteArray name;
+    quint32 uid = 0;
+    /** The primary group. */
+    quint32 gid = 0;
+    /** All groups, the primary one among them. */
+    QVector<quint32> groups;
+
+    /** Wildcards and groups do not count for root, whatever its name is. */
+    bool isRoot() const
+    {
+        return uid == 0;
+    }
+};
+}
+
+#endif
