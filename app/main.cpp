@@ -12,6 +12,7 @@
 #include "limitscommands.h"
 #include "listcommands.h"
 #include "pickcommands.h"
+#include "problemscommand.h"
 #include "recordtext.h"
 #include "screenshots.h"
 #include "windowcommand.h"
@@ -34,6 +35,12 @@ using Interface = Command::Interface;
 const Command commands[] = {
     {"users", "", kli18n("List the user accounts of /etc/passwd."), Interface::Terminal, listOptions, listUsers},
     {"groups", "", kli18n("List the groups of /etc/group."), Interface::Terminal, listOptions, listGroups},
+    {"check",
+     "",
+     kli18n("List problems with the accounts of this machine."),
+     Interface::Terminal,
+     problemsOptions,
+     listProblems},
     {"check-name", "NAME", kli18n("Check a login name for a new user."), Interface::Terminal, noOptions, checkName},
     {"check-group", "NAME", kli18n("Check a group name."), Interface::Terminal, noOptions, checkGroup},
     {"check-gecos", "TEXT", kli18n("Check a GECOS field."), Interface::Terminal, noOptions, checkGecos},

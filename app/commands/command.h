@@ -19,6 +19,8 @@ enum ExitStatus {
     Success = 0,
     Failure = 1,
     UsageError = 2,
+    /** Files that are needed cannot be read. */
+    Unreadable = 3,
 };
 
 /** A word of the command line and what it does. */

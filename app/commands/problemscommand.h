@@ -1,0 +1,19 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef PROBLEMSCOMMAND_H
+#define PROBLEMSCOMMAND_H
+
+#include "command.h"
+
+QList<QCommandLineOption> problemsOptions();
+
+/**
+ * Lists what is wrong with the accounts: Success when nothing is, Failure when something is, Unreadable
+ * when files that anybody may read cannot be read.
+ */
+int listProblems(const QCommandLineParser &options, const QString &operand);
+
+#endif

@@ -1,0 +1,31 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef MACHINECHECK_H
+#define MACHINECHECK_H
+
+#include "problem.h"
+
+/** A file that could not be read, so that nothing is said about what is in it. */
+struct UnreadFile {
+    QString path;
+    QString reason;
+    /** Whether that is normal: a shadow file is missing, or only an administrator is allowed to read it. */
+    bool isExpected = false;
+};
+
+/** What is wrong with the accounts of this machine. */
+struct MachineCheck {
+    QList<Problem> problems;
+    QList<UnreadFile> unreadFiles;
+
+    /**
+     * Reads the files and looks at the home directories and shells; the worst problems come first. It
+     * takes long with very many accounts that are not in the files, each of which is looked up.
+     */
+    static MachineCheck run();
+};
+
+#endif

@@ -1,0 +1,82 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef PROBLEM_H
+#define PROBLEM_H
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+/**
+ * Something about the accounts of the machine that is wrong or worth a look.
+ *
+ * The texts are translated. Names in them are as they stand in the files, and may hold anything.
+ */
+struct Problem {
+    enum class Severity { Error, Warning, Note };
+
+    enum class Kind {
+        MalformedLine,
+        WrongFieldCount,
+        CommentLine,
+        NisLine,
+        DuplicateName,
+        DuplicateUid,
+        DuplicateGid,
+        InvalidName,
+        RefusedName,
+        InvalidId,
+        MissingPrimaryGroup,
+        MissingMember,
+        EmptyMember,
+        MissingHome,
+        MissingSystemHome,
+        HomeNotDirectory,
+        ForeignHome,
+        UnusableShell,
+        UnlistedShell,
+        ExtraSuperuser,
+        EmptyPassword,
+        LockedPassword,
+        ExpiredPassword,
+        ExpiredAccount,
+        FuturePasswordChange,
+        ReadableHash,
+        MissingShadowLine,
+        IgnoredShadowLine,
+        OrphanShadowLine,
+        MissingAdministrator,
+        DifferentMembers,
+    };
+
+    Kind kind;
+    QString file;
+    int line = 0;
+    /** The account that the problem belongs to: a user, a group or, for a line that is no account, neither. */
+    QString user;
+    QString group;
+    /** What text() mentions. */
+    QStringList details;
+
+    /** A word for scripts, for example "duplicate-uid". */
+    QString id() const;
+
+    Severity severity() const;
+
+    /** What was found. */
+    QString text() const;
+
+    /** What that means; the same for each problem of a kind. */
+    QString meaning() const;
+
+    /** What to do; the same for each problem of a kind. */
+    QString remedy() const;
+};
+
+/** Orders by severity, kind, file and line. */
+void sortProblems(QList<Problem> &problems);
+
+#endif

@@ -1,0 +1,204 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "brokenaccounts.h"
+#include "machinecheck.h"
+#include "program.h"
+
+#include <QRegularExpression>
+#include <QTest>
+
+#include <algorithm>
+
+namespace
+{
+/** What pwck and grpck say, as a pattern, and the problems that say the same. */
+struct Equivalent {
+    /** The groups "account" and "line" are the name of an account, and a line of a file. */
+    const char *complaint;
+    /** The file of the problem; any when it is null. */
+    const char *file;
+    /** Any of these. */
+    QStringList ids;
+};
+
+const QStringList brokenLine{
+    QStringLiteral("malformed-line"),
+    QStringLiteral("wrong-field-count"),
+    QStringLiteral("comment-line"),
+};
+// To them, an account whose line they refuse does not exist.
+const QStringList orphanLine{QStringLiteral("orphan-shadow-line"), QStringLiteral("wrong-field-count")};
+const QStringList missingMember{QStringLiteral("missing-member"), QStringLiteral("empty-member")};
+const QStringList missingHome{QStringLiteral("missing-home"), QStringLiteral("missing-system-home")};
+
+QStringList one(const char *id)
+{
+    return {QString::fromLatin1(id)};
+}
+
+const Equivalent equivalents[] = {
+    // They do not get beyond a NUL byte.
+    {"pwck: cannot open /etc/passwd", "passwd", one("malformed-line")},
+    {"invalid password file entry\ndelete line '(?<line>.*)'\\? No", "passwd", brokenLine},
+    {"invalid group file entry\ndelete line '(?<line>.*)'\\? No", "group", brokenLine},
+    {"invalid shadow password file entry\ndelete line '(?<line>.*)'\\? No", "shadow", brokenLine},
+    {"invalid shadow group file entry\ndelete line '(?<line>.*)'\\? No", "gshadow", brokenLine},
+    {"duplicate password entry\ndelete line '(?<account>[^:]*).*'\\? No", "passwd", one("duplicate-name")},
+    {"duplicate group entry\ndelete line '(?<account>[^:]*).*'\\? No", "group", one("duplicate-name")},
+    {"duplicate shadow password entry\ndelete line '(?<account>[^:]*).*'\\? No", "shadow", one("duplicate-name")},
+    {"duplicate shadow group entry\ndelete line '(?<account>[^:]*).*'\\? No", "gshadow", one("duplicate-name")},
+    {"invalid user name '(?<account>.*)': use --badname to ignore", "passwd", one("invalid-name")},
+    {"invalid group name '(?<account>.*)'", "group", one("invalid-name")},
+    {"invalid user ID '.*'", "passwd", one("invalid-id")},
+    {"invalid group ID '.*'", "group", one("invalid-id")},
+    {"user '(?<account>.*)': no group \\d+", "passwd", one("missing-primary-group")},
+    {"user '(?<account>.*)': directory '.*' does not exist", "passwd", missingHome},
+    {"user '(?<account>.*)': program '.*' does not exist", "passwd", one("unusable-shell")},
+    {"no matching password file entry in /etc/shadow\nadd user '(?<account>.*)' in /etc/shadow\\? No",
+     "passwd",
+     one("missing-shadow-line")},
+    {"no matching group file entry in /etc/gshadow\nadd group '(?<account>.*)' in /etc/gshadow\\? No",
+     "group",
+     one("missing-shadow-line")},
+    {"no matching password file entry in /etc/passwd\ndelete line '(?<account>[^:]*).*'\\? No", nullptr, orphanLine},
+    {"no matching group file entry in /etc/group\ndelete line '(?<account>[^:]*).*'\\? No", nullptr, orphanLine},
+    {"user (?<account>.*) has an entry in /etc/shadow, but its password field in /etc/passwd is not set to 'x'",
+     "passwd",
+     one("ignored-shadow-line")},
+    {"group (?<account>.*) has an entry in /etc/gshadow, but its password field in /etc/group is not set to 'x'",
+     "group",
+     one("ignored-shadow-line")},
+    {"user (?<account>.*): last password change in the future", "shadow", one("future-password-change")},
+    {"shadow group (?<account>.*): no administrative user .*\ndelete administrative member '.*'\\? No",
+     "gshadow",
+     one("missing-administrator")},
+    {"shadow group (?<account>.*): no user .*\ndelete member '.*'\\? No", "gshadow", missingMember},
+    {"group (?<account>.*): no user .*\ndelete member '.*'\\? No", "group", missingMember},
+    {"'.*' is a member of the '(?<account>.*)' group in /etc/group but not in /etc/gshadow",
+     "group",
+     one("different-members")},
+    {"'.*' is a member of the '(?<account>.*)' group in /etc/gshadow but not in /etc/group",
+     "gshadow",
+     one("different-members")},
+};
+
+/** One complaint, which may go over two lines. */
+struct Complaint {
+    QString text;
+    QString account;
+    QString line;
+    const Equivalent *equivalent = nullptr;
+};
+
+/** Takes the first complaint out of @p output; without an equivalent when none is known. */
+Complaint takeComplaint(QString &output)
+{
+    for (const Equivalent &equivalent : equivalents) {
+        const QRegularExpression expression(QLatin1String("\\A") + QLatin1String(equivalent.complaint)
+                                            + QLatin1Char('\n'));
+        const QRegularExpressionMatch match = expression.match(output);
+        if (match.hasMatch()) {
+            output.remove(0, match.capturedLength());
+            return {match.captured(),
+                    match.captured(QStringLiteral("account")),
+                    match.captured(QStringLiteral("line")),
+                    &equivalent};
+        }
+    }
+    const QString text = output.section(QLatin1Char('\n'), 0, 0);
+    output.remove(0, text.size() + 1);
+    return {text, {}, {}, nullptr};
+}
+
+/** What pwck or grpck complains of. */
+QVector<Complaint> complaintsOf(const QString &program)
+{
+    const Program::Result result = Program::run(QLatin1String("/usr/sbin/") + program, {QStringLiteral("-r")});
+    QString output = QString::fromLatin1(result.errors + result.output);
+    output.remove(program + QLatin1String(": no changes\n"));
+    QVector<Complaint> complaints;
+    while (!output.isEmpty()) {
+        complaints.append(takeComplaint(output));
+    }
+    return complaints;
+}
+
+/** Whether @p problem says what @p complaint does. */
+bool isSame(const Complaint &complaint, const Problem &problem, const BrokenAccounts &accounts)
+{
+    const QString file = problem.file.section(QLatin1Char('/'), -1);
+    const char *expectedFile = complaint.equivalent->file;
+    if ((expectedFile && file != QLatin1String(expectedFile)) || !complaint.equivalent->ids.contains(problem.id())) {
+        return false;
+    }
+    if (!complaint.line.isNull()) {
+        const QByteArray line = accounts.files.value(file).split('\n').value(problem.line - 1);
+        // What follows a NUL byte is lost to them.
+        return complaint.line == QString::fromLatin1(line.constData());
+    }
+    const QString account = problem.user.isNull() ? problem.group : problem.user;
+    return complaint.account.isNull() || complaint.account.toLatin1() == account.toLatin1()
+        || complaint.account.toLatin1() == account.toUtf8();
+}
+}
+
+Q_DECLARE_METATYPE(BrokenAccounts)
+
+/** Compares with pwck and grpck, which come with useradd and its like. */
+class CheckComparisonTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void shouldFindAllThatPwckAndGrpckFind_data();
+    void shouldFindAllThatPwckAndGrpckFind();
+    void shouldFindMore();
+
+private:
+    int m_complaints = 0;
+    int m_problems = 0;
+};
+
+void CheckComparisonTest::shouldFindAllThatPwckAndGrpckFind_data()
+{
+    QTest::addColumn<BrokenAccounts>("accounts");
+
+    const QVector<BrokenAccounts> cases = BrokenAccounts::all();
+    for (const BrokenAccounts &accounts : cases) {
+        QTest::newRow(accounts.name.constData()) << accounts;
+    }
+}
+
+void CheckComparisonTest::shouldFindAllThatPwckAndGrpckFind()
+{
+    QFETCH(BrokenAccounts, accounts);
+
+    accounts.install();
+    const QList<Problem> problems = MachineCheck::run().problems;
+    const QVector<Complaint> users = complaintsOf(QStringLiteral("pwck"));
+    const QVector<Complaint> groups = complaintsOf(QStringLiteral("grpck"));
+    for (const Complaint &complaint : users + groups) {
+        QVERIFY2(complaint.equivalent, qPrintable(complaint.text));
+        const bool found = std::any_of(problems.begin(), problems.end(), [&](const Problem &problem) {
+            return isSame(complaint, problem, accounts);
+        });
+        QVERIFY2(found, qPrintable(complaint.text));
+    }
+    m_complaints += users.size() + groups.size();
+    m_problems += problems.size();
+    qInfo("found %d, pwck %d, grpck %d", problems.size(), users.size(), groups.size());
+}
+
+void CheckComparisonTest::shouldFindMore()
+{
+    // Neither is silent: both programs run, and what they say is understood.
+    QVERIFY2(m_complaints >= 40, qPrintable(QString::number(m_complaints)));
+    QVERIFY2(m_problems > m_complaints, qPrintable(QString::number(m_problems)));
+}
+
+QTEST_GUILESS_MAIN(CheckComparisonTest)
+
+#include "checkcomparisontest.moc"
