@@ -7,6 +7,8 @@
 
 #include <KLocalizedString>
 
+#include <QCoreApplication>
+
 #include <limits>
 
 namespace
@@ -14,42 +16,49 @@ namespace
 constexpr int unlimited = -1;
 constexpr int highest = std::numeric_limits<int>::max();
 
-LimitsParser::FieldDescriptor soft(int min, int max, LimitsParser::ValueType type, const QString &description)
+/** Without an application KI18n knows no language: it gives the English text, too, but warns of it. */
+QString translated(const KLocalizedString &text)
 {
-    return {min, max, type, false, QStringLiteral("soft"), description};
+    return QCoreApplication::instance() ? text.toString() : QString::fromUtf8(text.untranslatedText());
 }
 
-LimitsParser::FieldDescriptor hardOnly(int min, int max, LimitsParser::ValueType type, const QString &description)
+LimitsParser::FieldDescriptor soft(int min, int max, LimitsParser::ValueType type, const KLocalizedString &description)
 {
-    return {min, max, type, true, QStringLiteral("hard"), description};
+    return {min, max, type, false, QStringLiteral("soft"), translated(description)};
+}
+
+LimitsParser::FieldDescriptor
+hardOnly(int min, int max, LimitsParser::ValueType type, const KLocalizedString &description)
+{
+    return {min, max, type, true, QStringLiteral("hard"), translated(description)};
 }
 }
 
 // clang-format off: one line an item
 const QMap<QString, LimitsParser::FieldDescriptor> LimitsParser::m_fieldDescriptionsMap = {
-    {QStringLiteral("core"), soft(unlimited, highest, KiloBytes, i18n("Maximum core file size."))},
-    {QStringLiteral("data"), soft(unlimited, highest, KiloBytes, i18n("Maximum data size."))},
-    {QStringLiteral("fsize"), soft(unlimited, highest, KiloBytes, i18n("Maximum filesize."))},
-    {QStringLiteral("memlock"), soft(unlimited, highest, KiloBytes, i18n("Maximum locked-in-memory address space."))},
-    {QStringLiteral("nofile"), soft(unlimited, highest, Number, i18n("Maximum number of open file descriptors."))},
-    {QStringLiteral("stack"), soft(unlimited, highest, KiloBytes, i18n("Maximum stack size."))},
-    {QStringLiteral("cpu"), soft(unlimited, highest, Minutes, i18n("Maximum CPU time."))},
-    {QStringLiteral("nproc"), soft(unlimited, highest, Number, i18n("Maximum number of processes."))},
-    {QStringLiteral("as"), soft(unlimited, highest, KiloBytes, i18n("Address space limit."))},
+    {QStringLiteral("core"), soft(unlimited, highest, KiloBytes, ki18n("Maximum core file size."))},
+    {QStringLiteral("data"), soft(unlimited, highest, KiloBytes, ki18n("Maximum data size."))},
+    {QStringLiteral("fsize"), soft(unlimited, highest, KiloBytes, ki18n("Maximum filesize."))},
+    {QStringLiteral("memlock"), soft(unlimited, highest, KiloBytes, ki18n("Maximum locked-in-memory address space."))},
+    {QStringLiteral("nofile"), soft(unlimited, highest, Number, ki18n("Maximum number of open file descriptors."))},
+    {QStringLiteral("stack"), soft(unlimited, highest, KiloBytes, ki18n("Maximum stack size."))},
+    {QStringLiteral("cpu"), soft(unlimited, highest, Minutes, ki18n("Maximum CPU time."))},
+    {QStringLiteral("nproc"), soft(unlimited, highest, Number, ki18n("Maximum number of processes."))},
+    {QStringLiteral("as"), soft(unlimited, highest, KiloBytes, ki18n("Address space limit."))},
     {QStringLiteral("maxlogins"),
-     hardOnly(unlimited, highest, Number, i18n("Maximum number of logins for this user."))},
+     hardOnly(unlimited, highest, Number, ki18n("Maximum number of logins for this user."))},
     {QStringLiteral("maxsyslogins"),
-     hardOnly(unlimited, highest, Number, i18n("Maximum number of all logins on system."))},
+     hardOnly(unlimited, highest, Number, ki18n("Maximum number of all logins on system."))},
     {QStringLiteral("nonewprivs"),
-     hardOnly(0, 1, Boolean, i18n("Disable acquiring new privileges by invoking prctl(PR_SET_NO_NEW_PRIVS)."))},
-    {QStringLiteral("priority"), soft(-20, 19, Number, i18n("The priority to run user process with."))},
-    {QStringLiteral("locks"), soft(unlimited, highest, Number, i18n("Maximum locked files."))},
-    {QStringLiteral("sigpending"), soft(unlimited, highest, Number, i18n("Maximum number of pending signals."))},
-    {QStringLiteral("msgqueue"), soft(unlimited, highest, Bytes, i18n("Maximum memory used by POSIX message queues."))},
-    {QStringLiteral("nice"), soft(-20, 19, Number, i18n("Maximum nice priority allowed to raise to."))},
+     hardOnly(0, 1, Boolean, ki18n("Disable acquiring new privileges by invoking prctl(PR_SET_NO_NEW_PRIVS)."))},
+    {QStringLiteral("priority"), soft(-20, 19, Number, ki18n("The priority to run user process with."))},
+    {QStringLiteral("locks"), soft(unlimited, highest, Number, ki18n("Maximum locked files."))},
+    {QStringLiteral("sigpending"), soft(unlimited, highest, Number, ki18n("Maximum number of pending signals."))},
+    {QStringLiteral("msgqueue"), soft(unlimited, highest, Bytes, ki18n("Maximum memory used by POSIX message queues."))},
+    {QStringLiteral("nice"), soft(-20, 19, Number, ki18n("Maximum nice priority allowed to raise to."))},
     {QStringLiteral("rtprio"),
-     soft(unlimited, highest, Number, i18n("Maximum realtime priority allowed for non-privileged processes."))},
-    {QStringLiteral("chroot"), soft(-1, -1, Path, i18n("The directory to chroot the user to."))},
+     soft(unlimited, highest, Number, ki18n("Maximum realtime priority allowed for non-privileged processes."))},
+    {QStringLiteral("chroot"), soft(-1, -1, Path, ki18n("The directory to chroot the user to."))},
 };
 // clang-format on
 

@@ -4,7 +4,8 @@
 """librarytexts.py PO-DIR DATA-DIR LINKED LOADED MODULE: whether the library shows each of its texts in
 every language, and each translation is seen.
 
-LINKED, and LOADED given MODULE, print all texts of the library; DATA-DIR has the translations."""
+LINKED, and LOADED given MODULE, print all texts of the library; DATA-DIR has the translations. KI18n
+must not warn of how the library uses it."""
 
 import json
 import os
@@ -24,7 +25,9 @@ AT_LOAD = ("limits/limitscatalogue.cpp", "")
 
 def shown_texts(command, data, language):
     environment = os.environ | {"LANGUAGE": language, "XDG_DATA_DIRS": f"{data}:/usr/share"}
-    return json.loads(subprocess.run(command, env=environment, stdout=subprocess.PIPE, check=True).stdout)
+    run = subprocess.run(command, env=environment, capture_output=True, text=True, check=True)
+    warnings = [f"{language}: {line}" for line in run.stderr.splitlines() if "kf.i18n" in line]
+    return json.loads(run.stdout), warnings
 
 
 def matches(message, text):
@@ -53,16 +56,19 @@ def untranslated(entry):
 
 
 def main(po, data, linked, loaded, module):
-    english = shown_texts([loaded, module], data, "en_US")
-    found = []
+    english, found = shown_texts([loaded, module], data, "en_US")
     files = sorted(pathlib.Path(po).glob("*/ormel_kcm_users.po"))
     for file in files:
         language = file.parent.name
         catalogue = list(polib.pofile(str(file)))
-        found += faults(catalogue, english, shown_texts([loaded, module], data, language))
+        translated, warnings = shown_texts([loaded, module], data, language)
+        found += warnings
+        found += faults(catalogue, english, translated)
         # A program that is linked to the library has no language yet when the limits are described.
         linked_catalogue = [untranslated(entry) if AT_LOAD in entry.occurrences else entry for entry in catalogue]
-        found += faults(linked_catalogue, english, shown_texts([linked], data, language))
+        translated, warnings = shown_texts([linked], data, language)
+        found += warnings
+        found += faults(linked_catalogue, english, translated)
     print(*found, sep="\n")
     return 1 if found or not files else 0
 
