@@ -39,3 +39,10 @@ if readelf --dyn-syms "$library" | grep -q ' PROTECTED '; then
     echo "Symbols with protected visibility"
     exit 1
 fi
+
+# In the order in which most symbols are found soonest
+needed=$(readelf -d "$library" | sed -nE 's/.*NEEDED.*\[lib(.*)\.so\..*\]/\1/p' | head -n 5 | paste -sd ' ')
+if [ "$needed" != "Qt5Core Qt5Widgets Qt5Gui stdc++ KF5I18n" ]; then
+    echo "Loaded in another order: $needed"
+    exit 1
+fi
