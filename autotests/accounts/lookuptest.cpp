@@ -8,6 +8,7 @@
 #include "messagerecorder.h"
 #include "sandbox.h"
 #include "standin.h"
+#include "texts.h"
 
 #include <UserInfo>
 
@@ -110,12 +111,6 @@ QString opens(const QString &path)
 {
     return path + QLatin1String(" r");
 }
-
-QStringList sorted(QStringList list)
-{
-    list.sort();
-    return list;
-}
 }
 
 class AccountLookupTest : public QObject
@@ -134,7 +129,6 @@ private Q_SLOTS:
     void readsNothingForEntryOfGroup();
     void asksForNobodyWithoutGroup();
     void asksOnceForEachGroup();
-    void sharesTextsAndMembers();
     void closesEveryFile();
     void looksAgainOnTheNextCall();
     void opensMissingPasswdOnce();
@@ -234,22 +228,6 @@ void AccountLookupTest::asksOnceForEachGroup()
                  QStringLiteral("root"),
                  QStringLiteral("staff"),
              }));
-}
-
-void AccountLookupTest::sharesTextsAndMembers()
-{
-    const QList<UserInfo> users = UserInfo::getUsers();
-    const UserInfo &alice = users.at(1);
-    const UserInfo &bob = users.at(2);
-    const UserInfo &carol = users.at(3);
-
-    QCOMPARE(bob.primaryGroup().users(), carol.primaryGroup().users());
-    QVERIFY(bob.primaryGroup().users().isSharedWith(carol.primaryGroup().users()));
-    QVERIFY(bob.primaryGroup().users().isSharedWith(bob.groups().first().users()));
-    QCOMPARE(bob.primaryGroup().name().constData(), carol.primaryGroup().name().constData());
-    QCOMPARE(bob.shell().constData(), carol.shell().constData());
-    QCOMPARE(alice.primaryGroup().users().first().constData(), alice.name().constData());
-    QCOMPARE(bob.primaryGroup().users().first().constData(), alice.name().constData());
 }
 
 void AccountLookupTest::closesEveryFile()

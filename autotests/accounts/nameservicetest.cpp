@@ -10,6 +10,7 @@
 #include "openfiles.h"
 #include "program.h"
 #include "sandbox.h"
+#include "texts.h"
 
 #include <GroupListModel>
 #include <UserInfo>
@@ -68,16 +69,6 @@ QJsonArray listed(const QString &command)
         QStringLiteral("LD_LIBRARY_PATH=") + QStringLiteral(NAME_SERVICE).section(QLatin1Char('/'), 0, -2);
     const Program::Result result = Program::run(Program::path(), {command, QStringLiteral("--json")}, {}, {directory});
     return result.status == 0 ? QJsonDocument::fromJson(result.output).array() : QJsonArray();
-}
-
-QStringList strings(const QJsonValue &array)
-{
-    QStringList texts;
-    const QJsonArray values = array.toArray();
-    for (const QJsonValue &value : values) {
-        texts.append(value.toString());
-    }
-    return texts;
 }
 }
 

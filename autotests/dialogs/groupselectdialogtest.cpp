@@ -6,6 +6,7 @@
 #include "accountfixtures.h"
 #include "dialogkinds.h"
 #include "sandbox.h"
+#include "texts.h"
 
 #include <QTest>
 
@@ -20,11 +21,6 @@ const char groupsFile[] = "root:x:0:\n"
                           "adam:x:1000:zed\n"
                           "Zed:x:1001:zed\n"
                           "a.b:x:1003:\n";
-
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 /** The user whose own group is among the groups. */
 QString bob()

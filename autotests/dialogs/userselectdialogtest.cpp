@@ -6,6 +6,7 @@
 #include "accountfixtures.h"
 #include "dialogkinds.h"
 #include "sandbox.h"
+#include "texts.h"
 
 #include <QTest>
 
@@ -23,11 +24,6 @@ const char groupsFile[] = "root:x:0:\n"
                           "staff:x:50:adam\n"
                           "adam:x:1000:\n"
                           "zed:x:1001:\n";
-
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 GroupInfo staff()
 {

@@ -4,6 +4,7 @@
 */
 
 #include "describe.h"
+#include "texts.h"
 
 #include <LimitsParser>
 
@@ -20,10 +21,6 @@ namespace
 {
 constexpr int highest = std::numeric_limits<int>::max();
 
-QString latin1(const char *text)
-{
-    return QString::fromLatin1(text);
-}
 }
 
 static_assert(!std::is_polymorphic_v<LimitsParser>);
@@ -69,8 +66,8 @@ void LimitsCatalogueTest::describesItem_data()
                             const char *defaultType,
                             const char *description) {
         const bool hardOnly = qstrcmp(defaultType, "hard") == 0;
-        QTest::newRow(item) << latin1(item) << minValue << maxValue << valueType << hardOnly << latin1(defaultType)
-                            << latin1(description);
+        QTest::newRow(item) << text(item) << minValue << maxValue << valueType << hardOnly << text(defaultType)
+                            << text(description);
     };
     addItem("core", -1, highest, 1, "soft", "Maximum core file size.");
     addItem("data", -1, highest, 1, "soft", "Maximum data size.");
@@ -125,7 +122,7 @@ void LimitsCatalogueTest::hasDefaultsForUnknownItem_data()
     QTest::newRow("NPROC") << QStringLiteral("NPROC");
     QTest::newRow("cor") << QStringLiteral("cor");
     QTest::newRow("core with a space") << QStringLiteral("core ");
-    QTest::newRow("empty") << latin1("");
+    QTest::newRow("empty") << text("");
     QTest::newRow("null") << QString();
 }
 
@@ -190,10 +187,10 @@ void LimitsCatalogueTest::showsValue_data()
 {
     QTest::addColumn<QString>("item");
     QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("expected");
 
-    const auto addValue = [](const char *item, const QVariant &value, const char *text) {
-        QTest::addRow("%s of %s", qPrintable(describe(value)), item) << latin1(item) << value << latin1(text);
+    const auto addValue = [](const char *item, const QVariant &value, const char *expected) {
+        QTest::addRow("%s of %s", qPrintable(describe(value)), item) << text(item) << value << text(expected);
     };
     addValue("msgqueue", 1024, "1024 Bytes");
     addValue("msgqueue", 819200, "819200 Bytes");
@@ -202,44 +199,44 @@ void LimitsCatalogueTest::showsValue_data()
     addValue("memlock", highest, "2147483647 KB");
     addValue("core", 0, "0 KB");
     addValue("core", -1, "-1 KB");
-    addValue("core", latin1("text"), "0 KB");
-    addValue("core", latin1("/srv"), "0 KB");
-    addValue("core", latin1("12"), "12 KB");
+    addValue("core", text("text"), "0 KB");
+    addValue("core", text("/srv"), "0 KB");
+    addValue("core", text("12"), "12 KB");
     addValue("core", QVariant(), "0 KB");
     addValue("cpu", 30, "30 Minutes");
     addValue("cpu", 1, "1 Minutes");
     addValue("cpu", 1440000, "1440000 Minutes");
-    addValue("cpu", latin1("%1"), "0 Minutes");
+    addValue("cpu", text("%1"), "0 Minutes");
     addValue("nproc", -1, "-1");
     addValue("nproc", 4096, "4096");
-    addValue("nproc", latin1("many"), "many");
+    addValue("nproc", text("many"), "many");
     addValue("nproc", QVariant(), "");
     addValue("nonewprivs", 1, "Enabled");
-    addValue("nonewprivs", latin1("1"), "Enabled");
+    addValue("nonewprivs", text("1"), "Enabled");
     addValue("nonewprivs", 0, "Disabled");
     addValue("nonewprivs", 2, "Disabled");
     addValue("nonewprivs", -1, "Disabled");
-    addValue("nonewprivs", latin1("yes"), "Disabled");
+    addValue("nonewprivs", text("yes"), "Disabled");
     addValue("nonewprivs", QVariant(), "Disabled");
-    addValue("chroot", latin1("/srv/jail"), "/srv/jail");
+    addValue("chroot", text("/srv/jail"), "/srv/jail");
     addValue("chroot", 0, "0");
     addValue("bogus", 5, "5");
-    addValue("bogus", latin1("%1 KB"), "%1 KB");
+    addValue("bogus", text("%1 KB"), "%1 KB");
 }
 
 void LimitsCatalogueTest::showsValue()
 {
     QFETCH(QString, item);
     QFETCH(QVariant, value);
-    QFETCH(QString, text);
+    QFETCH(QString, expected);
 
-    QCOMPARE(LimitsParser::valueToString(value, item), text);
+    QCOMPARE(LimitsParser::valueToString(value, item), expected);
 }
 
 void LimitsCatalogueTest::explainsType_data()
 {
     QTest::addColumn<QString>("type");
-    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("expected");
 
     QTest::newRow("soft") << QStringLiteral("soft")
                           << QStringLiteral("This is the soft resource limit.<br>"
@@ -253,17 +250,17 @@ void LimitsCatalogueTest::explainsType_data()
                                          "this limit is used by default and cannot be changed upward by user.");
     const char *const others[] = {"both", "Soft", "soft ", "--", "", "%1", "<br>"};
     for (const char *other : others) {
-        QTest::addRow("other: '%s'", other) << latin1(other) << latin1(other);
+        QTest::addRow("other: '%s'", other) << text(other) << text(other);
     }
 }
 
 void LimitsCatalogueTest::explainsType()
 {
     QFETCH(QString, type);
-    QFETCH(QString, text);
+    QFETCH(QString, expected);
 
-    QCOMPARE(LimitsParser::typeToolTip(type), text);
-    QCOMPARE(LimitsParser::typeToolTip(type), text);
+    QCOMPARE(LimitsParser::typeToolTip(type), expected);
+    QCOMPARE(LimitsParser::typeToolTip(type), expected);
 }
 
 void LimitsCatalogueTest::explainsTypesInLanguageOfFirstTime()

@@ -5,6 +5,7 @@
 
 #include "describe.h"
 #include "limitsfixtures.h"
+#include "texts.h"
 
 #include <QTest>
 
@@ -38,11 +39,6 @@ GroupInfo groupNamed(const char *name)
     return GroupInfo::getGroup(QString::fromLatin1(name));
 }
 
-QString latin1(const char *text)
-{
-    return QString::fromLatin1(text);
-}
-
 void addCaseColumns()
 {
     QTest::addColumn<QByteArray>("rules");
@@ -53,7 +49,7 @@ void addCaseColumns()
 
 void addCase(const char *title, const QByteArray &rules, const char *name, const char *item, const char *value)
 {
-    QTest::addRow("%s: %s", title, name) << rules << latin1(name) << latin1(item) << latin1(value);
+    QTest::addRow("%s: %s", title, name) << rules << text(name) << text(item) << text(value);
 }
 }
 
@@ -91,7 +87,7 @@ void LimitsLookupTest::findsField_data()
     QTest::addColumn<QString>("value");
 
     const auto addRow = [](const char *domain, const char *item, const char *value) {
-        QTest::addRow("'%s' '%s'", domain, item) << latin1(domain) << latin1(item) << latin1(value);
+        QTest::addRow("'%s' '%s'", domain, item) << text(domain) << text(item) << text(value);
     };
     addRow("*", "nproc", "int 100");
     addRow("*", "core", "int 0");
@@ -298,10 +294,10 @@ void LimitsLookupTest::takesEmptyRecords()
 void LimitsLookupTest::explainsDomain_data()
 {
     QTest::addColumn<QString>("domain");
-    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("expected");
 
-    const auto addDomain = [](const char *domain, const char *text) {
-        QTest::addRow("'%s'", qPrintable(latin1(domain))) << latin1(domain) << latin1(text);
+    const auto addDomain = [](const char *domain, const char *expected) {
+        QTest::addRow("'%s'", qPrintable(text(domain))) << text(domain) << text(expected);
     };
     addDomain("*", "All users");
     addDomain("**", "User name: \"**\"");
@@ -338,9 +334,9 @@ void LimitsLookupTest::explainsDomain_data()
 void LimitsLookupTest::explainsDomain()
 {
     QFETCH(QString, domain);
-    QFETCH(QString, text);
+    QFETCH(QString, expected);
 
-    QCOMPARE(LimitsParser::domainToolTip(domain), text);
+    QCOMPARE(LimitsParser::domainToolTip(domain), expected);
 }
 
 QTEST_GUILESS_MAIN(LimitsLookupTest)

@@ -7,6 +7,7 @@
 #include "messagerecorder.h"
 #include "modellog.h"
 #include "sandbox.h"
+#include "texts.h"
 
 #include <GroupListModel>
 
@@ -25,11 +26,6 @@ const char groupsFile[] = "zoe:x:1000:\n"
                           "Team:x:1001:yan,zoe\n";
 
 using Model = GroupListModel;
-
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 QString zoe()
 {

@@ -7,6 +7,7 @@
 #include "messagerecorder.h"
 #include "modellog.h"
 #include "sandbox.h"
+#include "texts.h"
 
 #include <UserListModel>
 
@@ -32,11 +33,6 @@ using Model = UserListModel;
 GroupInfo staff()
 {
     return GroupInfo::getGroup(QStringLiteral("staff"));
-}
-
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
 }
 }
 

@@ -6,6 +6,7 @@
 #include "messagerecorder.h"
 #include "randomscript.h"
 #include "sandbox.h"
+#include "texts.h"
 #include "usericonfixtures.h"
 
 #include <UserUtils>
@@ -13,15 +14,6 @@
 #include <QDir>
 #include <QFile>
 #include <QTest>
-
-namespace
-{
-QStringList sorted(QStringList list)
-{
-    list.sort();
-    return list;
-}
-}
 
 class UserIconsTest : public QObject
 {

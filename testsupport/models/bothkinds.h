@@ -8,18 +8,13 @@
 
 #include "listkinds.h"
 #include "sandbox.h"
+#include "texts.h"
 
 #include <QPair>
 #include <QTest>
 #include <QVector>
 
 // What is alike for users and for groups is tested once, and runs for both.
-
-/** A text without a QString::fromLatin1() around it. */
-inline QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 /** The rows of initTestCase_data(). */
 inline void addBothKinds()

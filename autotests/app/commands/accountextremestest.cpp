@@ -7,6 +7,7 @@
 #include "generatedaccounts.h"
 #include "program.h"
 #include "sandbox.h"
+#include "texts.h"
 
 #include <QHash>
 #include <QJsonArray>
@@ -93,15 +94,6 @@ QJsonArray json(const char *command)
     return QJsonDocument::fromJson(result.output).array();
 }
 
-QStringList strings(const QJsonValue &array)
-{
-    QStringList list;
-    const QVariantList values = array.toArray().toVariantList();
-    for (const QVariant &value : values) {
-        list.append(value.toString());
-    }
-    return list;
-}
 }
 
 /** The commands where there are no accounts, no groups, files that cannot be read, or very many accounts. */

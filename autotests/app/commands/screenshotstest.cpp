@@ -7,6 +7,7 @@
 #include "limitsfixtures.h"
 #include "program.h"
 #include "sandbox.h"
+#include "texts.h"
 
 #include <QDir>
 #include <QImage>
@@ -16,11 +17,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 /** Runs without a display and without a platform chosen, as scripts/demo does on a server. */
 Program::Result takeScreenshots(const QString &directory, const QStringList &variables = {})
 {

@@ -206,7 +206,7 @@ bool isPartOf(const QList<GroupInfo> &groups, const QList<GroupInfo> &complete)
 }
 }
 
-class AccountMemoryTest : public QObject
+class AccountMemoryShortageTest : public QObject
 {
     Q_OBJECT
 
@@ -219,7 +219,7 @@ private Q_SLOTS:
     void endsOnAnyShortage();
 };
 
-void AccountMemoryTest::init()
+void AccountMemoryShortageTest::init()
 {
     s_membershipsClaimed = 0;
     QByteArray groups = "ormel-admin:x:27:alice\nalice:x:1000:\n";
@@ -231,7 +231,7 @@ void AccountMemoryTest::init()
     QCOMPARE(UserInfo::getUserGroups(getpwnam("alice")).size(), 22);
 }
 
-void AccountMemoryTest::listsNoGroupsWithoutMemory()
+void AccountMemoryShortageTest::listsNoGroupsWithoutMemory()
 {
     passwd *entry = getpwnam("alice");
     MessageRecorder recorder;
@@ -250,7 +250,7 @@ void AccountMemoryTest::listsNoGroupsWithoutMemory()
 }
 
 // The buffer grows twelve times, and each time there may be no memory for it.
-void AccountMemoryTest::listsNoGroupsWithoutMemoryForMore()
+void AccountMemoryShortageTest::listsNoGroupsWithoutMemoryForMore()
 {
     passwd *entry = getpwnam("alice");
     MessageRecorder recorder;
@@ -266,7 +266,7 @@ void AccountMemoryTest::listsNoGroupsWithoutMemoryForMore()
     QCOMPARE(recorder.takeTexts(), QStringList());
 }
 
-void AccountMemoryTest::listsGroupsHoweverManyThereAre()
+void AccountMemoryShortageTest::listsGroupsHoweverManyThereAre()
 {
     passwd *entry = getpwnam("alice");
 
@@ -280,7 +280,7 @@ void AccountMemoryTest::listsGroupsHoweverManyThereAre()
     QCOMPARE(memory.freedIdBuffers, 1);
 }
 
-void AccountMemoryTest::endsOnAnyShortage_data()
+void AccountMemoryShortageTest::endsOnAnyShortage_data()
 {
     QTest::addColumn<int>("shortage");
 
@@ -289,7 +289,7 @@ void AccountMemoryTest::endsOnAnyShortage_data()
 }
 
 // Each request for memory that the library and the C library make in one call fails in turn.
-void AccountMemoryTest::endsOnAnyShortage()
+void AccountMemoryShortageTest::endsOnAnyShortage()
 {
     QFETCH(int, shortage);
     passwd *entry = getpwnam("alice");
@@ -321,6 +321,6 @@ void AccountMemoryTest::endsOnAnyShortage()
     QCOMPARE(UserInfo::getUserGroups(entry), complete);
 }
 
-QTEST_GUILESS_MAIN(AccountMemoryTest)
+QTEST_GUILESS_MAIN(AccountMemoryShortageTest)
 
-#include "memorytest.moc"
+#include "memoryshortagetest.moc"
