@@ -9,6 +9,8 @@
 #include <QMouseEvent>
 #include <QTest>
 
+#include <limits>
+
 class IconSelectWidgetDragTest : public QObject
 {
     Q_OBJECT
@@ -16,6 +18,8 @@ class IconSelectWidgetDragTest : public QObject
 private Q_SLOTS:
     void movesSelection();
     void stopsMovedSelectionOnePixelShort();
+    void movesSelectionToFarthestPlaces_data();
+    void movesSelectionToFarthestPlaces();
     void resizesSelection_data();
     void resizesSelection();
     void holdsOneHandleAtATime();
@@ -58,6 +62,33 @@ void IconSelectWidgetDragTest::stopsMovedSelectionOnePixelShort()
 
     stage.drag(QPoint(250, 250), QPoint(0, 0));
     QCOMPARE(stage.widget.selection(), edges(0, 0, 99, 99));
+}
+
+void IconSelectWidgetDragTest::movesSelectionToFarthestPlaces_data()
+{
+    QTest::addColumn<QPoint>("to");
+    QTest::addColumn<QRect>("expected");
+
+    const int lowest = std::numeric_limits<int>::min();
+    const int highest = std::numeric_limits<int>::max() - 100; // the window counts from farther away
+    QTest::newRow("left") << QPoint(lowest, 150) << edges(0, 100, 99, 199);
+    QTest::newRow("right") << QPoint(highest, 150) << edges(199, 100, 298, 199);
+    QTest::newRow("top") << QPoint(150, lowest) << edges(100, 0, 199, 99);
+    QTest::newRow("bottom") << QPoint(150, highest) << edges(100, 199, 199, 298);
+}
+
+void IconSelectWidgetDragTest::movesSelectionToFarthestPlaces()
+{
+    QFETCH(QPoint, to);
+
+    Stage stage(QSize(300, 300), patterned(QSize(300, 300)));
+    stage.drag(QPoint(299, 299), QPoint(99, 99));
+    stage.drag(QPoint(50, 50), QPoint(150, 150));
+    QCOMPARE(stage.widget.selection(), edges(100, 100, 199, 199));
+
+    stage.press(QPoint(150, 150));
+    stage.move(to);
+    QTEST(stage.widget.selection(), "expected");
 }
 
 void IconSelectWidgetDragTest::resizesSelection_data()

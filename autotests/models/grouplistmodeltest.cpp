@@ -49,6 +49,7 @@ private Q_SLOTS:
     void locksTheUsersOwnGroup();
     void locksFirstOfEqualOwnGroups();
     void locksNoGroupOfAnotherName();
+    void locksNoOtherGroupOfSameGid();
     void locksNothingWithoutUser();
     void neverLocksNewGroup();
 
@@ -159,6 +160,15 @@ void GroupListModelTest::locksNoGroupOfAnotherName()
     for (int row = 0; row < model.rowCount(); ++row) {
         QVERIFY(model.index(row, 0).flags().testFlag(Qt::ItemIsUserCheckable));
     }
+}
+
+void GroupListModelTest::locksNoOtherGroupOfSameGid()
+{
+    Sandbox::setAccounts(usersFile, "zoe:x:1000:\nalias:x:1000:\n");
+    Model model(zoe(), {});
+    const TableTester tester(&model);
+    QCOMPARE(model.findGroup(zoe()).flags(), Qt::NoItemFlags);
+    QVERIFY(model.findGroup(text("alias")).flags().testFlag(Qt::ItemIsUserCheckable));
 }
 
 void GroupListModelTest::locksNothingWithoutUser()

@@ -150,6 +150,7 @@ void ListChangesTest::removesNothingWithNotification_data()
 
     QTest::newRow("none at the start") << 0 << 0 << lines({"remove 0--1"});
     QTest::newRow("none at the end") << 3 << 0 << lines({"remove 3-2"});
+    QTest::newRow("none before the start") << -1 << 0 << lines({"remove -1--2"});
     QTest::newRow("less than none") << 2 << -2 << lines({"remove 2--1"});
 }
 

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void countsFilesOfParentAlone();
     void listsOwnFilesFirst();
     void listsSubdirectoriesInTheirOrder();
+    void listsWithoutRegardToCase();
     void looksOneLevelDeep();
     void takesAnyFileThatIsNotHidden();
     void followsLinks();
@@ -119,6 +120,12 @@ void UserIconsTest::listsSubdirectoriesInTheirOrder()
         expected.append(inFaces("") + subdirectory + QLatin1String("/a.png"));
     }
     QCOMPARE(picks(3), expected);
+}
+
+void UserIconsTest::listsWithoutRegardToCase()
+{
+    makeFaces({"B/D.png", "B/c.png", "a/F.png", "a/e.png"});
+    QCOMPARE(picks(4), QStringList({inFaces("a/e.png"), inFaces("a/F.png"), inFaces("B/c.png"), inFaces("B/D.png")}));
 }
 
 void UserIconsTest::looksOneLevelDeep()
