@@ -5,14 +5,8 @@
 
 #include "limitscommands.h"
 
-#include "findaccount.h"
-#include "limitschecker.h"
-#include "recordtext.h"
-#include "texttable.h"
-
-#include <GroupInfo>
-#include <LimitsParser>
-#include <UserInfo>
+#include "limitsreport.h"
+#include "parserlimits.h"
 
 #include <KLocalizedString>
 
@@ -30,112 +24,94 @@ QString groupOption()
     return QStringLiteral("group");
 }
 
+QString ruleOption()
+{
+    return QStringLiteral("rule");
+}
+
 QString checkOption()
 {
     return QStringLiteral("check");
 }
 
-/** Rich text for a terminal. */
-QString plain(QString text)
+QString explainOption()
 {
-    return text.replace(QLatin1String("<br>"), QLatin1String(" "));
+    return QStringLiteral("explain");
 }
 
-int showRules(const LimitsParser &limits)
+QString jsonOption()
 {
-    TextTable table({{i18n("Rule")}, {i18n("Meaning")}});
-    const QList<LimitsParser::Field> rules = limits.fields();
-    for (const LimitsParser::Field &rule : rules) {
-        const QStringList columns = RecordText::decode({rule.domain, rule.type, rule.item, rule.value.toString()});
-        table.addRow({columns.join(QLatin1Char(' ')), LimitsParser::domainToolTip(columns.at(0))});
-        table.addRow({QString(), plain(LimitsParser::typeToolTip(columns.at(1)))});
-        table.addRow({QString(), LimitsParser::itemToolTip(columns.at(2))});
-    }
-    return print(table.toString());
+    return QStringLiteral("json");
 }
 
-template<typename Account>
-int showValues(const LimitsParser &limits, const Account &account)
+QString parserOption()
 {
-    TextTable table({{i18n("Item")}, {i18n("Value"), Qt::AlignRight}, {i18n("Limit")}, {i18n("Description")}});
-    const QStringList items = LimitsParser::availableItems();
-    for (const QString &item : items) {
-        const QVariant value = limits.getItem(account, item);
-        table.addRow({
-            item,
-            value.toString(),
-            value.isNull() ? i18n("no rule") : LimitsParser::valueToString(value, item),
-            LimitsParser::itemToolTip(item),
-        });
-    }
-    return print(table.toString());
+    return QStringLiteral("parser");
 }
 
-int showUser(const LimitsParser &limits, const QString &name)
+/** What is wrong with the choice of options; empty when nothing is. */
+QString problemWith(const QCommandLineParser &options)
 {
-    const UserInfo user = FindAccount::user(name);
-    if (user.isEmpty()) {
-        return failure(i18n("There is no user '%1'.", name));
+    const bool ofUser = options.isSet(userOption());
+    const bool ofGroup = options.isSet(groupOption());
+    const bool ofRule = options.isSet(ruleOption());
+    const bool check = options.isSet(checkOption());
+    const bool explain = options.isSet(explainOption());
+    if (ofUser + ofGroup + ofRule + check > 1) {
+        return i18n("Only one of --user, --group, --rule and --check can be given.");
     }
-    return showValues(limits, user);
+    if (explain && !ofUser && !ofGroup) {
+        return i18n("--explain needs --user or --group.");
+    }
+    if (options.isSet(parserOption()) && (ofRule || check || explain || options.isSet(jsonOption()))) {
+        return i18n("--parser can only be combined with --user or --group.");
+    }
+    return {};
 }
 
-int showGroup(const LimitsParser &limits, const QString &name)
+int showParserLimits(const QCommandLineParser &options)
 {
-    const GroupInfo group = FindAccount::group(name);
-    if (group.isEmpty()) {
-        return failure(i18n("There is no group '%1'.", name));
+    if (options.isSet(userOption())) {
+        return ParserLimits::showUser(options.value(userOption()));
     }
-    return showValues(limits, group);
-}
-
-int showFindings()
-{
-    const QList<LimitsFinding> findings = checkLimits();
-    if (findings.isEmpty()) {
-        return print(i18n("Every line is taken as it is written.") + QLatin1Char('\n'));
+    if (options.isSet(groupOption())) {
+        return ParserLimits::showGroup(options.value(groupOption()));
     }
-    TextTable table({{i18n("File")}, {i18n("Line"), Qt::AlignRight}, {i18n("Reason")}, {i18n("Text")}});
-    for (const LimitsFinding &finding : findings) {
-        table.addRow({
-            finding.file,
-            QString::number(finding.line),
-            finding.allReasons(),
-            finding.visibleText(),
-        });
-    }
-    print(table.toString());
-    return Failure;
+    return ParserLimits::showRules();
 }
 }
 
 QList<QCommandLineOption> limitsOptions()
 {
     return {
-        {userOption(), i18n("Show the limits of a user."), i18n("name")},
-        {groupOption(), i18n("Show the limits of a group."), i18n("name")},
+        {userOption(), i18n("Show what a session of a user gets."), i18n("name")},
+        {groupOption(), i18n("Show what the rules for a group give its members."), i18n("name")},
+        {explainOption(), i18n("List all lines that match for an item, and why one of them decides."), i18n("item")},
+        {ruleOption(), i18n("List the accounts for which a line decides something."), i18n("file:line")},
         {checkOption(), i18n("List the lines that do not mean what they seem to.")},
+        {jsonOption(), i18n("Print JSON.")},
+        {parserOption(), i18n("Show what programs get from LimitsParser instead.")},
     };
 }
 
 int showLimits(const QCommandLineParser &options, const QString & /*operand*/)
 {
-    const bool ofUser = options.isSet(userOption());
-    const bool ofGroup = options.isSet(groupOption());
-    const bool check = options.isSet(checkOption());
-    if (ofUser + ofGroup + check > 1) {
-        return usageError(i18n("Only one of --user, --group and --check can be given."));
+    const QString problem = problemWith(options);
+    if (!problem.isEmpty()) {
+        return usageError(problem);
     }
-    LimitsParser limits;
-    QString error;
-    if (!limits.readLimitsConf(error)) {
-        return failure(error);
+    if (options.isSet(parserOption())) {
+        return showParserLimits(options);
     }
-    if (ofUser) {
-        return showUser(limits, options.value(userOption()));
+    const LimitsReport report(options.isSet(jsonOption()));
+    if (options.isSet(userOption())) {
+        return report.showUser(options.value(userOption()), options.value(explainOption()));
     }
-    if (ofGroup) {
-        return showGroup(limits, options.value(groupOption()));
+    if (options.isSet(groupOption())) {
+        return report.showGroup(options.value(groupOption()), options.value(explainOption()));
     }
-    return check ? showFindings() : showRules(limits);
+    if (options.isSet(ruleOption())) {
+        return report.showAccounts(options.value(ruleOption()));
+    }
+    return options.isSet(checkOption()) ? report.showFindings() : report.showLines();
 }

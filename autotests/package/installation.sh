@@ -30,6 +30,6 @@ export LD_LIBRARY_PATH=$libdir
 # The translations are found next to the program: its own texts and the library's.
 printf '@staff - core 1\n' >/etc/security/limits.conf
 rm -f /etc/security/limits.d/*
-LANGUAGE=de XDG_DATA_DIRS=$prefix/share "$prefix/bin/ormel-users" limits >german
+LANGUAGE=de XDG_DATA_DIRS=$prefix/share "$prefix/bin/ormel-users" limits --parser >german
 grep -qx 'Regel  *Bedeutung' german
 grep -q 'Gruppenname: „staff“' german

@@ -28,25 +28,35 @@ void PamLimits::CandidateChooser::startDomain()
     m_seen = {};
 }
 
+int PamLimits::CandidateChooser::successorOf(int place) const
+{
+    const Line &line = m_rules.lines().at(place);
+    const Seen &seen = m_seen.at(int(line.item));
+    if (line.kind != LineKind::Rule) {
+        return -1;
+    }
+    return line.type & Soft ? seen.soft : std::max(seen.hard, seen.both);
+}
+
 bool PamLimits::CandidateChooser::counts(int place)
 {
     const Line &line = m_rules.lines().at(place);
     Seen &seen = m_seen.at(int(line.item));
     if (line.kind != LineKind::Rule) {
         // It says which of two items the value for logins is for.
-        const bool isLast = !seen.bad && !seen.soft && kindOf(line.item) == ItemKind::Logins;
+        const bool isLast = !seen.bad && seen.soft < 0 && kindOf(line.item) == ItemKind::Logins;
         seen.bad = true;
         return isLast;
     }
     const bool isForBoth = line.type == Both;
-    const bool isLastSoft = (line.type & Soft) && !seen.soft;
-    const bool isLastHard = line.type == Hard && !seen.hard;
-    const bool isHardReserve = isForBoth && !seen.hard
-        && (seen.nextBoth < 0
-            || (hasTwoLimits(kindOf(line.item)) && isBarrierBetween(line.item, place, seen.nextBoth)));
-    seen.soft = seen.soft || (line.type & Soft);
-    seen.hard = seen.hard || line.type == Hard;
-    seen.nextBoth = isForBoth ? place : seen.nextBoth;
+    const bool isLastSoft = (line.type & Soft) && seen.soft < 0;
+    const bool isLastHard = line.type == Hard && seen.hard < 0;
+    const bool isReplaced =
+        seen.both >= 0 && !(hasTwoLimits(kindOf(line.item)) && isBarrierBetween(line.item, place, seen.both));
+    const bool isHardReserve = isForBoth && seen.hard < 0 && !isReplaced;
+    seen.soft = (line.type & Soft) && seen.soft < 0 ? place : seen.soft;
+    seen.hard = isLastHard ? place : seen.hard;
+    seen.both = isForBoth ? place : seen.both;
     return isLastSoft || isLastHard || isHardReserve || m_isFirst.at(place);
 }
 

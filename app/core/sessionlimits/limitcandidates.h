@@ -27,16 +27,19 @@ public:
     /** Takes the lines of a domain from the last to the first; true for those that count. */
     bool counts(int place);
 
+    /** The later line of the domain that stands in for one that does not count. */
+    int successorOf(int place) const;
+
     /** To be called before the first line of each domain. */
     void startDomain();
 
 private:
+    /** Places of lines that were taken before and stand behind; -1 for none. */
     struct Seen {
-        bool soft = false;
-        bool hard = false;
+        int soft = -1;
+        int hard = -1;
+        int both = -1;
         bool bad = false;
-        /** The next line of type "-"; -1 when there is none. */
-        int nextBoth = -1;
     };
 
     bool isBarrierBetween(Item item, int place, int next) const;

@@ -11,6 +11,7 @@
 
 PamLimits::LineIndex::LineIndex(const Rules &rules)
     : m_exemptions(rules.domains().size(), -1)
+    , m_successors(rules.lines().size(), -1)
 {
     sortByDomain(rules);
     choose(rules);
@@ -54,8 +55,11 @@ void PamLimits::LineIndex::choose(const Rules &rules)
         const int begin = m_candidates.numbers.size();
         for (const int *place = places.end(); place != places.begin();) {
             --place;
+            const int successor = chooser.successorOf(*place);
             if (chooser.counts(*place)) {
                 m_candidates.numbers.append(*place);
+            } else {
+                m_successors[*place] = successor;
             }
         }
         std::reverse(m_candidates.numbers.begin() + begin, m_candidates.numbers.end());
@@ -81,4 +85,9 @@ PamLimits::LineIndex::Places PamLimits::LineIndex::candidates(int domain) const
 int PamLimits::LineIndex::exemption(int domain) const
 {
     return m_exemptions.at(domain);
+}
+
+int PamLimits::LineIndex::successor(int place) const
+{
+    return m_successors.at(place);
 }

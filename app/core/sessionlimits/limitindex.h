@@ -41,6 +41,9 @@ public:
     /** The first exemption of a domain; -1 when there is none. */
     int exemption(int domain) const;
 
+    /** The candidate of its domain that a line always loses against; -1 for a candidate. */
+    int successor(int place) const;
+
 private:
     /** Lists of numbers, one after the other. */
     struct Lists {
@@ -56,6 +59,7 @@ private:
     Lists m_all;
     Lists m_candidates;
     QVector<int> m_exemptions;
+    QVector<int> m_successors;
 };
 }
 

@@ -16,6 +16,16 @@ using PamLimits::Domain;
 const char everybody[] = "*";
 const char loginsOfAll[] = "%";
 
+bool hasUid(const Domain &domain, const PamLimits::Account &account)
+{
+    return !account.isAnyMember && domain.contains(account.uid);
+}
+
+bool hasPrimaryGroup(const Domain &domain, const PamLimits::Account &account)
+{
+    return !account.isAnyMember && domain.contains(account.gid);
+}
+
 bool isRange(const Domain &domain)
 {
     return domain.range != Domain::Range::None;
@@ -102,11 +112,11 @@ PamLimits::Rank PamLimits::Matcher::rankOf(int place, const Account &account) co
     }
     if (account.isRoot()) {
         // Of a range for groups, the numbers count as uids.
-        return domain.contains(account.uid) ? Rank::User : Rank::None;
+        return hasUid(domain, account) ? Rank::User : Rank::None;
     }
     if (domain.prefix == Domain::Prefix::None) {
         const Rank other = domain.text == everybody ? Rank::Everybody : Rank::None;
-        return domain.contains(account.uid) ? Rank::User : other;
+        return hasUid(domain, account) ? Rank::User : other;
     }
     if (domain.text == loginsOfAll) {
         return Rank::LoginsOfAll;
@@ -114,7 +124,7 @@ PamLimits::Rank PamLimits::Matcher::rankOf(int place, const Account &account) co
     if (domain.prefix == Domain::Prefix::Logins) {
         return isForMembers(domain) && hasMember(place, account) ? Rank::LoginsOfGroup : Rank::None;
     }
-    const bool isIn = isForMembers(domain) ? hasMember(place, account) : domain.contains(account.gid);
+    const bool isIn = isForMembers(domain) ? hasMember(place, account) : hasPrimaryGroup(domain, account);
     return isIn ? Rank::Group : Rank::None;
 }
 
@@ -125,7 +135,7 @@ bool PamLimits::Matcher::exempts(int place, const Account &account) const
         return true;
     }
     if (domain.prefix != Domain::Prefix::Group) {
-        return domain.contains(account.uid);
+        return hasUid(domain, account);
     }
-    return isForMembers(domain) ? hasMember(place, account) : domain.contains(account.gid);
+    return isForMembers(domain) ? hasMember(place, account) : hasPrimaryGroup(domain, account);
 }

@@ -19,11 +19,18 @@ struct Account {
     quint32 gid = 0;
     /** All groups, the primary one among them. */
     QVector<quint32> groups;
+    /** Whether it stands for any member of a group, of which neither uid nor primary group is known. */
+    bool isAnyMember = false;
+
+    static Account memberOf(quint32 group)
+    {
+        return {{}, 0, 0, {group}, true};
+    }
 
     /** Wildcards and groups do not count for root, whatever its name is. */
     bool isRoot() const
     {
-        return uid == 0;
+        return uid == 0 && !isAnyMember;
     }
 };
 }

@@ -141,25 +141,26 @@ PamLimits::SessionLimits::linesFor(const Account &account, const QVector<int> &d
     return ranked;
 }
 
-PamLimits::Answer PamLimits::SessionLimits::answer(const Account &account) const
+PamLimits::Answer PamLimits::SessionLimits::answer(const Account &account, QVector<Outcome> *outcomes) const
 {
     const QVector<int> domains = m_matcher.domainsFor(account);
     Answer answer;
     answer.exemption = exemptionOf(account, domains);
-    if (answer.exemption >= 0) {
+    const bool isOverruled = answer.exemption >= 0 || m_failingFile >= 0;
+    if (isOverruled && !outcomes) {
+        answer.failure = failureOf(answer, account);
         return answer;
     }
-    if (m_failingFile >= 0) {
-        answer.failure = {Failure::Reason::File, m_failingFile, -1};
-        return answer;
-    }
-    Contest contest(m_rules);
+    Contest contest(m_rules, outcomes);
     const QVector<RankedLine> lines = linesFor(account, domains, &LineIndex::candidates);
     for (const auto &[place, rank] : lines) {
         contest.add(place, rank);
     }
     settle(contest);
-    for (int i = 0; i < itemCount; ++i) {
+    if (outcomes) {
+        finish(*outcomes, answer.exemption);
+    }
+    for (int i = 0; i < (isOverruled ? 0 : itemCount); ++i) {
         const Item item = Item(i);
         const int soft = contest.winner(item, SoftHalf);
         const int hard = contest.winner(item, HardHalf);
@@ -167,6 +168,20 @@ PamLimits::Answer PamLimits::SessionLimits::answer(const Account &account) const
     }
     answer.failure = failureOf(answer, account);
     return answer;
+}
+
+bool PamLimits::SessionLimits::decides(int place, const Account &account) const
+{
+    const int domain = int(m_rules.lines().at(place).domain);
+    const bool isExemption = m_rules.lines().at(place).kind == LineKind::Exemption;
+    if (!(isExemption ? m_matcher.exempts(domain, account) : m_matcher.rankOf(domain, account) != Rank::None)) {
+        return false;
+    }
+    const Answer found = answer(account);
+    return found.exemption == place
+        || std::any_of(found.limits.begin(), found.limits.end(), [place](const Limit &limit) {
+               return limit.softLine == place || limit.hardLine == place;
+           });
 }
 
 void PamLimits::SessionLimits::settle(Contest &contest) const
@@ -204,6 +219,12 @@ PamLimits::Value PamLimits::SessionLimits::valueOf(Item item, int line) const
 
 PamLimits::Failure PamLimits::SessionLimits::failureOf(const Answer &answer, const Account &account) const
 {
+    if (answer.exemption >= 0) {
+        return {};
+    }
+    if (m_failingFile >= 0) {
+        return {Failure::Reason::File, m_failingFile, -1};
+    }
     for (const Item item : {Item::MaxLogins, Item::MaxSysLogins}) {
         const Limit &limit = answer.limit(item);
         if (limit.hard.isSet() && limit.hard.number == 0 && !account.isRoot()) {
@@ -235,14 +256,18 @@ QVector<PamLimits::Outcome> PamLimits::SessionLimits::outcomes(const Account &ac
         }
     }
     settle(contest);
-    const int exemption = exemptionOf(account, domains);
+    finish(outcomes, exemptionOf(account, domains));
+    return outcomes;
+}
+
+void PamLimits::SessionLimits::finish(QVector<Outcome> &outcomes, int exemption) const
+{
     for (Outcome &outcome : outcomes) {
-        if (!hasTwoLimits(kindOf(item))) {
+        if (!hasTwoLimits(kindOf(m_rules.lines().at(outcome.line).item))) {
             outcome.parts[HardHalf] = outcome.parts[SoftHalf];
         }
         overrule(outcome, exemption);
     }
-    return outcomes;
 }
 
 void PamLimits::SessionLimits::overrule(Outcome &outcome, int exemption) const
@@ -254,4 +279,9 @@ void PamLimits::SessionLimits::overrule(Outcome &outcome, int exemption) const
     for (Outcome::Part &part : outcome.parts) {
         part = part.fate == Fate::NotMeant ? part : overruled;
     }
+}
+
+int PamLimits::SessionLimits::successorOf(int place) const
+{
+    return m_index.successor(place);
 }

@@ -73,7 +73,14 @@ public:
     /** For each unreadable file, what is wrong with it. */
     QStringList errors() const;
 
-    Answer answer(const Account &account) const;
+    /** @param outcomes takes how those lines came out on which the answer depends; null when they do not matter */
+    Answer answer(const Account &account, QVector<Outcome> *outcomes = nullptr) const;
+
+    /** Whether the line at @p place decides something for @p account. */
+    bool decides(int place, const Account &account) const;
+
+    /** The place of the line that makes the one at @p place useless whoever it is for; -1 when there is none. */
+    int successorOf(int place) const;
 
     /** All rules for @p item that match @p account, in the order in which they are read. */
     QVector<Outcome> outcomes(const Account &account, Item item) const;
@@ -87,6 +94,7 @@ private:
     QVector<RankedLine> linesFor(const Account &account, const QVector<int> &domains, Lines lines) const;
     void settle(Contest &contest) const;
     Value valueOf(Item item, int line) const;
+    void finish(QVector<Outcome> &outcomes, int exemption) const;
     void overrule(Outcome &outcome, int exemption) const;
     Failure failureOf(const Answer &answer, const Account &account) const;
 

@@ -3,49 +3,11 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
-#include "limitsfixtures.h"
-#include "program.h"
+#include "limitsprogram.h"
 
 #include <QTest>
 
 #include <sys/stat.h>
-
-namespace
-{
-struct Result {
-    int status = -1;
-    QString output;
-    QString errors;
-};
-
-/** Runs "ormel-users limits" with @p options. */
-Result limits(const QStringList &options)
-{
-    const Program::Result result = Program::run(QStringList(QStringLiteral("limits")) + options);
-    return {result.status, QString::fromUtf8(result.output), QString::fromUtf8(result.errors)};
-}
-
-Result limitsOf(const char *option, const char *name)
-{
-    return limits({QLatin1String(option), QLatin1String(name)});
-}
-
-/** The line of @p output that begins with @p word, its columns separated by "|". */
-QString row(const QString &output, const char *word)
-{
-    const QStringList lines = output.split(QLatin1Char('\n'));
-    for (const QString &line : lines) {
-        QStringList cells = line.split(QLatin1String("  "), Qt::SkipEmptyParts);
-        for (QString &cell : cells) {
-            cell = cell.trimmed();
-        }
-        if (cells.value(0) == QLatin1String(word)) {
-            return cells.join(QLatin1Char('|'));
-        }
-    }
-    return {};
-}
-}
 
 class LimitsCommandsTest : public QObject
 {
@@ -54,107 +16,183 @@ class LimitsCommandsTest : public QObject
 private Q_SLOTS:
     void init();
 
-    void showsRulesWithTheirMeaning();
-    void showsValuesForUser();
-    void showsValuesForGroup();
-    void showsNothingForRoot();
-    void failsForUnknownAccounts();
-    void failsOnUnreadableFile_data();
-    void failsOnUnreadableFile();
+    void listsLinesWithTheirMeaning();
+    void showsSessionOfUser();
+    void showsMembersOfGroup();
+    void tellsThatNoLimitsAreSet();
+    void tellsThatNoSessionIsOpened();
+    void explainsItem();
+    void listsAccountsOfRule();
+    void failsForUnknownNames_data();
+    void failsForUnknownNames();
+    void marksAnswerWithoutFile_data();
+    void marksAnswerWithoutFile();
     void failsOnFindings();
     void approvesOfGoodFiles();
-    void takesOneQuestionAtATime();
+    void showsParserRules();
+    void showsParserValues();
+    void refusesOptionsThatDoNotGoTogether_data();
+    void refusesOptionsThatDoNotGoTogether();
 };
 
 void LimitsCommandsTest::init()
 {
-    Sandbox::removeExtraAccounts();
-    Sandbox::setAccounts("root:x:0:0::/root:/bin/sh\nalice:x:1000:1000::/:\n",
-                         "root:x:0:\normel-admin:x:27:\nalice:x:1000:\npupils:x:50:alice\n");
-    installLimits(QFINDTESTDATA("../../limits/data/typical"));
+    setLimitsOfPupils();
 }
 
-void LimitsCommandsTest::showsRulesWithTheirMeaning()
+void LimitsCommandsTest::listsLinesWithTheirMeaning()
 {
+    Sandbox::write(dropInPath(QStringLiteral("old")), "* soft data 1\n");
+    Sandbox::write(dropInPath(QStringLiteral("x.conf")), "\n1000: - nofile\n\nalice -\n");
     const Result result = limits({});
     QCOMPARE(result.status, 0);
     QCOMPARE(result.errors, QString());
-    const QStringList lines = result.output.split(QLatin1Char('\n'));
-    QCOMPARE(lines.size(), 1 + 13 * 3 + 1);
-    const QString indent(29, QLatin1Char(' '));
-    QCOMPARE(lines.at(0), QStringLiteral("Rule                         Meaning"));
-    QCOMPARE(lines.at(4), QStringLiteral("@developers soft core -1     Group name: \"developers\""));
-    QCOMPARE(lines.at(5),
-             indent
-                 + QStringLiteral("This is the soft resource limit. This type of limits is used by default and can be "
-                                  "changed by the user."));
-    QCOMPARE(lines.at(6), indent + QStringLiteral("Maximum core file size."));
-    QCOMPARE(lines.at(19), QStringLiteral("mirror - chroot /srv/mirror  User name: \"mirror\""));
+    QCOMPARE(result.output.count(QLatin1Char('\n')), 1 + 6);
+    QCOMPARE(row(result.output, "/etc/security/limits.conf:2"),
+             QStringLiteral("/etc/security/limits.conf:2|@pupils - nproc 60|"
+                            "Group name: \"pupils\": Maximum number of processes."));
+    QCOMPARE(row(result.output, "/etc/security/limits.d/old:1"),
+             QStringLiteral("/etc/security/limits.d/old:1|* soft data 1|"
+                            "PAM does not read this file: its name does not end in .conf"));
+    QCOMPARE(row(result.output, "/etc/security/limits.d/x.conf:2"),
+             QStringLiteral("/etc/security/limits.d/x.conf:2|1000: - nofile|"
+                            "PAM ignores this line: it has fewer than four columns"));
+    QCOMPARE(row(result.output, "/etc/security/limits.d/x.conf:4"),
+             QStringLiteral("/etc/security/limits.d/x.conf:4|alice -|User name: \"alice\": exempt from all limits"));
 }
 
-void LimitsCommandsTest::showsValuesForUser()
+void LimitsCommandsTest::showsSessionOfUser()
 {
     const Result result = limitsOf("--user", "alice");
     QCOMPARE(result.status, 0);
     QCOMPARE(result.errors, QString());
-    QCOMPARE(result.output.count(QLatin1Char('\n')), 1 + 19);
-    QCOMPARE(row(result.output, "core"), QStringLiteral("core|0|0 KB|Maximum core file size."));
-    QCOMPARE(row(result.output, "nproc"), QStringLiteral("nproc|60|60|Maximum number of processes."));
-    QCOMPARE(row(result.output, "maxlogins"), QStringLiteral("maxlogins|2|2|Maximum number of logins for this user."));
-    QCOMPARE(row(result.output, "memlock"), QStringLiteral("memlock|no rule|Maximum locked-in-memory address space."));
+    QCOMPARE(result.output.count(QLatin1Char('\n')), 1 + 20);
+    QCOMPARE(row(result.output, "core"),
+             QStringLiteral("core|0|not set|* /etc/security/limits.conf:1|Maximum core file size."));
+    QCOMPARE(row(result.output, "nproc"),
+             QStringLiteral("nproc|50|60|alice /etc/security/limits.conf:3, @pupils /etc/security/limits.conf:2|"
+                            "Maximum number of processes."));
+    QCOMPARE(row(result.output, "memlock"),
+             QStringLiteral("memlock|not set|not set|Maximum locked-in-memory address space."));
 }
 
-void LimitsCommandsTest::showsValuesForGroup()
+void LimitsCommandsTest::showsMembersOfGroup()
 {
     const Result result = limitsOf("--group", "pupils");
     QCOMPARE(result.status, 0);
-    QCOMPARE(result.output.count(QLatin1Char('\n')), 1 + 19);
-    QCOMPARE(row(result.output, "nproc"), QStringLiteral("nproc|60|60|Maximum number of processes."));
-    const Result other = limitsOf("--group", "alice");
-    QCOMPARE(row(other.output, "nproc"), QStringLiteral("nproc|no rule|Maximum number of processes."));
+    QCOMPARE(row(result.output, "nproc"),
+             QStringLiteral("nproc|60|60|@pupils /etc/security/limits.conf:2|Maximum number of processes."));
+    QCOMPARE(row(limitsOf("--group", "alice").output, "nproc"),
+             QStringLiteral("nproc|not set|not set|Maximum number of processes."));
 }
 
-void LimitsCommandsTest::showsNothingForRoot()
+void LimitsCommandsTest::tellsThatNoLimitsAreSet()
 {
-    const Result result = limitsOf("--user", "root");
+    Sandbox::write(dropInPath(QStringLiteral("x.conf")), "@pupils -\n");
+    const Result result = limitsOf("--user", "alice");
     QCOMPARE(result.status, 0);
-    QCOMPARE(result.output.count(QLatin1String("no rule")), 18);
-    QCOMPARE(row(result.output, "core"), QStringLiteral("core|4096|4096 KB|Maximum core file size."));
+    QVERIFY(result.output.startsWith(QLatin1String("No limits are set: @pupils /etc/security/limits.d/x.conf:1\n")));
+    QCOMPARE(result.output.count(QLatin1String("not set")), 2 * 20);
 }
 
-void LimitsCommandsTest::failsForUnknownAccounts()
+void LimitsCommandsTest::tellsThatNoSessionIsOpened()
 {
-    const Result user = limitsOf("--user", "nobody1");
-    QCOMPARE(user.status, 1);
-    QCOMPARE(user.output, QString());
-    QCOMPARE(user.errors, QStringLiteral("ormel-users: There is no user 'nobody1'.\n"));
-    const Result group = limitsOf("--group", "nogroup1");
-    QCOMPARE(group.status, 1);
-    QCOMPARE(group.output, QString());
-    QVERIFY(group.errors.endsWith(QLatin1String("ormel-users: There is no group 'nogroup1'.\n")));
+    Sandbox::write(dropInPath(QStringLiteral("x.conf")), "alice - maxlogins 0\n");
+    const Result result = limitsOf("--user", "alice");
+    QVERIFY(result.output.startsWith(
+        QLatin1String("No session can be opened: /etc/security/limits.d/x.conf:1 allows no login\n")));
 }
 
-void LimitsCommandsTest::failsOnUnreadableFile_data()
+void LimitsCommandsTest::explainsItem()
+{
+    Sandbox::write(dropInPath(QStringLiteral("x.conf")), "alice soft nproc 40\n* - nproc 70\n");
+    const Result result = limitsOf("--user", "alice", {explain(), QStringLiteral("NPROC")});
+    QCOMPARE(result.status, 0);
+    QCOMPARE(result.output.count(QLatin1Char('\n')), 1 + 4);
+    QCOMPARE(row(result.output, "/etc/security/limits.conf:2"),
+             QStringLiteral("/etc/security/limits.conf:2|@pupils - nproc 60|"
+                            "a domain of higher rank decides: /etc/security/limits.conf:3|decides"));
+    QCOMPARE(row(result.output, "/etc/security/limits.conf:3"),
+             QStringLiteral("/etc/security/limits.conf:3|alice soft nproc 50|"
+                            "a later line decides: /etc/security/limits.d/x.conf:1"));
+    QCOMPARE(row(result.output, "/etc/security/limits.d/x.conf:1"),
+             QStringLiteral("/etc/security/limits.d/x.conf:1|alice soft nproc 40|decides"));
+    QCOMPARE(row(result.output, "/etc/security/limits.d/x.conf:2"),
+             QStringLiteral("/etc/security/limits.d/x.conf:2|* - nproc 70|"
+                            "a domain of higher rank decides: /etc/security/limits.d/x.conf:1|"
+                            "lost together with the soft limit: /etc/security/limits.d/x.conf:1"));
+    QCOMPARE(limitsOf("--user", "alice", {explain(), QStringLiteral("as")}).output,
+             QStringLiteral("No line sets as.\n"));
+}
+
+void LimitsCommandsTest::listsAccountsOfRule()
+{
+    const Result all = limitsOf("--rule", "/etc/security/limits.conf:1");
+    QCOMPARE(all.status, 0);
+    QCOMPARE(all.output, QStringLiteral("User\nalice\nbob\n"));
+    QCOMPARE(limitsOf("--rule", "/etc/security/limits.conf:2").output, QStringLiteral("User\nalice\n"));
+    Sandbox::write(dropInPath(QStringLiteral("x.conf")), "alice hard nproc 40\n");
+    QCOMPARE(limitsOf("--rule", "/etc/security/limits.conf:2").output,
+             QStringLiteral("It decides nothing for any account.\n"));
+}
+
+void LimitsCommandsTest::failsForUnknownNames_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("message");
+
+    const QString user = QStringLiteral("--user");
+    const QString group = QStringLiteral("--group");
+    const QString name = QStringLiteral("nobody1");
+    QTest::newRow("user") << QStringList{user, name} << 1 << QStringLiteral("There is no user 'nobody1'.");
+    QTest::newRow("group") << QStringList{group, name} << 1 << QStringLiteral("There is no group 'nobody1'.");
+    QTest::newRow("line") << QStringList{QStringLiteral("--rule"), QStringLiteral("/etc/security/limits.conf:9")} << 1
+                          << QStringLiteral("There is no rule at '/etc/security/limits.conf:9'.");
+    QTest::newRow("item") << QStringList{user, QStringLiteral("alice"), explain(), QStringLiteral("cores")} << 2
+                          << QStringLiteral("There is no item 'cores'.");
+}
+
+void LimitsCommandsTest::failsForUnknownNames()
+{
+    QFETCH(QStringList, options);
+    QFETCH(int, status);
+    QFETCH(QString, message);
+
+    const Result result = limits(options);
+    QCOMPARE(result.status, status);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors.section(QLatin1Char('\n'), 0, 0), QStringLiteral("ormel-users: ") + message);
+}
+
+void LimitsCommandsTest::marksAnswerWithoutFile_data()
 {
     QTest::addColumn<QStringList>("options");
 
     const QString alice = QStringLiteral("alice");
-    QTest::newRow("rules") << QStringList();
+    QTest::newRow("lines") << QStringList();
     QTest::newRow("user") << QStringList{QStringLiteral("--user"), alice};
+    QTest::newRow("explanation") << QStringList{QStringLiteral("--user"), alice, explain(), QStringLiteral("core")};
     QTest::newRow("group") << QStringList{QStringLiteral("--group"), alice};
     QTest::newRow("check") << QStringList{QStringLiteral("--check")};
 }
 
-void LimitsCommandsTest::failsOnUnreadableFile()
+void LimitsCommandsTest::marksAnswerWithoutFile()
 {
     QFETCH(QStringList, options);
 
-    const QString path = dropInPath(QStringLiteral("90-sound.conf"));
+    const QString path = dropInPath(QStringLiteral("x.conf"));
+    Sandbox::write(path, "* soft core 1\n");
     QCOMPARE(::chmod(qPrintable(path), 0), 0);
     const Result result = limits(options);
-    QCOMPARE(result.status, 1);
-    QCOMPARE(result.output, QString());
-    QCOMPARE(result.errors, QStringLiteral("ormel-users: Unable to open file \"%1\": Permission denied.\n").arg(path));
+    QCOMPARE(result.status, 3);
+    QCOMPARE(result.errors,
+             QStringLiteral("ormel-users: Cannot read %1: Permission denied\n"
+                            "ormel-users: The answer is not complete.\n")
+                 .arg(path));
+    const Result asJson = limits(options + QStringList(json()));
+    QCOMPARE(asJson.status, 3);
+    QVERIFY(!asJson.output.contains(QLatin1String("\"complete\": true")));
 }
 
 void LimitsCommandsTest::failsOnFindings()
@@ -163,23 +201,67 @@ void LimitsCommandsTest::failsOnFindings()
     const Result result = limits({QStringLiteral("--check")});
     QCOMPARE(result.status, 1);
     QCOMPARE(result.errors, QString());
-    QCOMPARE(result.output.count(QLatin1Char('\n')), 2);
-    QCOMPARE(row(result.output, "/etc/security/limits.conf"),
-             QStringLiteral("/etc/security/limits.conf|3|tabs between columns, only spaces separate them|"
-                            "*\\tsoft\\tcore\\t0"));
+    QCOMPARE(result.output.count(QLatin1Char('\n')), 1 + 2);
+    QCOMPARE(row(result.output, "/etc/security/limits.conf:1"),
+             QStringLiteral("/etc/security/limits.conf:1|never decides anything: overridden by "
+                            "/etc/security/limits.conf:3 for every account|* soft core 1"));
+    QCOMPARE(row(result.output, "/etc/security/limits.conf:3"),
+             QStringLiteral("/etc/security/limits.conf:3|PAM applies this; programs that read it through LimitsParser "
+                            "do not see it: columns that are not separated by spaces|*␉soft␉core␉0"));
 }
 
 void LimitsCommandsTest::approvesOfGoodFiles()
 {
     const Result result = limits({QStringLiteral("--check")});
     QCOMPARE(result.status, 0);
-    QCOMPARE(result.output, QStringLiteral("Every line is taken as it is written.\n"));
+    QCOMPARE(result.output, QStringLiteral("No problems found.\n"));
     QCOMPARE(result.errors, QString());
+    QCOMPARE(limits({QStringLiteral("--check"), json()}).output, QStringLiteral("[\n]\n"));
 }
 
-void LimitsCommandsTest::takesOneQuestionAtATime()
+void LimitsCommandsTest::showsParserRules()
 {
-    const Result result = limits({QStringLiteral("--check"), QStringLiteral("--user"), QStringLiteral("alice")});
+    installLimits(QFINDTESTDATA("../../limits/data/typical"));
+    const Result result = limits({parser()});
+    QCOMPARE(result.status, 0);
+    QCOMPARE(result.errors, QString());
+    const QStringList lines = result.output.split(QLatin1Char('\n'));
+    QCOMPARE(lines.size(), 1 + 13 * 3 + 1);
+    const QString indent(29, QLatin1Char(' '));
+    QCOMPARE(lines.at(0), QStringLiteral("Rule                         Meaning"));
+    QCOMPARE(lines.at(4), QStringLiteral("@developers soft core -1     Group name: \"developers\""));
+    QCOMPARE(lines.at(6), indent + QStringLiteral("Maximum core file size."));
+}
+
+void LimitsCommandsTest::showsParserValues()
+{
+    const Result user = limitsOf("--user", "alice", {parser()});
+    QCOMPARE(user.status, 0);
+    QCOMPARE(user.output.count(QLatin1Char('\n')), 1 + 19);
+    QCOMPARE(row(user.output, "nproc"), QStringLiteral("nproc|50|50|Maximum number of processes."));
+    const Result group = limitsOf("--group", "pupils", {parser()});
+    QCOMPARE(row(group.output, "nproc"), QStringLiteral("nproc|60|60|Maximum number of processes."));
+    QCOMPARE(row(group.output, "as"), QStringLiteral("as|no rule|Address space limit."));
+}
+
+void LimitsCommandsTest::refusesOptionsThatDoNotGoTogether_data()
+{
+    QTest::addColumn<QStringList>("options");
+
+    const QStringList alice{QStringLiteral("--user"), QStringLiteral("alice")};
+    const QString check = QStringLiteral("--check");
+    QTest::newRow("check a user") << alice + QStringList(check);
+    QTest::newRow("user and group") << alice + QStringList{QStringLiteral("--group"), QStringLiteral("alice")};
+    QTest::newRow("explain nobody") << QStringList{explain(), QStringLiteral("core")};
+    QTest::newRow("check the parser") << QStringList{check, parser()};
+    QTest::newRow("JSON of the parser") << QStringList{json(), parser()};
+}
+
+void LimitsCommandsTest::refusesOptionsThatDoNotGoTogether()
+{
+    QFETCH(QStringList, options);
+
+    const Result result = limits(options);
     QCOMPARE(result.status, 2);
     QCOMPARE(result.output, QString());
 }

@@ -1,0 +1,132 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "limitfindings.h"
+
+#include "limitwords.h"
+
+#include <KLocalizedString>
+
+#include <QFile>
+
+namespace
+{
+using PamLimits::Domain;
+using PamLimits::Finding;
+using PamLimits::Item;
+using PamLimits::LimitUsage;
+using PamLimits::Line;
+using PamLimits::LineKind;
+using PamLimits::SessionLimits;
+
+/** Why nobody is meant by a domain; empty when somebody may be. */
+QString nobodyMeant(const Domain &domain, const PamLimits::AccountDatabase &database)
+{
+    if (domain.range != Domain::Range::None || domain.text == "*" || domain.text == "%") {
+        return {};
+    }
+    const QString name = LimitWords::fromFile(domain.name());
+    if (domain.prefix == Domain::Prefix::None) {
+        return database.find(domain.text) ? QString() : i18n("is for nobody: there is no user '%1'", name);
+    }
+    return database.gidOf(domain.name()) ? QString() : i18n("is for nobody: there is no group '%1'", name);
+}
+
+QString neverDecides(const SessionLimits &limits, const LimitUsage::Line &use)
+{
+    if (use.decides > 0 || use.matches == 0 || use.against < 0) {
+        return {};
+    }
+    const QString place = limits.rules().placeOf(limits.rules().lines().at(use.against));
+    return use.hasMore ? i18n("never decides anything: overridden by %1 and other lines", place)
+                       : i18n("never decides anything: overridden by %1 for every account", place);
+}
+
+QString lockedOut(const LimitUsage::Line &use, const Line &line)
+{
+    if (use.lockedOut == 0) {
+        return {};
+    }
+    const QString first = LimitWords::fromFile(use.firstLockedOut);
+    const QString item = QString::fromLatin1(nameOf(line.item));
+    return i18np("locks out '%2': no session can be opened with this %3",
+                 "locks out '%2' and others, %1 accounts in all: no session can be opened with this %3",
+                 use.lockedOut,
+                 first,
+                 item);
+}
+
+/** The kernel's limit is asked for here, as it counts for whoever the rule is for. */
+QString refused(const SessionLimits &limits, const Line &line)
+{
+    const bool isTooHigh = line.kind == LineKind::Rule && line.item == Item::NoFile && (line.type & PamLimits::Hard)
+        && line.value != PamLimits::unlimited && line.value > limits.maxOpenFiles();
+    return isTooHigh ? i18n("sets nothing: the kernel refuses a hard nofile above %1 (/proc/sys/fs/nr_open), and the "
+                            "session keeps the limits it had",
+                            QString::number(limits.maxOpenFiles()))
+                     : QString();
+}
+
+Finding findingAbout(const PamLimits::File &file)
+{
+    return {file.path, 0, {}, LimitWords::problem(file)};
+}
+
+/** Whether there is something to say of a whole file: of one with another name when it has rules. */
+bool isOdd(const PamLimits::File &file, bool hasRules)
+{
+    using State = PamLimits::File::State;
+    const bool isNeighbour = file.state == State::OtherName || file.state == State::Hidden;
+    return file.state != State::Read && file.state != State::Unreadable && (!isNeighbour || hasRules);
+}
+}
+
+QStringList PamLimits::statementsOf(const SessionLimits &limits, const LimitUsage &usage, int place)
+{
+    const Rules &rules = limits.rules();
+    const Line &line = rules.lines().at(place);
+    if (!rules.fileOf(line).isRead()) {
+        return {};
+    }
+    const QString problem = LimitWords::problem(rules, line);
+    if (!problem.isEmpty()) {
+        return {i18n("PAM ignores this line: %1", problem)};
+    }
+    const LimitUsage::Line &use = usage.at(place);
+    QStringList statements{
+        nobodyMeant(rules.domainOf(line), limits.database()),
+        refused(limits, line),
+        neverDecides(limits, use),
+        lockedOut(use, line),
+        parserProblem(rules, line),
+    };
+    statements.removeAll(QString());
+    return statements;
+}
+
+QVector<PamLimits::Finding> PamLimits::findings(const SessionLimits &limits, const LimitUsage &usage)
+{
+    const Rules &rules = limits.rules();
+    QVector<Finding> findings;
+    int place = 0;
+    for (int file = 0; file < rules.files().size(); ++file) {
+        bool hasRules = false;
+        QVector<Finding> ofLines;
+        for (; place < rules.lines().size() && rules.lines().at(place).file == file; ++place) {
+            const Line &line = rules.lines().at(place);
+            hasRules = hasRules || line.kind == LineKind::Rule || line.kind == LineKind::Exemption;
+            const QStringList statements = statementsOf(limits, usage, place);
+            for (const QString &statement : statements) {
+                ofLines.append(
+                    {rules.fileOf(line).path, int(line.number), LimitWords::fromFile(rules.textOf(line)), statement});
+            }
+        }
+        if (isOdd(rules.files().at(file), hasRules)) {
+            findings.append(findingAbout(rules.files().at(file)));
+        }
+        findings += ofLines;
+    }
+    return findings;
+}

@@ -1,0 +1,30 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef PROGRESS_H
+#define PROGRESS_H
+
+#include <QElapsedTimer>
+
+/** Shows on standard error how much of a long task is done, when that is a terminal, and clears it afterwards. */
+class Progress
+{
+public:
+    Progress();
+    ~Progress();
+
+    Progress(const Progress &) = delete;
+    Progress &operator=(const Progress &) = delete;
+
+    /** Shows that @p percent of the task are done, unless the task has only just begun. */
+    void show(int percent);
+
+private:
+    const bool m_isTerminal;
+    bool m_isShown = false;
+    QElapsedTimer m_time;
+};
+
+#endif
