@@ -89,7 +89,7 @@ QList<QCommandLineOption> limitsOptions()
         {explainOption(), i18n("List all lines that match for an item, and why one of them decides."), i18n("item")},
         {ruleOption(), i18n("List the accounts for which a line decides something."), i18n("file:line")},
         {checkOption(), i18n("List the lines that do not mean what they seem to.")},
-        {jsonOption(), i18n("Print JSON.")},
+        {jsonOption(), i18n("Print JSON instead of text.")},
         {parserOption(), i18n("Show what programs get from LimitsParser instead.")},
     };
 }

@@ -21,8 +21,6 @@ namespace
 {
 using PamLimits::Item;
 
-constexpr int FilesUnreadable = 3;
-
 PamLimits::SessionLimits readLimits()
 {
     Progress progress;
@@ -84,7 +82,7 @@ int LimitsReport::finish(int status) const
     }
     if (!errors.isEmpty()) {
         printError(i18n("The answer is not complete."));
-        return FilesUnreadable;
+        return Unreadable;
     }
     return status;
 }
@@ -171,7 +169,7 @@ int LimitsReport::explain(const PamLimits::Account &account, Item item, const QS
     if (outcomes.isEmpty()) {
         return finish(printSentence(i18n("No line sets %1.", QString::fromLatin1(nameOf(item)))));
     }
-    TextTable table({{i18n("Line")}, {i18n("Text")}, {i18n("Soft limit")}, {i18n("Hard limit")}});
+    TextTable table({{i18n("Line")}, {i18n("Text")}, {i18n("Soft")}, {i18n("Hard")}});
     for (const PamLimits::Outcome &outcome : outcomes) {
         const PamLimits::Line &line = m_limits.rules().lines().at(outcome.line);
         table.addRow({

@@ -106,14 +106,6 @@ QString LimitWords::domain(const Domain &domain)
                    "User UID range from %1 to %2");
 }
 
-QString LimitWords::type(quint8 flags)
-{
-    if (flags == PamLimits::Both) {
-        return i18n("Soft and hard limit");
-    }
-    return flags == PamLimits::Soft ? i18n("Soft limit") : i18n("Hard limit");
-}
-
 QString LimitWords::problem(const PamLimits::Rules &rules, const Line &line)
 {
     switch (line.kind) {

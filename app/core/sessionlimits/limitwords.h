@@ -21,9 +21,6 @@ QString description(PamLimits::Item item);
 /** Whom a rule is for, as "Group name: "staff"". */
 QString domain(const PamLimits::Domain &domain);
 
-/** Soft, hard or both, as a sentence. */
-QString type(quint8 flags);
-
 /** Why pam_limits ignores @p line; empty when it does not. */
 QString problem(const PamLimits::Rules &rules, const PamLimits::Line &line);
 
