@@ -51,7 +51,7 @@ GroupIds groupIds(const passwd *entry, int &count)
         if (getgrouplist(name, entry->pw_gid, ids.get(), &count) != -1) {
             return ids;
         }
-        // Without memory for a buffer of its own it asks for no more room, however often it is called.
+        // When getgrouplist() itself runs out of memory it fails without raising the count; retrying would never end.
         if (count <= capacity) {
             return {};
         }

@@ -201,7 +201,7 @@ void IconSelectWidget::hover(const QPoint &position)
         setCursor(handleCursors.value(handle, Qt::ArrowCursor));
     } else if (m_selection.contains(position)) {
         setCursor(Qt::SizeAllCursor);
-        m_moving = true; // every press decides anew
+        m_moving = true; // every press decides again
     }
 }
 

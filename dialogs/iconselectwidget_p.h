@@ -16,8 +16,8 @@
  * Shows an image as large as it fits and lets the operator mark a square part of it with the
  * mouse: drag the square to move it, one of its eight grips to resize it.
  *
- * A new image, a turned one and a resize of the widget start anew with the largest square in the
- * middle. Only while a grip or the square is held does it stay as it is.
+ * A new image, a turned one and a resize of the widget select the largest square in the middle again.
+ * While a grip or the square is held, the selection stays as it is.
  */
 class IconSelectWidget : public QWidget
 {

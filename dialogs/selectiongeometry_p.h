@@ -51,8 +51,8 @@ QRect moved(const QRect &selection, const QPoint &topLeft, const QRect &image);
 std::optional<QRect> resized(const QRect &selection, int handle, const QPoint &position, const QRect &image);
 
 /**
- * The pixels below @p selection of an image of the size @p image that is shown in @p imageRect. Where
- * nothing is shown, for an image can be too thin, there are none: width and height are negative then.
+ * The pixels below @p selection of an image of the size @p image that is shown in @p imageRect. There are
+ * none when the image is too thin to be shown; width and height are negative then.
  */
 QRect inImagePixels(const QRect &selection, const QRect &imageRect, const QSize &image);
 }

@@ -30,7 +30,7 @@ QImage readImage(const QString &fileName)
     if (qint64(size.width()) * size.height() > largestImage) {
         return {};
     }
-    // A decoder may leave what the file is too short for as it was: empty, not what this memory held before.
+    // Decoders leave the missing pixels of a truncated file untouched: these must not show old memory.
     QImage image(size, reader.imageFormat());
     image.fill(0);
     return reader.read(&image) ? image : QImage();

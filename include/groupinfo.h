@@ -41,6 +41,8 @@
  * The lookups use the C library's non-reentrant account functions: use them from
  * one thread at a time, together with those of UserInfo. They overwrite what those
  * functions returned before.
+ *
+ * @see UserInfo, GroupListModel
  */
 class ORMELUSERSQT_EXPORT GroupInfo
 {
@@ -129,8 +131,8 @@ public:
 
     /**
      * Looks the group up again by its current name (@c getgrnam), completes it with the primary
-     * members from @c /etc/passwd and takes over gid and members. The name never changes. When the group is gone a
-     * warning is written, and the record keeps its name with gid 0 and no members.
+     * members from @c /etc/passwd and takes over gid and members. The name never changes. When the
+     * group is gone, a warning is written, and the record keeps its name with gid 0 and no members.
      *
      * Costs the same as getGroup() by name.
      */

@@ -40,11 +40,18 @@
  * reloadGroup() after a change. When they cannot be read it is empty, with the warning of
  * GroupInfo::getGroups(). Nothing here changes a group.
  *
- * To make a model costs as much as reload(). Names are compared one by one: findGroup(),
- * selectedGroupNames(), reloadGroup(), removeRows() for each row, and whatever applies the filter take
- * a pass over the groups. Other operations do not depend on their number, but for what is said there.
+ * Constructing a model costs as much as reload(). Names are compared one by one: findGroup(),
+ * selectedGroupNames(), reloadGroup(), removeRows() for each row, and everything that applies the filter
+ * take a pass over the groups. The cost of other operations does not depend on the number of groups,
+ * unless their description says so.
  *
- * To be used on the GUI thread, like the views.
+ * A tool that lets the operator choose the filter finds labels for it in the translation domain
+ * "ormel_kcm_users" with the context "filter": All, Ordinary, System, Selected, Unselected. For
+ * example, ki18ndc("ormel_kcm_users", "filter", "Ordinary").toString().
+ *
+ * Models belong to the GUI thread, like the views.
+ *
+ * @see UserListModel, GroupSelectDialog
  */
 class ORMELUSERSQT_EXPORT GroupListModel : public QAbstractTableModel
 {
@@ -97,10 +104,10 @@ public:
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
     /**
-     * Checks the group of @p index, when @p value as an int is Qt::Checked, or unchecks it.
+     * Checks the group of @p index when @p value as an int is Qt::Checked, and unchecks it otherwise.
      *
-     * The filter is not applied again: the row stays in view. Neither isSelectable() nor a lock is
-     * looked at; it is views that heed flags().
+     * The filter is not applied again: the row stays in view. Neither isSelectable() nor flags() is
+     * looked at: locked rows are kept from the operator by the views.
      *
      * @return false, with nothing changed, when @p index is not a row's first column or @p role is not
      * Qt::CheckStateRole.
@@ -140,14 +147,14 @@ public:
     /** @return whether no row is shown, whatever the filter hides. */
     bool isEmpty() const;
 
-    /** @return whether rows carry check boxes. */
+    /** @return whether rows have check boxes. @see setSelectable() */
     bool isSelectable() const;
-    /** Shows or hides the check boxes, which resets the model; no change does nothing. */
+    /** Shows or hides the check boxes. A change resets the model. @see isSelectable() */
     void setSelectable(bool selectable);
 
-    /** @return the filter; All in a new model. */
+    /** @return the filter; All in a new model. @see setFilter() */
     Filter filter() const;
-    /** Sets the filter and applies it; the filter that is set already is not applied again. */
+    /** Sets the filter and applies it. Nothing happens when it is set already. @see filter() */
     void setFilter(Filter filter);
 
     /** Shows the groups that the filter lets through now. Resets the model and drops the placeholder row. */
@@ -156,11 +163,13 @@ public:
     /**
      * @return the names of the checked groups, hidden ones included: the user's own group when it
      * is checked, then the others sorted by name. Checked names that belong to no group are left out.
+     *
+     * @see setSelectedGroupNames()
      */
     QStringList selectedGroupNames() const;
-    /** Checks exactly the groups @p names, then applies the filter, also without a change. */
+    /** Checks exactly the groups @p names and always applies the filter. @see selectedGroupNames() */
     void setSelectedGroupNames(const QStringList &names);
-    /** Checks or unchecks one group, then applies the filter; no change does nothing. */
+    /** Checks or unchecks one group and, when that changes anything, applies the filter. */
     void setSelectedGroupName(const QString &name, bool selected);
 
     /**
@@ -182,7 +191,7 @@ public:
 
     /**
      * Reads one group again, in place, with GroupInfo::reload(): views are not told, and the group is
-     * neither sorted nor filtered anew. A group that is gone keeps its row, with GID 0 and no members. An
+     * neither sorted nor filtered again. A group that is gone keeps its row, with GID 0 and no members. An
      * unknown name does nothing; an empty one reloads the placeholder row, if there is one.
      *
      * Costs one GroupInfo::reload(), and another when the group is shown. Each writes the warning that

@@ -33,13 +33,39 @@ class GroupSelectDialog;
  * }
  * @endcode
  *
- * It is the counterpart of UserSelectDialog, with the groups of a GroupListModel. One thing differs:
- * selectedGroupNames() are the checked groups in single selection mode, too.
+ * exec() runs an event loop of its own. To do without one, open the dialog and wait for its signal:
  *
- * To make a dialog costs one GroupInfo::getGroups(); when the groups cannot be read there are none
- * to pick, and nothing tells the operator. The lock of a row costs nothing.
+ * @code
+ * auto *dialog = new GroupSelectDialog(user.name(), user.groupNames(), this);
+ * dialog->setAttribute(Qt::WA_DeleteOnClose);
+ * connect(dialog, &QDialog::finished, this, [=](int result) {
+ *     if (result == QDialog::Accepted) {
+ *         setGroups(dialog->selectedGroupNames());
+ *     }
+ * });
+ * dialog->open();
+ * @endcode
+ *
+ * It is the counterpart of UserSelectDialog, with the groups of a GroupListModel. One thing differs:
+ * selectedGroupNames() returns the checked groups in single selection mode, too.
+ *
+ * Constructing a dialog costs one GroupInfo::getGroups(). When the groups cannot be read, there are none
+ * to pick, and nothing tells the operator. Locked rows cost no lookup.
+ *
+ * The rows start in descending order, as in every QTreeView whose sorting is enabled. A click on a header
+ * sorts them. A tool can sort the view, which it finds by its name, before it shows the dialog:
+ *
+ * @code
+ * GroupSelectDialog dialog(this);
+ * dialog.findChild<QTreeView *>(QStringLiteral("groupsTreeView"))->sortByColumn(0, Qt::AscendingOrder);
+ * @endcode
+ *
+ * The proxy between the list and the view says that rows have no rows below them. GroupListModel itself
+ * does not look at the parent; see there.
  *
  * Like all widgets it belongs to the GUI thread.
+ *
+ * @see UserSelectDialog, GroupListModel
  */
 class ORMELUSERSQT_EXPORT GroupSelectDialog : public QDialog
 {
@@ -61,14 +87,16 @@ public:
 
     ~GroupSelectDialog() override;
 
-    /** Picks the current group instead of the checked ones. A change resets the list of groups. */
+    /** Picks the current group instead of the checked ones. A change resets the list. @see singleSelectionMode() */
     void setSingleSelectionMode(bool on);
-    /** @return whether the current group is picked; false in a new dialog. */
+    /** @return whether the current group is picked; false in a new dialog. @see setSingleSelectionMode() */
     bool singleSelectionMode() const;
 
     /**
      * @return the name of the current group in single selection mode, else of the first checked
      * one; empty when there is none.
+     *
+     * @see activatedGroupName()
      */
     QString selectedGroupName() const;
 
@@ -78,7 +106,7 @@ public:
      */
     QStringList selectedGroupNames() const;
 
-    /** @return the name of the group that was double-clicked last; empty when there was none. */
+    /** @return the name of the group that was double-clicked last; empty without one. @see selectedGroupName() */
     QString activatedGroupName() const;
 
 public Q_SLOTS:

@@ -46,6 +46,8 @@
  * Parsers are values: a copy shares its rules until one of the two reads again. Lookups on one
  * parser and the static functions may be called from several threads at once, but not while
  * readLimitsConf() runs on the same parser.
+ *
+ * @see UserInfo, GroupInfo
  */
 class ORMELUSERSQT_EXPORT LimitsParser
 {

@@ -32,16 +32,32 @@ class UserIconDialog;
  * }
  * @endcode
  *
- * The picture comes from the caller, from a file or from the clipboard, and can be turned and
- * mirrored; a square is marked in it with the mouse. The dialog starts without a picture and with
- * Ok disabled. Ok is enabled as soon as a picture was set or chosen, and stays so: a file that
- * cannot be read, or holds more than 2^28 pixels, counts as well, shows nothing and makes
- * selectedPixmap() null.
+ * exec() runs an event loop of its own. To do without one, open the dialog and wait for its signal:
+ *
+ * @code
+ * auto *dialog = new UserIconDialog(this);
+ * dialog->setAttribute(Qt::WA_DeleteOnClose);
+ * connect(dialog, &QDialog::finished, this, [=](int result) {
+ *     if (result == QDialog::Accepted && !dialog->selectedPixmap().isNull()) {
+ *         useIcon(dialog->selectedPixmap());
+ *     }
+ * });
+ * dialog->open();
+ * @endcode
+ *
+ * The picture comes from the caller, from a file or from the clipboard. It can be turned and mirrored, and
+ * a square is marked in it with the mouse. The dialog starts without a picture and with Ok disabled. Ok is
+ * enabled as soon as a picture was set or chosen, and stays enabled.
+ *
+ * A file that cannot be read counts as a chosen picture, too. It shows nothing and makes selectedPixmap()
+ * null. So does a picture with more than 2^28 pixels: a small file can claim a size that no memory holds.
  *
  * The file dialog starts in UserUtils::userIconPath() each time. A clipboard without an image is
  * ignored.
  *
  * The dialog sets no modality. Like all widgets it belongs to the GUI thread.
+ *
+ * @see UserUtils::getRandomUserIcon()
  */
 class ORMELUSERSQT_EXPORT UserIconDialog : public QDialog
 {
@@ -56,19 +72,23 @@ public:
      * Shows @p pixmap with the largest square in its middle selected, and enables Ok; null shows nothing.
      *
      * Keeps one copy of it as an image, four bytes for each of its pixels. Its size is not limited.
+     *
+     * @see selectedPixmap()
      */
     void setPixmap(const QPixmap &pixmap);
 
     /**
      * @return the selected square of the picture, turned and mirrored as shown, at the picture's
-     * own resolution. What rounding puts beyond the picture's edges is transparent or black. A
-     * square smaller than one pixel of the picture gives the whole picture, whatever its shape.
+     * own resolution. What rounding puts beyond the picture's edges is transparent, black, or the first
+     * colour of the picture's colour table. A square smaller than one pixel of the picture gives the
+     * whole picture, even when that is not square.
      *
-     * Check for null, which it is in spite of Ok being enabled when the picture is null, when it is
-     * so long and thin that nothing of it is shown, and when the upper edge of the square was dragged
-     * below the lower one.
+     * Can be null although Ok was enabled: when the picture is null, when it is so long and thin that
+     * nothing of it is shown, and when the upper edge of the square was dragged below the lower one.
      *
      * Copies the square out of the picture on each call.
+     *
+     * @see setPixmap()
      */
     QPixmap selectedPixmap() const;
 

@@ -35,12 +35,24 @@
  *
  * Lookups that find no account return an empty record without a message. While a
  * record is built, groups that cannot be found write the warnings of GroupInfo, and so
- * does each group found when @c /etc/passwd cannot be opened; a system without the
- * administrators group @c ormel-admin gets one for each record.
+ * does each group found when @c /etc/passwd cannot be opened. A system without the
+ * administrators group @c ormel-admin gets one for each record. A tool can leave them out with a
+ * message handler, or count them there and show one for all:
+ *
+ * @code
+ * static QtMessageHandler previous = nullptr;
+ * previous = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &context, const QString &text) {
+ *     if (text != QLatin1String("GroupInfo: unable to find group entry by name: ormel-admin")) {
+ *         previous(type, context, text);
+ *     }
+ * });
+ * @endcode
  *
  * The lookups use the C library's non-reentrant account functions: use them from
  * one thread at a time, together with those of GroupInfo. They overwrite what those
  * functions returned before: an entry that was passed in holds another account afterwards.
+ *
+ * @see GroupInfo, UserListModel
  */
 class ORMELUSERSQT_EXPORT UserInfo
 {

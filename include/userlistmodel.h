@@ -37,11 +37,18 @@
  * reloadUser() after a change. When they cannot be read it is empty, with the warning of
  * UserInfo::getUsers(). Nothing here changes an account.
  *
- * To make a model costs as much as reload(). Names are compared one by one: findUser(),
- * selectedUserNames(), reloadUser(), removeRows() for each row, and whatever applies the filter take
- * a pass over the users. Other operations do not depend on their number, but for what is said there.
+ * Constructing a model costs as much as reload(). Names are compared one by one: findUser(),
+ * selectedUserNames(), reloadUser(), removeRows() for each row, and everything that applies the filter
+ * take a pass over the users. The cost of other operations does not depend on the number of users,
+ * unless their description says so.
  *
- * To be used on the GUI thread, like the views.
+ * A tool that lets the operator choose the filter finds labels for it in the translation domain
+ * "ormel_kcm_users" with the context "filter": All, Ordinary, System, Administrators, Selected, Unselected. For
+ * example, ki18ndc("ormel_kcm_users", "filter", "Ordinary").toString().
+ *
+ * Models belong to the GUI thread, like the views.
+ *
+ * @see GroupListModel, UserSelectDialog
  */
 class ORMELUSERSQT_EXPORT UserListModel : public QAbstractTableModel
 {
@@ -95,10 +102,10 @@ public:
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
     /**
-     * Checks the user of @p index, when @p value as an int is Qt::Checked, or unchecks it.
+     * Checks the user of @p index when @p value as an int is Qt::Checked, and unchecks it otherwise.
      *
-     * The filter is not applied again: the row stays in view. Neither isSelectable() nor a lock is
-     * looked at; it is views that heed flags().
+     * The filter is not applied again: the row stays in view. Neither isSelectable() nor flags() is
+     * looked at: locked rows are kept from the operator by the views.
      *
      * @return false, with nothing changed, when @p index is not a row's first column or @p role is not
      * Qt::CheckStateRole.
@@ -142,14 +149,14 @@ public:
     /** @return whether no row is shown, whatever the filter hides. */
     bool isEmpty() const;
 
-    /** @return whether rows carry check boxes. */
+    /** @return whether rows have check boxes. @see setSelectable() */
     bool isSelectable() const;
-    /** Shows or hides the check boxes, which resets the model; no change does nothing. */
+    /** Shows or hides the check boxes. A change resets the model. @see isSelectable() */
     void setSelectable(bool selectable);
 
-    /** @return the filter; Ordinary in a new model. */
+    /** @return the filter; Ordinary in a new model. @see setFilter() */
     Filter filter() const;
-    /** Sets the filter and applies it; the filter that is set already is not applied again. */
+    /** Sets the filter and applies it. Nothing happens when it is set already. @see filter() */
     void setFilter(Filter filter);
 
     /** Shows the users that the filter lets through now. Resets the model and drops the placeholder row. */
@@ -158,11 +165,13 @@ public:
     /**
      * @return the names of the checked users, hidden ones included, sorted by name. Checked names
      * that belong to no user are left out.
+     *
+     * @see setSelectedUserNames()
      */
     QStringList selectedUserNames() const;
-    /** Checks exactly the users @p names, then applies the filter, also without a change. */
+    /** Checks exactly the users @p names and always applies the filter. @see selectedUserNames() */
     void setSelectedUserNames(const QStringList &names);
-    /** Checks or unchecks one user, then applies the filter; no change does nothing. */
+    /** Checks or unchecks one user and, when that changes anything, applies the filter. */
     void setSelectedUserName(const QString &name, bool selected);
 
     /**

@@ -33,19 +33,53 @@ class UserSelectDialog;
  * }
  * @endcode
  *
- * The users are those of a UserListModel, which is loaded once, when the dialog is made, and which
- * the operator narrows with a filter and a text that names are to contain. A new filter clears
- * that text.
+ * exec() runs an event loop of its own. To do without one, open the dialog and wait for its signal:
  *
- * In multiple selection mode, that of a new dialog, the result are the users with a check mark. In
- * single selection mode there are no check boxes and it is the current row. A double-click
- * accepts the dialog in either mode; see activatedUserName().
+ * @code
+ * auto *dialog = new UserSelectDialog(group, group.users(), this);
+ * dialog->setAttribute(Qt::WA_DeleteOnClose);
+ * connect(dialog, &QDialog::finished, this, [=](int result) {
+ *     if (result == QDialog::Accepted) {
+ *         setMembers(group, dialog->selectedUserNames());
+ *     }
+ * });
+ * dialog->open();
+ * @endcode
  *
- * To make a dialog costs one UserInfo::getUsers(); when the accounts cannot be read there are
- * none to pick, and nothing tells the operator. With a group, a row makes account lookups whenever
- * it is drawn or laid out; see UserListModel::flags().
+ * The users are those of a UserListModel. It is loaded once, when the dialog is constructed. The operator
+ * narrows it with a filter and with a text that names have to contain. A new filter clears the text.
+ *
+ * In multiple selection mode, the one of a new dialog, the result is the users with a check mark. In
+ * single selection mode there are no check boxes, and the result is the current row:
+ *
+ * @code
+ * UserSelectDialog dialog(this);
+ * dialog.setSingleSelectionMode(true);
+ * if (dialog.exec() == QDialog::Accepted && !dialog.selectedUserName().isEmpty()) {
+ *     setMembers(group, group.users() + QStringList(dialog.selectedUserName()));
+ * }
+ * @endcode
+ *
+ * A double-click accepts the dialog in either mode; see activatedUserName().
+ *
+ * Constructing a dialog costs one UserInfo::getUsers(). When the accounts cannot be read, there are none
+ * to pick, and nothing tells the operator. With a group, each painting of a row costs one account lookup,
+ * and a click or a key on it some more; see UserListModel::flags(). Rows out of view cost none.
+ *
+ * The rows start in descending order, as in every QTreeView whose sorting is enabled. A click on a header
+ * sorts them. A tool can sort the view, which it finds by its name, before it shows the dialog:
+ *
+ * @code
+ * UserSelectDialog dialog(this);
+ * dialog.findChild<QTreeView *>(QStringLiteral("usersTreeView"))->sortByColumn(0, Qt::AscendingOrder);
+ * @endcode
+ *
+ * The proxy between the list and the view says that rows have no rows below them. UserListModel itself
+ * does not look at the parent; see there.
  *
  * Like all widgets it belongs to the GUI thread.
+ *
+ * @see GroupSelectDialog, UserListModel
  */
 class ORMELUSERSQT_EXPORT UserSelectDialog : public QDialog
 {
@@ -67,14 +101,16 @@ public:
 
     ~UserSelectDialog() override;
 
-    /** Picks the current user instead of the checked ones. A change resets the list of users. */
+    /** Picks the current user instead of the checked ones. A change resets the list. @see singleSelectionMode() */
     void setSingleSelectionMode(bool on);
-    /** @return whether the current user is picked; false in a new dialog. */
+    /** @return whether the current user is picked; false in a new dialog. @see setSingleSelectionMode() */
     bool singleSelectionMode() const;
 
     /**
      * @return the name of the current user in single selection mode, else of the first checked one;
      * empty when there is none.
+     *
+     * @see activatedUserName()
      */
     QString selectedUserName() const;
 
@@ -84,7 +120,7 @@ public:
      */
     QStringList selectedUserNames() const;
 
-    /** @return the name of the user that was double-clicked last; empty when there was none. */
+    /** @return the name of the user that was double-clicked last; empty without one. @see selectedUserName() */
     QString activatedUserName() const;
 
 public Q_SLOTS:

@@ -15,7 +15,7 @@
  * @class UserUtils userutils.h <UserUtils>
  *
  * What editors of accounts need besides the records: checks of typed names, password hashes and
- * stock pictures. A class of static operations; there are no objects of it.
+ * stock pictures. All operations are static; there are no objects of this class.
  *
  * @code
  * nameEdit->setValidator(UserUtils::createUserNameValidator(nameEdit));
@@ -26,7 +26,7 @@
  * }
  * @endcode
  *
- * No result is cached and nothing is logged, but for what the toolkit says of invalid patterns.
+ * No result is cached. Nothing is logged except the warnings of Qt about invalid patterns.
  *
  * The validators belong to the thread that makes them. All operations may be called from several
  * threads at once, but for saltPassword().
@@ -45,18 +45,19 @@ public:
      * The file is read on each call, as Latin-1. The pattern is taken from a line that starts with
      * @c NAME_REGEX= in the first column and has its value in one pair of double quotes, with no
      * further @c = or quote in the line. The last such line counts; if it has nothing between its
-     * quotes, there is no pattern. Other lines are passed over, and so is a file that cannot be read.
+     * quotes, there is no pattern. Other lines are ignored, and so is a file that cannot be read.
      *
-     * The pattern is not checked. An invalid one makes a validator that accepts no name, and the
-     * toolkit warns of it at each key. Of one that backtracks without end the toolkit gives up each match after some
-     * time, and the text is
-     * @c QValidator::Invalid: usually after less than a tenth of a second, later when there are dozens
+     * The pattern is not checked. An invalid one makes a validator that accepts no name, and Qt warns of
+     * it at each key. A pattern that backtracks without end makes texts @c QValidator::Invalid, because Qt
+     * gives up each match: usually after less than a tenth of a second, later when there are dozens
      * of alternatives to repeat.
      *
      * A text of more than 32 characters (QString::size()) is @c QValidator::Invalid at once, so
      * that a line edit does not take the 33rd character.
      *
      * @return a new QRegularExpressionValidator, owned by @p parent or, without one, by the caller.
+     *
+     * @see createGroupNameValidator()
      */
     static QValidator *createUserNameValidator(QObject *parent);
 
@@ -98,12 +99,18 @@ public:
      * string that is no hash, @c "*0" or @c "*1". It is returned like a hash, and nobody could log
      * in with it: take an empty string and one that starts with @c "*" for a failure.
      *
-     * Takes about 1 to 10 ms, with GOST 7 to 32 ms, the more the longer the password. For one thread at a time: the
-     * hash functions keep their result in static storage.
+     * Takes about 1 to 10 ms, with GOST 7 to 32 ms; longer passwords take longer. For one thread at a
+     * time: the hash functions keep their result in static storage.
+     *
+     * @see saltCharacter()
      */
     static QString saltPassword(const QString &password, bool useGost);
 
-    /** @return the directory of the stock user pictures, @c /usr/share/kiv/faces, whether or not it exists. */
+    /**
+     * @return the directory of the stock user pictures, @c /usr/share/kiv/faces, whether or not it exists.
+     *
+     * @see getRandomUserIcon(), UserIconDialog
+     */
     static QString userIconPath();
 
     /**

@@ -21,6 +21,7 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QTableView>
+#include <QTreeView>
 
 /** A dialog of a tool that edits accounts, as the examples in the public headers suppose it. */
 class ExampleDialog : public QDialog
