@@ -8,7 +8,7 @@
 
 #include <QTextCodec>
 
-/** Lets the toolkit take another encoding for that of the locale while it lives. */
+/** Makes Qt use another encoding of the locale during its lifetime. */
 class LocalEncoding
 {
 public:

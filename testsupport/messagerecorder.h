@@ -10,7 +10,7 @@
 #include <QStringList>
 #include <QVector>
 
-/** Takes what is logged while it lives. One at a time. */
+/** Records log messages during its lifetime. One at a time. */
 class MessageRecorder
 {
 public:
@@ -31,7 +31,7 @@ public:
 
     const QVector<Message> &messages() const;
 
-    /** The texts recorded so far, which are forgotten. */
+    /** Returns the recorded texts and clears them. */
     QStringList takeTexts();
 
 private:

@@ -20,7 +20,7 @@ QStringList openFiles()
     while (const dirent *entry = readdir(directory.get())) {
         char target[4096];
         const ssize_t length = readlinkat(dirfd(directory.get()), entry->d_name, target, sizeof(target));
-        // Neither "." and ".." nor the listing itself.
+        // Leaves out ".", ".." and the descriptor of the listing itself.
         if (length > 0 && atoi(entry->d_name) != dirfd(directory.get())) {
             files.append(QString::fromLatin1(entry->d_name) + QLatin1Char(' ')
                          + QString::fromLocal8Bit(target, static_cast<int>(length)));

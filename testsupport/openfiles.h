@@ -8,7 +8,7 @@
 
 #include <QStringList>
 
-/** The file descriptors of this program, each with what it stands for: "3 /etc/passwd". */
+/** The open file descriptors of this program with their targets: "3 /etc/passwd". */
 QStringList openFiles();
 
 #endif

@@ -8,10 +8,10 @@
 
 #include <QtGlobal>
 
-/** The peak of the memory that this process has had resident. */
+/** The peak of the resident memory of this process. */
 namespace PeakMemory
 {
-/** Makes what is resident now the peak. */
+/** Resets the peak to the current resident memory. */
 void reset();
 
 /** The peak since reset() or the start of the program. */

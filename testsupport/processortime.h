@@ -8,7 +8,7 @@
 
 #include <sys/resource.h>
 
-/** The processor time in seconds that this process (RUSAGE_SELF) or its children (RUSAGE_CHILDREN) took so far. */
+/** The processor time of this process (RUSAGE_SELF) or its children (RUSAGE_CHILDREN) in seconds. */
 inline double processorSeconds(int who)
 {
     rusage usage{};

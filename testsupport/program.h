@@ -10,11 +10,11 @@
 #include <QProcessEnvironment>
 #include <QStringList>
 
-/** Runs ormel-users and other programs to their end. */
+/** Runs ormel-users and other programs and waits for their end. */
 namespace Program
 {
 struct Result {
-    /** The exit status; -1 when the program could not be started, crashed or took over a minute. */
+    /** The exit status; -1 if the program could not be started, crashed or took over a minute. */
     int status = -1;
     QByteArray output;
     QByteArray errors;
@@ -23,13 +23,13 @@ struct Result {
 /** The path of ormel-users. */
 QString path();
 
-/** The path of another program or library that is built here. */
+/** The path of another program or library of the build. */
 QString builtFile(const QString &name);
 
-/** The environment of the test with @p variables ("NAME=value") set in it. */
+/** The environment of the test with the additional @p variables ("NAME=value"). */
 QProcessEnvironment environment(const QStringList &variables);
 
-/** Runs ormel-users, giving it @p input. */
+/** Runs ormel-users with @p input on its standard input. */
 Result run(const QStringList &arguments, const QByteArray &input = {});
 
 /** Runs @p program with @p variables set in its environment. */

@@ -16,7 +16,7 @@ RandomScript *s_script = nullptr;
 using FillRange = void (*)(QRandomGenerator *generator, void *buffer, void *bufferEnd);
 }
 
-// Stands in for the function of the toolkit to which every draw comes down.
+// Replaces the function of Qt that every generator calls.
 void QRandomGenerator::_fillRange(void *buffer, void *bufferEnd)
 {
     static const auto next = reinterpret_cast<FillRange>(dlsym(RTLD_NEXT, "_ZN16QRandomGenerator10_fillRangeEPvS0_"));

@@ -10,22 +10,25 @@
 #include <QVector>
 
 /**
- * Sets what the random generators draw while it lives, and records which of them are asked. For
- * test programs that compile randomscript.cpp. One at a time.
+ * Sets the numbers of the random generators during its lifetime, and counts their calls. For test programs that
+ * compile randomscript.cpp. One at a time.
  */
 class RandomScript
 {
 public:
-    /** The next draws, of 32 bits each; later ones are random again. */
+    /** The next numbers, of 32 bits each. Later ones are random again. */
     explicit RandomScript(QVector<quint32> draws = {});
     ~RandomScript();
 
-    /** How often the system's secure generator was asked for 32 bits, the global one, any other one. */
+    /** How often 32 bits were drawn from the system's secure generator, the global one, or any other one. */
     int systemDraws() const;
     int globalDraws() const;
     int otherDraws() const;
 
-    /** Called for @p count draws of @p generator; gives those that are set, in @p buffer, and their number. */
+    /**
+     * Called for @p count numbers of @p generator. Fills @p buffer with those that are set and returns how many
+     * these are.
+     */
     static int replace(const QRandomGenerator *generator, quint32 *buffer, int count);
 
 private:

@@ -13,7 +13,7 @@
 
 inline constexpr char saltAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz./0123456789";
 
-/** What the system's generator has to draw for the salt to become @p salt. */
+/** The numbers of the system's generator that make the salt @p salt. */
 inline QVector<quint32> saltDraws(const QByteArray &salt)
 {
     QVector<quint32> draws;

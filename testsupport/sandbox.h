@@ -10,27 +10,27 @@
 #include <QString>
 
 /**
- * The private files of a test. Every operation ends the program when it does not run below
- * scripts/sandbox, where /etc is a copy.
+ * The private files of a test. Every operation ends the program if it does not run in scripts/sandbox, where
+ * /etc is a copy.
  */
 namespace Sandbox
 {
 void write(const QString &path, const QByteArray &content);
 void remove(const QString &path);
 
-/** Makes @p directory exist, with nothing in it. */
+/** Makes @p directory an empty directory. */
 void clear(const QString &directory);
 
 /** Replaces /etc/passwd and /etc/group. */
 void setAccounts(const QByteArray &passwd, const QByteArray &group);
 
-/** Makes the accounts and groups given known to the name service alone, through libnss-extrausers. */
+/** Adds accounts and groups that only the name service knows, through libnss-extrausers. */
 void setExtraAccounts(const QByteArray &passwd, const QByteArray &group);
 
 /** Limits the name service to the local files again. */
 void removeExtraAccounts();
 
-/** Sets the sources that accounts and groups are looked up in, such as "files ldap". */
+/** Sets the sources of accounts and groups, for example "files ldap". */
 void setNameService(const QByteArray &sources);
 }
 

@@ -9,8 +9,8 @@
 #include <dlfcn.h>
 
 /**
- * For a test program that defines a function of the C library itself, exported, so that the library
- * under test calls it: the function it stands in for.
+ * The function of the C library that the test program replaces by an exported one of its own, which the library
+ * under test calls.
  */
 template<typename Function>
 Function *original(Function * /*standIn*/, const char *name)

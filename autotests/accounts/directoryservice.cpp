@@ -93,7 +93,7 @@ DirectoryService::DirectoryService(const QByteArray &entries)
     load(entries);
     startServer();
     startLookups();
-    // Loaded already, it is what the C library takes for the module of that name.
+    // Once it is loaded, the C library takes it for the module of that name.
     const QString module = unpacked("/lib/" LIBRARY_ARCHITECTURE "/libnss_ldap.so.2");
     if (!dlopen(qPrintable(module), RTLD_NOW)) {
         qFatal("%s", dlerror());

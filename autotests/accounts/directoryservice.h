@@ -9,9 +9,9 @@
 #include <QProcess>
 
 /**
- * A directory of accounts on the sandbox's own network: OpenLDAP's server, and the daemon through
- * which the C library asks it. Both run while this lives. The daemon waits for the server a second at
- * most.
+ * A directory of accounts on the sandbox's own network: OpenLDAP's server, and the daemon through which the C
+ * library asks it. Both run during the lifetime of this object. The daemon waits at most one second for the
+ * server.
  */
 class DirectoryService
 {
@@ -23,17 +23,17 @@ public:
     void startServer();
     void stopServer();
 
-    /** Leaves the server's connections open, but unanswered. */
+    /** Pauses the server: its connections stay open, but get no answer. */
     void freezeServer();
     void thawServer();
 
     void startLookups();
     void stopLookups();
 
-    /** Waits until programs, which ask the name service anew, find the account @p name. */
+    /** Waits until a new program finds the account @p name. */
     static void waitFor(const QString &name);
 
-    /** What programs that ask the directory need in their environment. */
+    /** The environment variables of a program that asks the directory. */
     static QStringList variables();
 
 private:

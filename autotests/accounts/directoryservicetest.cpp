@@ -25,7 +25,7 @@
 
 #include <grp.h>
 
-// Accounts of a real directory, compared with what getent and id say, and the directory failing.
+// Accounts of a real directory, compared with the output of getent and id, also while the directory fails.
 
 namespace
 {
@@ -34,7 +34,7 @@ constexpr int directoryGroups = 100;
 constexpr int localAccounts = 300;
 constexpr int firstGroupId = 30000;
 
-/** What happens before the groups of an account in the middle of the listing are asked for. */
+/** Called before the groups of an account in the middle of the list are looked up. */
 const std::function<void()> *s_inTheMiddle = nullptr;
 int s_accountsListed = 0;
 }
@@ -92,7 +92,7 @@ QByteArray directory()
           "memberUid: user7\nmemberUid: local7\n";
 }
 
-/** The first of them has a group of the directory for its primary one. */
+/** The primary group of the first one is a group of the directory. */
 void writeLocalAccounts()
 {
     QByteArray passwd;
@@ -121,13 +121,13 @@ QStringList output(const QString &program, const QStringList &arguments)
     return QString::fromUtf8(result.output).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
-/** The groups of each account @p names, as id lists them. */
+/** The groups of the accounts @p names, as printed by id. */
 QStringList groupsById(const QStringList &names)
 {
     return output(QStringLiteral("id"), QStringList{QStringLiteral("-nG")} + names);
 }
 
-/** A line as in the account files, without the password. */
+/** A line of an account file without the password. */
 QString line(const UserInfo &user)
 {
     const QStringList fields{user.name(),
@@ -158,8 +158,8 @@ bool isOfDirectory(const QString &name)
 }
 
 /**
- * Whether @p part is @p whole with some left out or without a name: those are groups that were there
- * when they were asked for by id, but no more when they were asked for by name.
+ * Whether @p part is @p whole with some groups missing or unnamed. Unnamed groups were found by id, but not by
+ * name a moment later.
  */
 bool isPart(const QStringList &part, const QStringList &whole)
 {
@@ -250,7 +250,7 @@ void DirectoryServiceTest::findsGroupsOfTheDirectory()
     for (int i = 0; i < directoryGroups; ++i) {
         const GroupInfo group = GroupInfo::getGroup(QStringLiteral("team%1").arg(i));
         QVERIFY(group == GroupInfo::getGroup(uint(firstGroupId + i)));
-        // The first one is the primary group of an account of the local file, too.
+        // The first one is also the primary group of a local account.
         QCOMPARE(line(group), lines.at(i));
         QVERIFY(group.isPrimaryOf(QStringLiteral("user%1").arg(i)));
         QVERIFY(!group.isPrimaryOf(QStringLiteral("user%1").arg(i + 1)));
@@ -304,7 +304,7 @@ void DirectoryServiceTest::showsLocalAccountsInModels()
 void DirectoryServiceTest::endsListing_data()
 {
     QTest::addColumn<Action>("fail");
-    QTest::addColumn<Action>("mend");
+    QTest::addColumn<Action>("repair");
 
     QTest::newRow("server stops") << &DirectoryService::stopServer << &DirectoryService::startServer;
     QTest::newRow("server freezes") << &DirectoryService::freezeServer << &DirectoryService::thawServer;
@@ -314,7 +314,7 @@ void DirectoryServiceTest::endsListing_data()
 void DirectoryServiceTest::endsListing()
 {
     QFETCH(Action, fail);
-    QFETCH(Action, mend);
+    QFETCH(Action, repair);
 
     const QStringList accounts = names(QStringLiteral("local"), localAccounts);
     QStringList expected = groupsOf(UserInfo::getUsers());
@@ -329,7 +329,7 @@ void DirectoryServiceTest::endsListing()
     const QList<UserInfo> users = UserInfo::getUsers();
     const qint64 milliseconds = timer.elapsed();
     s_inTheMiddle = nullptr;
-    ((*m_directory).*mend)();
+    ((*m_directory).*repair)();
     DirectoryService::waitFor(QStringLiteral("user0"));
 
     qInfo("%lld ms", milliseconds);
@@ -337,7 +337,7 @@ void DirectoryServiceTest::endsListing()
     QVERIFY(milliseconds < 20000);
 }
 
-/** Each account has its own group and perhaps some of its others; returns how many have all of them. */
+/** How many accounts have all of their groups; -1 if one is missing, lacks its own group or has a foreign one. */
 int DirectoryServiceTest::completeAccounts(const QByteArray &listing, const QList<UserInfo> &all)
 {
     const QJsonArray listed = QJsonDocument::fromJson(listing).array();
@@ -357,7 +357,8 @@ int DirectoryServiceTest::completeAccounts(const QByteArray &listing, const QLis
     return listed.size() == all.size() ? complete : -1;
 }
 
-// Nobody knows where the listing is when the server stops, so it stops sooner or later until it does so in the middle.
+// It is not known how far the listing is when the server stops. Other moments are tried until it stops in the
+// middle.
 void DirectoryServiceTest::endsProgram()
 {
     const QList<UserInfo> all = UserInfo::getUsers();
@@ -382,7 +383,7 @@ void DirectoryServiceTest::endsProgram()
         complete = completeAccounts(program.readAllStandardOutput(), all);
         QVERIFY(complete >= 0);
         qInfo("After %d ms: %d of %d accounts with all their groups", milliseconds, complete, localAccounts);
-        // One run is not like another: what was too soon is only nearly too soon the next time.
+        // Runs differ: a moment that was too early once is only just too early the next time.
         tooSoon = complete == 0 ? milliseconds : std::max(0, tooSoon - 10);
         tooLate = complete == 0 ? tooLate + 100 : milliseconds;
     }

@@ -22,7 +22,7 @@
 #include <grp.h>
 #include <pwd.h>
 
-// The lookups of accounts over functions of the C library that fail or take their time.
+// Account lookups when functions of the C library fail or are slow.
 
 namespace
 {
@@ -37,7 +37,7 @@ struct Fault {
 };
 
 Fault s_fault;
-int s_roomClaimed = 0; ///< how many groups getgrouplist() says there are when it fails
+int s_roomClaimed = 0; ///< the number of groups that getgrouplist() reports when it fails
 milliseconds s_delay{0};
 int s_calls = 0;
 
@@ -97,7 +97,7 @@ extern "C" Q_DECL_EXPORT int getgrouplist(const char *user, gid_t group, gid_t *
 
 namespace
 {
-/** What a public lookup gives, as one text for each record. */
+/** The results of a public lookup, one text for each record. */
 using Lookup = QStringList (*)();
 
 QString alice()
@@ -142,7 +142,7 @@ QStringList primaryMembers()
 
 QStringList isPrimary()
 {
-    // Looked up by its id, which works where only names cannot be found.
+    // Looking it up by id works even where names cannot be found.
     const bool primary = GroupInfo::getGroup(1000u).isPrimaryOf(alice());
     return {primary ? QStringLiteral("primary") : QStringLiteral("not primary")};
 }
@@ -255,7 +255,7 @@ void AccountFaultsTest::givesWhatCanBeFound()
         QCOMPARE(recorder.takeTexts(), warnings);
         QCOMPARE(openFiles(), filesBefore);
 
-        // What failed is not remembered.
+        // Failures are not remembered.
         QCOMPARE(lookup(), complete);
         QCOMPARE(recorder.takeTexts(), QStringList());
     }
@@ -304,7 +304,7 @@ void AccountFaultsTest::takesNoLongerThanWhatItAsks_data()
     QTest::newRow("primary group of user") << Lookup(isPrimary);
 }
 
-// ORMEL_TEST_DELAY sets how many milliseconds each function of the C library takes.
+// ORMEL_TEST_DELAY sets the delay of each function of the C library in milliseconds.
 void AccountFaultsTest::takesNoLongerThanWhatItAsks()
 {
     QFETCH(Lookup, lookup);

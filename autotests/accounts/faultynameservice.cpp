@@ -60,7 +60,7 @@ bool behaves(const char *behaviour)
     return current && strcmp(current, behaviour) == 0;
 }
 
-/** What every call begins with; success when there is an answer to give. */
+/** Begins each call. Returns success if there is an answer. */
 Status begin(int *error)
 {
     ++s_calls;
@@ -111,7 +111,7 @@ Group group()
     return group;
 }
 
-/** Hands out parts of the memory that the C library gave. */
+/** Allocates from the buffer that the C library passes. */
 class Buffer
 {
 public:
@@ -251,7 +251,7 @@ Status _nss_faulty_initgroups_dyn(
     return NSS_STATUS_SUCCESS;
 }
 
-/** How many answers of users and groups were asked for since the last call. */
+/** The number of requests for users and groups since the last call. */
 int takeFaultyNameServiceCalls()
 {
     const int calls = s_calls;

@@ -8,7 +8,7 @@
 
 #include "sandbox.h"
 
-/** Three groups, of which staff has primary members, and no administrators; of the local files alone. */
+/** Sets three local groups without an administrators group. The group staff has primary members. */
 inline void setGroups()
 {
     Sandbox::removeExtraAccounts();

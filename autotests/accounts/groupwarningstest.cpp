@@ -62,7 +62,7 @@ void GroupWarningsTest::warnsInLocalEncoding()
     const LocalEncoding latin1("ISO-8859-1");
     MessageRecorder recorder;
     GroupInfo::getGroup(QStringLiteral(u"caf\u00e9"));
-    // Messages are put together from UTF-8, of which the single byte is none.
+    // Messages are decoded from UTF-8, in which the single byte is invalid.
     QCOMPARE(recorder.takeTexts(), QStringList(groupNotFound(QStringLiteral(u"caf\ufffd"))));
 }
 

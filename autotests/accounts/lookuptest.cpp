@@ -17,7 +17,7 @@
 #include <grp.h>
 #include <pwd.h>
 
-// What one public call asks of the C library, seen by standing in for its functions.
+// The calls that a public operation makes to functions of the C library, which are replaced here.
 
 namespace
 {
@@ -31,7 +31,7 @@ struct Calls {
 
 Calls *s_calls = nullptr;
 
-/** What to answer when asked for one name, instead of what the C library finds. */
+/** An answer for one name that replaces that of the C library. */
 template<typename Entry>
 struct Answer {
     const char *name = nullptr;
@@ -89,7 +89,7 @@ extern "C" Q_DECL_EXPORT passwd *getpwnam(const char *name)
 
 namespace
 {
-/** Records the calls of the library while it lives. */
+/** Records the calls of the library during its lifetime. */
 class CallRecorder : public Calls
 {
 public:

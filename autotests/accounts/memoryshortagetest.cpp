@@ -23,7 +23,7 @@
 #include <malloc.h>
 #include <pwd.h>
 
-// The lookups of accounts with memory that runs out on demand.
+// Account lookups when memory runs out.
 
 namespace
 {
@@ -31,8 +31,8 @@ constexpr size_t idBufferSize = 16 * sizeof(gid_t);
 constexpr int manyMemberships = 65536;
 
 /**
- * Whether @p caller is code of the library or of the C library. The toolkit and the C++ library
- * answer to a lack of memory by ending the program.
+ * Whether @p caller is code of the library or of the C library. Qt and the C++ library end the program when
+ * memory runs out.
  */
 bool copesWithoutMemory(void *caller)
 {
@@ -40,14 +40,14 @@ bool copesWithoutMemory(void *caller)
     return dladdr(caller, &info) && (strstr(info.dli_fname, "/libormel-users-qt.") || strstr(info.dli_fname, "/libc."));
 }
 
-/** Which requests for memory fail, and what became of the others. */
+/** Which allocations fail, and what happened to the others. */
 struct Memory {
     enum Shortage { None, IdBuffer, LargerIdBuffer, OneRequest, AllRequests };
 
     Shortage shortage = None;
-    int plentyFor = 0; ///< how many requests succeed before the shortage begins
+    int plentyFor = 0; ///< the number of allocations that succeed before the shortage begins
     int failures = 0;
-    int blocks = 0; ///< those taken and not given back
+    int blocks = 0; ///< allocated and not freed
     void *idBuffer = nullptr;
     int freedIdBuffers = 0;
 
@@ -66,7 +66,7 @@ struct Memory {
             failures += now;
             return now;
         }
-        // A block can always keep the size that it has.
+        // A block can always keep its size.
         return size > malloc_usable_size(memory) && fails(caller);
     }
 };
@@ -139,7 +139,7 @@ extern "C" Q_DECL_EXPORT void free(void *memory) noexcept
     next(memory);
 }
 
-/** Asks for twice the room until that is enough, then fills it with the group given. */
+/** Demands twice the room until it is enough, then fills it with the given group. */
 extern "C" Q_DECL_EXPORT int getgrouplist(const char *user, gid_t group, gid_t *groups, int *count)
 {
     static const auto next = original(getgrouplist, "getgrouplist");
@@ -156,7 +156,7 @@ extern "C" Q_DECL_EXPORT int getgrouplist(const char *user, gid_t group, gid_t *
 
 namespace
 {
-/** Memory is short while it lives. */
+/** Lets allocations fail during its lifetime. */
 class MemoryShortage : public Memory
 {
 public:
@@ -190,7 +190,7 @@ bool isPartOf(const QStringList &names, const QStringList &all)
     return true;
 }
 
-/** Whether @p group lacks nothing but what could not be looked up: all of it or members. */
+/** Whether @p group is complete, empty or lacks only members. */
 bool isPartOf(const GroupInfo &group, const QList<GroupInfo> &complete)
 {
     return group == GroupInfo() || std::any_of(complete.begin(), complete.end(), [&group](const GroupInfo &whole) {
@@ -249,7 +249,7 @@ void AccountMemoryShortageTest::listsNoGroupsWithoutMemory()
     QCOMPARE(recorder.takeTexts(), QStringList());
 }
 
-// The buffer grows twelve times, and each time there may be no memory for it.
+// The buffer grows twelve times. Each of these allocations can fail.
 void AccountMemoryShortageTest::listsNoGroupsWithoutMemoryForMore()
 {
     passwd *entry = getpwnam("alice");
@@ -288,7 +288,7 @@ void AccountMemoryShortageTest::endsOnAnyShortage_data()
     QTest::newRow("all from one on") << int(Memory::AllRequests);
 }
 
-// Each request for memory that the library and the C library make in one call fails in turn.
+// Each allocation of the library and the C library in one call fails in turn.
 void AccountMemoryShortageTest::endsOnAnyShortage()
 {
     QFETCH(int, shortage);
@@ -296,7 +296,7 @@ void AccountMemoryShortageTest::endsOnAnyShortage()
     const QList<GroupInfo> complete = UserInfo::getUserGroups(entry);
     const QStringList filesBefore = openFiles();
     {
-        // The first message ever takes memory to keep.
+        // The first message allocates memory that is never freed.
         MessageRecorder recorder;
         GroupInfo::getGroup(QString());
     }

@@ -19,7 +19,7 @@ private Q_SLOTS:
     void keepsTextsAndMembersOnce();
 };
 
-/** The names are so long that one copy too many of a name, a shell or a group for each user shows. */
+/** The texts are so long that an additional copy of a name, shell or group in each record exceeds the bound. */
 void AccountMemoryUseTest::keepsTextsAndMembersOnce()
 {
     constexpr size_t length = 1000;
@@ -33,7 +33,7 @@ void AccountMemoryUseTest::keepsTextsAndMembersOnce()
     Sandbox::removeExtraAccounts();
     Sandbox::setAccounts(users, "ormel-admin:x:27:\n" + QByteArray(length, 'g') + ":x:50:\n");
 
-    UserInfo::getUsers(); // buffers of the C library stay
+    UserInfo::getUsers(); // the C library keeps its buffers
     const size_t before = mallinfo2().uordblks;
     const QList<UserInfo> all = UserInfo::getUsers();
     const size_t bytes = (mallinfo2().uordblks - before) / count;

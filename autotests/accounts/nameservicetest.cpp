@@ -24,7 +24,7 @@
 
 #include <dlfcn.h>
 
-// A name service that misbehaves, as a module that the C library asks after the local files.
+// A misbehaving name service: a module that the C library asks after the local files.
 
 namespace
 {
@@ -62,7 +62,7 @@ QStringList namesOf(const QStringList &groups)
     return names;
 }
 
-/** The list that a command of ormel-users prints. */
+/** The JSON list that ormel-users prints. */
 QJsonArray listed(const QString &command)
 {
     const QString directory =
@@ -92,7 +92,7 @@ private:
 
 void NameServiceTest::initTestCase()
 {
-    // The C library finds a module that is loaded already by its name.
+    // The C library finds a loaded module by its name.
     void *module = dlopen(NAME_SERVICE, RTLD_NOW);
     QVERIFY2(module, dlerror());
     m_takeCalls = reinterpret_cast<int (*)()>(dlsym(module, "takeFaultyNameServiceCalls"));
@@ -143,8 +143,8 @@ void NameServiceTest::givesWhatTheServiceSays_data()
 #ifndef __SANITIZE_ADDRESS__ // it reads the names itself
     answers("nulls", QStringLiteral("crew(7000: )"), QStringLiteral("null | 7000 | 7000 | null | null | null"));
 #endif
-    // Each answer gives another number: the id leads to one name, the name to another one. Within one
-    // call neither is asked for again.
+    // Each answer has another number: the id leads to one name, the name to another. A single call asks for
+    // neither of them twice.
     row("changes",
         {QStringLiteral("crew2(7002: member2)")},
         QStringLiteral("crew1(7001: member1)"),
@@ -194,7 +194,7 @@ void NameServiceTest::givesWhatTheServiceSays()
     QCOMPARE(printed.size(), 1);
     QCOMPARE(printed.first()[QLatin1String("name")].toString(), alice);
     QCOMPARE(strings(printed.first()[QLatin1String("groups")]), namesOf(groups));
-    // Groups are listed from the local file alone.
+    // Groups are listed from the local file only.
     QCOMPARE(listed(QStringLiteral("groups")).size(), 2);
 }
 
@@ -208,7 +208,7 @@ void NameServiceTest::takesNoLongerThanTheService()
     const qint64 elapsed = timer.elapsed();
 
     QCOMPARE(describe(users.first().groups()), aliceGroups() + QStringList(QStringLiteral("crew(7000: alice ghost)")));
-    // The group by its id and by its name, and before that its id as one of the user's.
+    // The id as one of the user's groups, then the group by its id and by its name.
     QCOMPARE(m_takeCalls(), 2);
     QVERIFY2(elapsed >= 300 && elapsed < 1300, QByteArray::number(elapsed).constData());
 }

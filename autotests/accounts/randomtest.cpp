@@ -17,7 +17,7 @@
 
 namespace
 {
-/** One pseudo-random passwd and group file. Few names and ids, so that they meet often. */
+/** A pseudo-random passwd and group file. There are few names and ids, so that they collide often. */
 class RandomAccounts
 {
 public:

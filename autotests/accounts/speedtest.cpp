@@ -16,11 +16,11 @@
 namespace
 {
 constexpr int accounts = 1000;
-/** The rest of the machine only ever makes a round slower, so that more rounds come closer to the truth. */
+/** Other load only slows a round down. The fastest of many rounds comes closest to the true cost. */
 constexpr int leastRounds = 7;
 constexpr int mostRounds = 70;
 
-/** The least processor time, of this process or its children, that a piece of work took. */
+/** The lowest processor time, of this process or its children, of several rounds of work. */
 class Timer
 {
 public:

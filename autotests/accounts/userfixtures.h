@@ -10,7 +10,7 @@
 
 #include <UserInfo>
 
-/** Four users and six groups, of the local files alone. */
+/** Sets four local users and six local groups. */
 inline void setUsers()
 {
     Sandbox::removeExtraAccounts();

@@ -9,7 +9,7 @@
 #include "bothkinds.h"
 #include "dialogkinds.h"
 
-/** The user whose own group it is, and the group that is the user's own. */
+/** A user, and the group of the same name. */
 inline QString bob()
 {
     return text("bob");
@@ -29,7 +29,7 @@ inline void setDialogAccounts()
     });
 }
 
-/** Does @p test with a dialog that was made without arguments. */
+/** Runs @p test with a dialog that was constructed without arguments. */
 template<typename Test>
 void withDialog(const Test &test)
 {
@@ -39,7 +39,7 @@ void withDialog(const Test &test)
     });
 }
 
-/** Does @p test with a dialog for bob, in which @p names, parted by blanks, are checked. */
+/** Runs @p test with a dialog for bob in which @p names, separated by blanks, are checked. */
 template<typename Test>
 void withDialogForBob(const char *names, const Test &test)
 {

@@ -63,7 +63,7 @@ void GroupSelectDialogTest::offersFilters()
 
 void GroupSelectDialogTest::startsWithAllGroups()
 {
-    // A tree view that sorts starts with the first column, descending.
+    // A sorting tree view starts in descending order of the first column.
     const Dialog all;
     QCOMPARE(rowTexts(*all.view->model()),
              lines({"[ ] root | 0 | Yes",

@@ -35,7 +35,7 @@ Stage::Stage(const QSize &size, const QImage &image)
     if (!QTest::qWaitForWindowExposed(&m_window)) {
         qFatal("The window does not appear");
     }
-    move(QPoint(-5, -5)); // a move to where the mouse is already would not be delivered
+    move(QPoint(-5, -5)); // a move to the current position would not be delivered
 }
 
 void Stage::press(const QPoint &position, Qt::MouseButton button)

@@ -14,8 +14,8 @@
 QImage patterned(const QSize &size, QImage::Format format = QImage::Format_RGB32);
 
 /**
- * An IconSelectWidget in a window of its own, which takes the mouse events as the window system
- * delivers them. Being a child it can have any size.
+ * An IconSelectWidget in a window that gets mouse events like those of the window system. As a child widget it
+ * can have any size.
  */
 class Stage
 {
@@ -29,7 +29,7 @@ public:
     void release(const QPoint &position, Qt::MouseButton button = Qt::LeftButton);
     void drag(const QPoint &from, const QPoint &to);
 
-    /** The shape of the cursor that the widget asks for; noCursor when it leaves it to its parent. */
+    /** The shape of the widget's cursor; noCursor if it does not set one. */
     int cursor() const;
 
 private:
@@ -41,13 +41,13 @@ public:
     IconSelectWidget widget;
 };
 
-/** Notices when a widget is painted, other than for the events that are waiting now. */
+/** Detects paint events of a widget. Those that are pending at construction do not count. */
 class PaintWatcher : public QObject
 {
 public:
     explicit PaintWatcher(QWidget *widget);
 
-    /** Whether it was painted since the last question, or will be for the events that are waiting. */
+    /** Whether it was painted since the last call. Handles pending events first. */
     bool isPainted();
 
     /** Waits until it is painted. */

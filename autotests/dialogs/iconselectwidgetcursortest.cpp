@@ -106,7 +106,7 @@ void IconSelectWidgetCursorTest::roundsMousePositions()
 
 void IconSelectWidgetCursorTest::findsFirstHandleInHashOrder()
 {
-    // In so small an image all grips overlap in the middle. Where each goes when it is dragged there:
+    // In such a small image all grips overlap in the middle. The selection after each grip was dragged there:
     const QRect start = edges(0, 0, 19, 19);
     const QRect dragged[] = {
         start,

@@ -44,7 +44,7 @@ void IconSelectWidgetDragTest::movesSelection()
     QCOMPARE(stage.widget.handles().value(0), edges(20, 50, 31, 61));
     QCOMPARE(stage.widget.handles().value(7), edges(108, 138, 119, 149));
 
-    // The place where the selection was grabbed stays under the mouse, also after leaving the image.
+    // The mouse keeps hold of the same point of the selection, even after leaving the image.
     stage.move(QPoint(-200, -200));
     QCOMPARE(stage.widget.selection(), edges(0, 0, 99, 99));
     stage.move(QPoint(31, 41));
@@ -97,8 +97,8 @@ void IconSelectWidgetDragTest::resizesSelection_data()
     QTest::addColumn<QPoint>("to");
     QTest::addColumn<QRect>("expected");
 
-    // The selection is (100, 100) to (199, 199). Not the grabbed pixel of the grip but its corner or
-    // edge goes to the mouse.
+    // The selection is (100, 100) to (199, 199). The corner or edge moves to the mouse, not the grabbed pixel of
+    // the grip.
     QTest::newRow("top left") << QPoint(105, 105) << QPoint(90, 80) << edges(90, 90, 199, 199);
     QTest::newRow("top") << QPoint(150, 105) << QPoint(0, 80) << edges(90, 80, 209, 199);
     QTest::newRow("top right") << QPoint(190, 105) << QPoint(230, 80) << edges(100, 80, 219, 199);
@@ -163,7 +163,7 @@ void IconSelectWidgetDragTest::ignoresGrowthWithoutRoom()
     QCOMPARE(stage.widget.selection(), edges(50, 50, 249, 249));
     QVERIFY(!watcher.isPainted());
 
-    // A step that changes nothing is not ignored.
+    // A step that changes nothing still repaints.
     stage.move(QPoint(249, 150));
     QVERIFY(watcher.waitForPaint());
     QCOMPARE(stage.widget.selection(), edges(50, 50, 249, 249));
@@ -206,7 +206,7 @@ void IconSelectWidgetDragTest::ignoresPressOutsideSelection()
     stage.move(QPoint(150, 150));
     QCOMPARE(stage.widget.selection(), selection);
     QCOMPARE(stage.cursor(), int(Qt::SizeAllCursor));
-    // Nothing is held, so a resize resets the selection.
+    // No button is down on the selection, so a resize resets it.
     stage.widget.resize(150, 150);
     QCOMPARE(stage.widget.selection(), edges(25, 25, 124, 124));
     stage.release(QPoint(150, 150));

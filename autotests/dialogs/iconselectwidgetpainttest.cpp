@@ -12,7 +12,7 @@
 
 namespace
 {
-/** The image and what is drawn over it, on top of @p background. */
+/** The expected picture: @p background, the image, and the selection over it. */
 QImage painted(const IconSelectWidget &widget, const QPixmap &background)
 {
     QPixmap picture = background;
@@ -43,7 +43,7 @@ QImage painted(const IconSelectWidget &widget, const QPixmap &background)
     return picture.toImage();
 }
 
-/** Notes the hints under which pictures are drawn, and draws nothing. */
+/** Records the render hints when pictures are drawn, and draws nothing. */
 class HintRecorder : public QPaintDevice, private QPaintEngine
 {
 public:

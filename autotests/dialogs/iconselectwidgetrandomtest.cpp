@@ -14,7 +14,7 @@
 
 namespace
 {
-/** Does the same to a widget and to the model of it, at random. */
+/** Does the same random operations to a widget and to its model. */
 class Operator
 {
 public:
@@ -23,12 +23,12 @@ public:
         , m_widget(&m_window)
     {
         m_window.resize(600, 600);
-        m_window.show(); // a hidden widget learns of its size only when it is shown
+        m_window.show(); // a hidden widget gets its resize event only when it is shown
         resize();
         setImage();
     }
 
-    /** Does one thing and tells what it was. */
+    /** Does one random operation and describes it. */
     QString act()
     {
         const int choice = below(100);
@@ -71,7 +71,7 @@ private:
         return first + below(last - first + 1);
     }
 
-    /** A coordinate in one dimension of the widget: near a grip, anywhere inside, or far outside. */
+    /** A coordinate in one dimension: near a grip, anywhere inside, or far outside the widget. */
     int coordinate(int first, int last, int size)
     {
         const int places[] = {first, first + 11, (first + last) / 2, last - 11, last};

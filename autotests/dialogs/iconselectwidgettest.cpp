@@ -106,7 +106,7 @@ void IconSelectWidgetTest::keepsSelectionWhileHeld()
     QCOMPARE(stage.widget.selection(), selection);
     QCOMPARE(stage.widget.handles().value(0), edges(150, 150, 161, 161));
 
-    // The drag goes on in the new rectangle, and its end leaves the selection alone.
+    // The drag continues in the new rectangle. Its end does not change the selection.
     stage.move(QPoint(-10, -10));
     QCOMPARE(stage.widget.selection(), edges(50, 50, 249, 249));
     stage.release(QPoint(-10, -10));

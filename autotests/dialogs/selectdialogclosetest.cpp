@@ -71,7 +71,7 @@ void SelectDialogCloseTest::acceptsOnDoubleClickOnPlaceholder()
         dialog.setResult(QDialog::Rejected);
         doubleClickText(*dialog.view, text("carol"));
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
-        // The record of the row is there, with an empty name.
+        // The row has a record with an empty name.
         QCOMPARE(dialog.activatedName(), QString());
     });
 }

@@ -153,7 +153,7 @@ void SelectDialogFilterTest::sortsByClickOnHeader()
             QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(x, header->height() / 2));
         };
 
-        // As numbers, not as texts.
+        // Sorted as numbers, not as texts.
         clickId();
         const QString ascending = text("root ormel-admin a-system-account-of-a-very-long-name adam Zed bob a.b");
         if (dialog.shownNames() != ascending) {

@@ -12,7 +12,7 @@
 
 #include <memory>
 
-/** How UserSelectDialog and GroupSelectDialog are put together. */
+/** The form of UserSelectDialog and GroupSelectDialog. */
 class SelectDialogFormTest : public QObject
 {
     Q_OBJECT

@@ -166,7 +166,7 @@ void SelectDialogSelectionTest::keepsLockedRowsAsTheyAre()
         QTest::keyClick(dialog.view, Qt::Key_Space);
         QCOMPARE(dialog.pickedNames(), words("bob"));
 
-        // The view reports a double click on a disabled row, too.
+        // The view also reports a double click on a disabled row.
         doubleClickText(*dialog.view, bob());
         QVERIFY(!dialog.isVisible());
         QCOMPARE(dialog.activatedName(), bob());

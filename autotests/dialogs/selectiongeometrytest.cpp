@@ -130,7 +130,7 @@ void SelectionGeometryTest::putsHandlesAroundSelection_data()
                                             edges(0, -12, 11, -1),
                                             edges(-6, -12, 5, -1),
                                             edges(-12, -12, -1, -1)};
-    // The halves of -39 and of -67 are cut to -19 and -33.
+    // The halves of -39 and -67 are truncated to -19 and -33.
     QTest::newRow("inverted by the top grip") << edges(170, 250, 130, 182)
                                               << QVector<QRect>{edges(170, 250, 181, 261),
                                                                 edges(145, 250, 156, 261),
@@ -192,7 +192,7 @@ void SelectionGeometryTest::movesInsideImage()
     const QRect image = edges(10, 20, 309, 319);
     QCOMPARE(moved(QRect(100, 110, 100, 100), topLeft, image), QRect(expected, QSize(100, 100)));
 
-    // One that fills the image has nowhere to go: the left and top limits come last.
+    // A selection that fills the image cannot move: the left and top limits are applied last.
     QCOMPARE(moved(image, topLeft, image), image);
 }
 

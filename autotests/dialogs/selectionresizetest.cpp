@@ -12,7 +12,7 @@ using SelectionGeometry::resized;
 
 namespace
 {
-/** What a drag gives that changes nothing. No drag leads to a null rectangle. */
+/** Stands for a drag that is ignored. No drag results in a null rectangle. */
 QRect ignored()
 {
     return {};
@@ -174,7 +174,7 @@ void SelectionResizeTest::dragsHandleOfImageSmallerThanSmallestSpan_data()
     QTest::newRow("top right") << 2 << inward << image;
     QTest::newRow("bottom left") << 5 << inward << image;
     QTest::newRow("bottom right") << 7 << inward << edges(10, 10, 50, 50);
-    // What the edge grips widen is pulled in again.
+    // A square that an edge grip widens beyond the image is moved back into it.
     QTest::newRow("top") << 1 << inward << image;
     QTest::newRow("left") << 3 << inward << image;
     QTest::newRow("right") << 4 << inward << edges(10, 10, 40, 39);

@@ -26,7 +26,7 @@ private Q_SLOTS:
 
 void UserIconDialogColoursTest::staysWithinColourTable()
 {
-    // In its own size Qt draws such a picture without looking where the table ends.
+    // At its original size, Qt draws such a picture without checking the size of the table.
     QImage image(400, 400, QImage::Format_Indexed8);
     image.setColorTable(QVector<QRgb>(20, qRgb(255, 0, 0)));
     image.fill(240);

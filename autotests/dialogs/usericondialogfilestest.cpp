@@ -19,7 +19,7 @@
 
 namespace
 {
-/** A picture that cannot be compressed to next to nothing. */
+/** A picture that hardly compresses. */
 QImage noise(const QSize &size)
 {
     std::mt19937 random(1);
@@ -39,7 +39,7 @@ QByteArray svg(const char *size)
         .replace('%', size);
 }
 
-/** A file of each format that can be chosen, and of some that can only be named. */
+/** Files of the formats in the name filter, and of some others. */
 void addFormats()
 {
     QTest::addColumn<QByteArray>("whole");
@@ -141,7 +141,7 @@ void UserIconDialogFilesTest::takesAnyFile_data()
         QTest::addRow("empty.%s", suffix) << QByteArray() << false;
         QTest::addRow("text.%s", suffix) << QByteArray("This is no picture.\n") << false;
         QTest::addRow("zeros.%s", suffix) << QByteArray(10000, '\0') << false;
-        QTest::addRow("png.%s", suffix) << encoded(image, "png") << true; // what counts is the content
+        QTest::addRow("png.%s", suffix) << encoded(image, "png") << true; // the content counts
     }
     for (const char *format : {"png", "xpm", "jpg", "bmp", "ico"}) {
         const QByteArray whole = encoded(image, format);
@@ -154,7 +154,7 @@ void UserIconDialogFilesTest::takesAnyFile_data()
                               << false;
     QTest::newRow("missingplugin.tiff") << QByteArray("II*\0\x08\0\0\0", 8) + QByteArray(100, '\0') << false;
 
-    // More pixels than are taken
+    // More pixels than the limit
     QTest::newRow("toolarge.svg") << svg("16385") << false;
     const QByteArray hugePng = QByteArray::fromHex("89504e470d0a1a0a0000000d4948445200030d4000030d40080200000076591f5d"
                                                    "0000000c49444154789c6360a00c000000400001b7347cef"
@@ -187,7 +187,7 @@ void UserIconDialogFilesTest::takesTruncatedFile_data()
     addFormats();
 }
 
-/** How much of a truncated picture is shown is up to its format. */
+/** The format decides how much of a truncated picture is shown. */
 void UserIconDialogFilesTest::takesTruncatedFile()
 {
     QFETCH(QByteArray, whole);
@@ -207,7 +207,7 @@ void UserIconDialogFilesTest::showsNoStrayMemoryForMissingData_data()
     addFormats();
 }
 
-/** Where the file ends early, the picture must not show what the memory held before. */
+/** The pixels that a truncated file lacks must not show previous contents of the memory. */
 void UserIconDialogFilesTest::showsNoStrayMemoryForMissingData()
 {
     QFETCH(QByteArray, whole);
@@ -241,7 +241,7 @@ void UserIconDialogFilesTest::takesDamagedFile()
     for (int i = 0; i < 7; ++i) {
         QByteArray damaged = whole;
         for (int j = 0; j < 20; ++j) {
-            // The head, which tells the size, is damaged above.
+            // The header, which has the size, is covered above.
             const int place = 64 + static_cast<int>(random() % static_cast<unsigned>(damaged.size() - 64));
             damaged[place] = static_cast<char>(random());
         }

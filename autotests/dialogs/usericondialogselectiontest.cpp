@@ -28,7 +28,7 @@ void UserIconDialogSelectionTest::selectsLargestCentredSquareAtOwnResolution_dat
     QTest::addColumn<QSize>("size");
     QTest::addColumn<QRect>("square");
 
-    // Sizes at which the scale to the preview, which is 400 pixels wide and high, leaves no rest.
+    // Sizes that scale to the preview of 400 by 400 pixels without a remainder.
     QTest::newRow("wide") << QSize(1600, 800) << QRect(400, 0, 800, 800);
     QTest::newRow("tall") << QSize(800, 1600) << QRect(0, 400, 800, 800);
     QTest::newRow("square") << QSize(1600, 1600) << QRect(0, 0, 1600, 1600);
@@ -57,7 +57,7 @@ void UserIconDialogSelectionTest::returnsSquareMarkedWithMouse()
     const QImage image = gradient(QSize(1600, 800));
     dialog.setPixmap(QPixmap::fromImage(image));
 
-    // The selection goes from (100, 100) to (299, 299), a quarter of the picture's size.
+    // The selection is (100, 100) to (299, 299), at a quarter of the picture's size.
     drag(dialog, QPoint(299, 299), QPoint(199, 199));
     QCOMPARE(dialog.selectedPixmap().toImage(), image.copy(400, 0, 400, 400));
     drag(dialog, QPoint(150, 150), QPoint(60, 155));
@@ -86,7 +86,7 @@ void UserIconDialogSelectionTest::returnsNullForSelectionTurnedInsideOut()
 
     drag(dialog, QPoint(399, 399), QPoint(99, 99));
     QCOMPARE(dialog.selectedPixmap().size(), QSize(100, 100));
-    drag(dialog, QPoint(50, 5), QPoint(50, 200)); // the upper edge, below the lower one
+    drag(dialog, QPoint(50, 5), QPoint(50, 200)); // drags the upper edge below the lower one
     QVERIFY(okButton(dialog)->isEnabled());
     QVERIFY(dialog.selectedPixmap().isNull());
 }

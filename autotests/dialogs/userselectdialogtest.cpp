@@ -69,7 +69,7 @@ void UserSelectDialogTest::offersFilters()
 
 void UserSelectDialogTest::startsWithOrdinaryUsers()
 {
-    // A tree view that sorts starts with the first column, descending.
+    // A sorting tree view starts in descending order of the first column.
     const Dialog all;
     QCOMPARE(rowTexts(*all.view->model()),
              lines({"[ ] bob | 1002 | No", "[ ] adam | 1000 | No", "[ ] a.b | 1003 | No", "[ ] Zed | 1001 | No"}));

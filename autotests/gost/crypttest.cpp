@@ -20,14 +20,14 @@ namespace
 {
 const ShaCryptMethod sha512Crypt{"$6$", GCRY_MD_SHA512};
 
-/** Null, or what was hashed by the construction of the provider with SHA-512 as its digest. */
+/** The hash by the library's algorithm with SHA-512 as the digest; null if it fails. */
 QByteArray hashWithSha512(const QByteArray &key, const QByteArray &setting)
 {
     ShaCryptHash hash;
     return shaCrypt(sha512Crypt, key.constData(), setting.constData(), hash) ? QByteArray(hash.data()) : QByteArray();
 }
 
-/** The same from the C library, whose token for a failure becomes null. */
+/** The hash by the C library; null if it fails. */
 QByteArray hashWithSystem(const QByteArray &key, const QByteArray &setting)
 {
     const QByteArray hash = crypt(key.constData(), setting.constData());
@@ -308,7 +308,7 @@ void GostCryptTest::refusesDigestThatIsMissing()
 
 void GostCryptTest::hasRoomForMostRounds()
 {
-    // 999999999 rounds take minutes: what is left of the longest hash must fit as well.
+    // Hashing with 999999999 rounds takes minutes. This checks the room for the longest hash instead.
     const QByteArray setting = "$gost12512hash$rounds=100000$0123456789abcdef$";
     const QByteArray hash = gost_crypt("key", setting.constData());
     QVERIFY(hash.startsWith(setting));

@@ -5,7 +5,7 @@
 
 #include <cstdio>
 
-// A GOST crypt library that has nothing but its name and its function in common with others.
+// A stand-in for a GOST crypt library: it only shares the name and the function.
 
 extern "C" __attribute__((visibility("default"))) char *gost_crypt(const char *key, const char *setting)
 {

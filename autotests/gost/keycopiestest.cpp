@@ -17,7 +17,7 @@ extern "C" char *gost_crypt(const char *key, const char *setting);
 
 namespace
 {
-/** A secret that is kept in another form, so that only others' copies of it are found in memory. */
+/** A secret that is stored masked, so that a search of the memory only finds copies made by others. */
 class Secret
 {
 public:
@@ -40,7 +40,7 @@ public:
         }
     }
 
-    /** Reads byte by byte whatever is there, also what a sanitizer guards. */
+    /** Reads all bytes, including those that a sanitizer guards. */
     __attribute__((no_sanitize("address"))) int copiesBetween(const char *begin, const char *end) const
     {
         const char *masked = m_masked.constData();
@@ -67,7 +67,7 @@ struct Memory {
     const char *end;
 };
 
-/** The writable memory of this process; without the shadow memory of a sanitizer. */
+/** The writable memory of this process without the shadow memory of sanitizers. */
 QVector<Memory> writableMemory()
 {
     constexpr std::ptrdiff_t longest = 1 << 26;
@@ -121,7 +121,7 @@ void GostKeyCopiesTest::leavesNoCopyOfKey()
 
     secret.reveal(key);
     QCOMPARE(copiesOf(secret, memory), 1);
-    // At once, before other calls write over the stack.
+    // Search at once, before other calls overwrite the stack.
     const bool hashed = gost_crypt(key, setting);
     explicit_bzero(key, sizeof(key));
     const int copies = copiesOf(secret, memory);
@@ -132,7 +132,7 @@ void GostKeyCopiesTest::leavesNoCopyOfKey()
 
 void GostKeyCopiesTest::leavesNoCopyOfKeyDigest()
 {
-    // The digest of the key repeated as often as it has characters is all that the rounds need of it.
+    // The rounds only need one digest: that of the key, repeated as often as it has characters.
     const QByteArray key = "sesame";
     QByteArray digest(DigestValue::size, '\0');
     gcry_md_hash_buffer(GCRY_MD_STRIBOG512, digest.data(), key.repeated(key.size()).constData(), 36);
@@ -147,7 +147,7 @@ void GostKeyCopiesTest::leavesNoCopyOfKeyDigest()
     QCOMPARE(copiesOf(secret, memory), 1);
     explicit_bzero(revealed, sizeof(revealed));
 
-    // At once, before other calls write over the stack.
+    // Search at once, before other calls overwrite the stack.
     const bool hashed = gost_crypt(key.constData(), setting);
     const int copies = copiesOf(secret, memory);
     QCOMPARE(copies, 0);

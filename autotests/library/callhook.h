@@ -9,8 +9,8 @@
 #include <functional>
 
 /**
- * How often @p read calls read() and the C library's functions for accounts, which the test program stands
- * in for. Before each call, @p onCall gets the number of calls before it.
+ * The number of calls of read() and of the C library's account functions by @p read. The test program replaces
+ * these functions. @p onCall runs before each call and gets the number of previous calls.
  */
 int callsOf(
     const std::function<void()> &read, const std::function<void(int)> &onCall = [](int) {});

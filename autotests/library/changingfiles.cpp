@@ -43,7 +43,7 @@ QStringList namesOf(const QList<Record> &records)
 }
 
 PossibleAccounts::PossibleAccounts(const QByteArrayList &passwdVersions, const QByteArrayList &groupVersions)
-    // A file that is empty or cannot be opened.
+    // An empty file, or one that cannot be opened.
     : m_userLists{{}}
     , m_groupLists{{}}
 {

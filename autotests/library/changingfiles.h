@@ -13,8 +13,8 @@
 #include <QSet>
 
 /**
- * Everything that can be read of account files each of which holds, whenever it is read, the
- * beginning of one of its versions, cut anywhere.
+ * All possible results of reading account files that change: each read sees the beginning of one of the
+ * versions, truncated anywhere.
  */
 class PossibleAccounts
 {
@@ -31,7 +31,7 @@ private:
     void addPasswd(const QByteArray &passwd);
     void addGroups(const QByteArray &groups);
 
-    QSet<QString> m_users; ///< the fields that stand in a line
+    QSet<QString> m_users; ///< the fields of a line
     QSet<QStringList> m_userLists; ///< their names
     QSet<QStringList> m_groupLists;
     QHash<uint, QSet<QStringList>> m_primaryMembers;

@@ -23,7 +23,7 @@
 #include <fcntl.h>
 #include <sys/resource.h>
 
-// What the library reads in a program that has no file descriptors left, and while signals arrive.
+// What the library reads when no file descriptors are left, and while signals arrive.
 
 namespace
 {
@@ -47,7 +47,7 @@ extern "C" Q_DECL_EXPORT int open64(const char *path, int flags, ...)
 
 namespace
 {
-/** No more than a few files can be opened while it lives. */
+/** Limits the number of open files during its lifetime. */
 class DescriptorShortage
 {
 public:
@@ -78,7 +78,7 @@ private:
     rlimit m_previous{};
 };
 
-/** The names that the pattern of adduser.conf lets the user have, out of two. */
+/** Which of two names the pattern of adduser.conf allows. */
 QStringList acceptedNames()
 {
     const std::unique_ptr<QValidator> validator(UserUtils::createUserNameValidator(nullptr));
@@ -121,7 +121,7 @@ void DescriptorShortageTest::initTestCase()
     Sandbox::write(dropInPath(QStringLiteral("a.conf")), "* - core 2\n");
     Sandbox::clear(UserUtils::userIconPath());
     Sandbox::write(UserUtils::userIconPath() + QLatin1String("/face.png"), QByteArray());
-    // The C library reads these once and keeps what it read.
+    // The C library reads these once and keeps the result.
     UserInfo::getUsers();
     m_filesBefore = openFiles();
 }
@@ -141,7 +141,7 @@ void DescriptorShortageTest::readsAccounts_data()
     const QString alice = QStringLiteral("alice | 1000 | 1000 |  | / | /bin/sh | ");
     QTest::newRow("none") << 0 << QStringList() << QStringList()
                           << QStringList({userUnableToOpen(passwdPath()), groupUnableToOpen(groupPath())});
-    // That one is taken by the list, so that nothing can be looked up for its entries.
+    // The list takes that one, so that nothing can be looked up for its entries.
     QTest::newRow("one") << 1 << QStringList(alice + QLatin1String("primary null(0: ) | groups  | no admin"))
                          << QStringList({QStringLiteral("ormel-admin(27: alice)"), QStringLiteral("alice(1000: )")})
                          << QStringList(

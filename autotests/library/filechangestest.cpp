@@ -29,12 +29,12 @@
 
 #include <malloc.h>
 
-// Files that change while they are read: at every call of the C library's account functions, and
-// by a second process at any time.
+// Files that change while they are read: at each call of the C library's account functions, and by a second
+// process at any time.
 
 namespace
 {
-/** The last one is the toolkit's, of a file that vanished while its directory was listed. */
+/** The last one is Qt's warning about a file that vanished while its directory was listed. */
 bool isKnownWarning(const QString &text)
 {
     static const QRegularExpression known(
@@ -295,7 +295,7 @@ void FileChangesTest::readsLinesThatGrowAtAnyCall_data()
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<int>("reading");
 
-    // What a comment says must not be taken for a line of its own.
+    // The text of a comment must not be taken for a line.
     QTest::newRow("limits") << limitsPath() << QByteArray("#bob - core 1\n") << 2;
     QTest::newRow("adduser.conf") << adduserConfPath() << QByteArray("#NAME_REGEX=\".\"\n") << 3;
 }
@@ -311,7 +311,7 @@ void FileChangesTest::readsLinesThatGrowAtAnyCall()
         Sandbox::write(path, content.left(size));
         const int calls = callsOf([this, read] { (this->*read)(); });
         QVERIFY(calls > 0);
-        // Once grown it may be read once more than before.
+        // After it has grown it may be read once more than before.
         for (int call = 0; call <= calls; ++call) {
             Sandbox::write(path, content.left(size));
             bool possible = false;
@@ -327,7 +327,7 @@ void FileChangesTest::readsLinesThatGrowAtAnyCall()
     Sandbox::remove(path);
 }
 
-// ORMEL_TEST_SECONDS sets for how long.
+// ORMEL_TEST_SECONDS sets the duration.
 void FileChangesTest::readsFilesThatChangeAtAnyTime()
 {
     const QVector<QPair<QString, QByteArrayList>> files{

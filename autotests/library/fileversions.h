@@ -9,7 +9,7 @@
 #include <QByteArrayList>
 #include <QStringList>
 
-// What the files hold that change while they are read: version 0 or version 1.
+// The contents of the files that change while they are read: version 0 or version 1.
 
 constexpr int userCount = 6;
 
@@ -21,7 +21,7 @@ QByteArray limitsVersion(int version);
 
 QByteArray adduserVersion(int version);
 
-/** The patterns for names of both versions, and the one that holds without a file. */
+/** The name patterns of both versions, and the default pattern. */
 QStringList patterns();
 
 QString facePath(int number);
@@ -29,7 +29,7 @@ QString facePath(int number);
 /** Both versions. */
 QByteArrayList versions(QByteArray (*version)(int));
 
-/** The beginnings of all lines of @p texts, one in a line. */
+/** All beginnings of all lines of @p texts, one per line. */
 QByteArray beginnings(const QByteArrayList &texts);
 
 /** Writes both account files. */

@@ -16,8 +16,8 @@
 
 #include <memory>
 
-// What is built on first use, built by several threads at once. Built with the thread sanitizer, together
-// with the sources of the library: a race ends the program with a report.
+// Objects that are built on first use, by several threads at once. The library's sources are built with the
+// thread sanitizer here, so that a race ends the program with a report.
 
 namespace
 {

@@ -59,7 +59,7 @@ Names accountNames(int first, int step, int end)
     return names;
 }
 
-/** Each account has one of the groups for its primary one, and is named by one other group. */
+/** Each account has one primary group and is a member of one other group. */
 void writeAccounts(const Sizes &sizes)
 {
     QByteArray passwd;
@@ -99,7 +99,7 @@ bool findUser(const Sizes &sizes)
     return UserInfo::getUser(uint(100000 + sizes.accounts - 1)).groups().size() == 2;
 }
 
-/** One account that every group names. */
+/** One account that is a member of every group. */
 void writeMemberships(const Sizes &sizes)
 {
     QByteArray groups;
@@ -115,7 +115,7 @@ bool findMember(const Sizes &sizes)
     return UserInfo::getUser(QStringLiteral("user0")).groups().size() == sizes.memberships + 1;
 }
 
-/** Rules for as many users, and the last one for everybody. */
+/** Rules for as many users, followed by one for everybody. */
 void writeRules(const Sizes &sizes)
 {
     QByteArray rules;
@@ -169,7 +169,7 @@ bool showUsers(const Sizes &sizes)
     return users.rowCount() == sizes.accounts && users.removeRows(0, 100) && users.rowCount() == sizes.accounts - 100;
 }
 
-/** Chooses files that claim to be images of 500 megapixels: none is shown, nor what was shown before. */
+/** Chooses files that claim to be images of 500 megapixels. Neither they nor the previous image are shown. */
 bool chooseLargeImages(const Sizes & /*sizes*/)
 {
     UserIconDialog dialog;
@@ -213,7 +213,7 @@ constexpr Work works[] = {
     {"choose-large-images", prepareNothing, chooseLargeImages},
 };
 
-/** Writes the files in a process of its own, whose memory does not count. */
+/** Writes the files in another process, whose memory does not count. */
 void prepare(const Work &work, const Sizes &sizes)
 {
     const pid_t child = fork();

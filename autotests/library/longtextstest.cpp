@@ -17,7 +17,7 @@
 
 #include <memory>
 
-// Texts of megabytes wherever a text is taken.
+// Texts of megabytes for every parameter that is a text.
 
 namespace
 {
@@ -85,13 +85,12 @@ void LongTextsTest::refusesNamesByLongPattern()
 {
     const QByteArray pattern(many, 'a');
     Sandbox::write(adduserConfPath(), "NAME_REGEX=\"" + pattern + "\"\n");
-    const MessageRecorder toolkitMessages;
-    // The engine takes no pattern of this length, and then no text matches.
+    const MessageRecorder qtMessages;
+    // A pattern of this length is invalid, so no text matches.
     QCOMPARE(stateOf(UserUtils::createUserNameValidator, QStringLiteral("a")), QValidator::Invalid);
 }
 
-/** The C library reads a line again for each kilobyte of it, so that it takes a hundred times as long for ten times the
- * length. */
+/** The C library reads a line again for each kilobyte of it: ten times the length takes a hundred times as long. */
 void LongTextsTest::readsLongAccountLines()
 {
     const QByteArray gecos(megabyte / 4, 'g');

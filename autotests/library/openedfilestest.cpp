@@ -13,11 +13,11 @@
 
 #include <algorithm>
 
-// Which files the library opens, and that it does nothing else to the machine.
+// Checks which files the library opens, and that it makes no other change to the machine.
 
 namespace
 {
-/** Where the toolkit finds what windows need: plugins, fonts, icons, file types, the machine's kind. */
+/** Files that Qt reads for windows: plugins, fonts, icons, file types, the type of the machine. */
 const char *const foreign[] = {
     "/etc/fonts",
     "/etc/localtime",
@@ -34,15 +34,15 @@ const char *const foreign[] = {
     "/var/lib/dbus/machine-id",
 };
 
-/** What the toolkit keeps in the home: an index of the fonts, and how the file chooser looked. */
-bool isKeptByToolkit(const QString &path)
+/** Files that Qt keeps in the home directory: an index of the fonts and the state of the file dialog. */
+bool isKeptByQt(const QString &path)
 {
     const QString home = QDir::homePath();
     return path.startsWith(home + QLatin1String("/.cache")) || path.startsWith(home + QLatin1String("/.config"))
         || path.startsWith(home + QLatin1String("/.fontconfig"));
 }
 
-/** The C library loads the name services when they are first asked; what hashes asks what it may use. */
+/** The C library loads name services on first use. The hash libraries read which algorithms are allowed. */
 bool isOfOtherLibrary(const QString &path)
 {
     static const QRegularExpression file(QStringLiteral("^(/usr)?/lib/([^/]+/)?lib[^/]+\\.so(\\.[0-9]+)*$"));
@@ -53,10 +53,10 @@ bool isOfOtherLibrary(const QString &path)
 bool isForeign(const QString &path)
 {
     const auto isBelow = [&path](const char *start) { return path.startsWith(QLatin1String(start)); };
-    return isKeptByToolkit(path) || std::any_of(std::begin(foreign), std::end(foreign), isBelow);
+    return isKeptByQt(path) || std::any_of(std::begin(foreign), std::end(foreign), isBelow);
 }
 
-/** What the C library does before each lookup: it asks for its cache of accounts. */
+/** Before each lookup the C library looks for its cache of accounts. */
 bool isAboutNameServiceCache(const SystemCall &call)
 {
     return call.name == QLatin1String("connect")
@@ -172,7 +172,7 @@ void OpenedFilesTest::readsFilesItNames()
         if (call.opensForReading() && !isOfOtherLibrary(call.path()) && !(hasWindow && isForeign(call.path()))) {
             opened.append(call.path());
         }
-        if (call.changesFiles() && !(hasWindow && isKeptByToolkit(call.path()))) {
+        if (call.changesFiles() && !(hasWindow && isKeptByQt(call.path()))) {
             changed.append(call.name + QLatin1Char(' ') + call.arguments);
         }
         if (call.startsProcess() || (call.isAboutSockets() && !isAboutNameServiceCache(call))) {

@@ -22,7 +22,7 @@
 
 #include <unistd.h>
 
-// Uses one family of the library's classes between two marks that a trace shows.
+// Uses one family of the library's classes between two marks in the trace.
 
 namespace
 {
@@ -109,7 +109,7 @@ void selectDialogs()
     show(groups);
 }
 
-/** Chooses the file that the second argument names. */
+/** Chooses the file of the second argument. */
 void iconDialog()
 {
     UserIconDialog dialog;

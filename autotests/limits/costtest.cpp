@@ -15,7 +15,7 @@
 #include <dlfcn.h>
 #include <malloc.h>
 
-// What a lookup and a rule cost in calls of malloc() and in memory.
+// The cost of a lookup in calls of malloc(), and that of a rule in memory.
 
 namespace
 {
@@ -106,7 +106,7 @@ void LimitsCostTest::passesOverRulesWithoutAllocation()
     const auto groupCost = [&](const LimitsParser &limits) {
         return allocationsOf([&] { limits.getItem(staff, item); });
     };
-    userCost(few); // what is built on first use is there from now on
+    userCost(few); // builds what is built on first use
     QCOMPARE(userCost(many), userCost(few));
     QCOMPARE(groupCost(many), groupCost(few));
     QCOMPARE(allocationsOf([&] { many.findField(QStringLiteral("nobody"), item); }), 0);

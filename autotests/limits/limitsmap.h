@@ -8,7 +8,7 @@
 
 #include <limitsparser.h>
 
-/** The catalogue of limits as code sees it that is compiled in the way under test. */
+/** The catalogue of limits as seen by code that is compiled in the way under test. */
 const QMap<QString, LimitsParser::FieldDescriptor> &limitsMap();
 
 #endif

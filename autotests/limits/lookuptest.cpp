@@ -11,7 +11,7 @@
 
 namespace
 {
-// The order of a user's groups: the primary one, then those of the group file.
+// The order of a user's groups: first the primary group, then those of the group file.
 const char usersFile[] = "root:x:0:0::/root:/bin/sh\n"
                          "toor:x:0:0::/root:/bin/sh\n"
                          "user1:x:1001:1001::/:/bin/sh\n"

@@ -13,9 +13,9 @@
 #include <elf.h>
 
 /**
- * A program reads the catalogue of limits, which is the library's data, by its address. Compiled as Qt
- * demands it, the program finds it in the library; compiled for executables alone, it is given room
- * for the catalogue, which the library then uses as well.
+ * Programs access the catalogue of limits, which is data of the library, by its address. A program that is
+ * compiled as Qt demands finds it in the library. A program that is compiled without -fPIC gets a copy, which
+ * the library then uses as well.
  */
 class LimitsMapTest : public QObject
 {

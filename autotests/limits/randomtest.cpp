@@ -14,7 +14,7 @@
 
 namespace
 {
-/** Pseudo-random limits files. Few words, so that they meet often. */
+/** Pseudo-random limits files. There are few words, so that they match often. */
 class RandomLimits
 {
 public:

@@ -18,7 +18,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-// Files may vanish while they are read: this happens here when one of them is looked at.
+// Files can vanish during reading. Here one is deleted when another one is opened or resolved.
 
 namespace
 {

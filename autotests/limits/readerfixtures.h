@@ -10,7 +10,7 @@
 
 #include <unistd.h>
 
-/** What an error string holds before reading. */
+/** The error string before reading. */
 inline constexpr char untouched[] = "untouched";
 
 inline QString securityPath(const char *name)
@@ -30,7 +30,7 @@ inline void writeDropIn(const char *name, const QByteArray &content)
     Sandbox::write(dropInPath(QLatin1String(name)), content);
 }
 
-/** The values of the rules, by which the tests number them. */
+/** The values of the rules. The tests use them as numbers of the rules. */
 inline QString values(const LimitsParser &limits)
 {
     QStringList texts;
@@ -41,7 +41,7 @@ inline QString values(const LimitsParser &limits)
     return texts.join(QLatin1Char(' '));
 }
 
-/** The error of a reading that has to fail. */
+/** The error of a read that has to fail. */
 inline QString failure(LimitsParser &limits)
 {
     QString error = QLatin1String(untouched);

@@ -49,7 +49,7 @@ private Q_SLOTS:
 
 void LimitsReaderTest::initMain()
 {
-    // A language that would put capitals beside the small letters.
+    // A language that sorts capitals next to small letters.
     qputenv("LC_ALL", "en_US.UTF-8");
 }
 

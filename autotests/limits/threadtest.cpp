@@ -13,8 +13,7 @@
 
 #include <atomic>
 
-// Built with the thread sanitizer, together with the sources of the library: a race ends the
-// program with a report.
+// The library's sources are built with the thread sanitizer here, so that a race ends the program with a report.
 
 namespace
 {
@@ -45,7 +44,7 @@ void LimitsThreadTest::initTestCase()
     m_group = GroupInfo::getGroup(QStringLiteral("root"));
 }
 
-// First: what is built on first use is built here.
+// This one comes first: it builds what is built on first use.
 void LimitsThreadTest::buildsToolTipsOnce()
 {
     std::atomic<int> wrong{0};

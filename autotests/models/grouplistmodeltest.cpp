@@ -148,7 +148,7 @@ void GroupListModelTest::locksFirstOfEqualOwnGroups()
     const TableTester tester(&model);
     QCOMPARE(model.index(0, 0).flags(), Qt::NoItemFlags);
     QVERIFY(model.index(1, 0).flags().testFlag(Qt::ItemIsEnabled));
-    // Equal to the first in all parts.
+    // Equal to the first one.
     QCOMPARE(model.index(2, 0).flags(), Qt::NoItemFlags);
 }
 
@@ -182,7 +182,7 @@ void GroupListModelTest::locksNothingWithoutUser()
 
 void GroupListModelTest::neverLocksNewGroup()
 {
-    // There is no group yan, so that the record of the own group is as empty as the new one.
+    // There is no group yan, so the record of the primary group is as empty as the new one.
     Model model(text("yan"), {});
     const TableTester tester(&model);
     const QModelIndex index = model.setNewGroupName(text("yan"));
@@ -243,7 +243,7 @@ void GroupListModelTest::looksForOwnGroupOnlyWhenReloaded()
     const auto isLocked = [&model] { return model.findGroup(zoe()).flags() == Qt::NoItemFlags; };
     QVERIFY(isLocked());
 
-    // No longer equal to the record found at the beginning.
+    // No longer equal to the record that was found first.
     Sandbox::write(groupPath(), "zoe:x:1007:yan\n");
     model.reloadGroup(zoe());
     QVERIFY(!isLocked());

@@ -15,7 +15,7 @@ void setTwoAccounts()
     setUsersAndGroups({{"ormel-admin", 27}, {"zoe", 1000}});
 }
 
-/** What the rows of @p model read each time that views are told of a change while @p work is done. */
+/** The texts of the rows of @p model at each change signal during @p work. */
 QStringList rowsSeen(const QAbstractItemModel &model, const std::function<void()> &work)
 {
     using Model = QAbstractItemModel;
@@ -35,7 +35,7 @@ QStringList rowsSeen(const QAbstractItemModel &model, const std::function<void()
 }
 }
 
-/** How the rows of UserListModel and GroupListModel change alike, and when views are told. */
+/** How the rows of UserListModel and GroupListModel change, and when they tell their views. */
 class ListChangesTest : public QObject
 {
     Q_OBJECT
@@ -111,7 +111,7 @@ void ListChangesTest::removesRows()
         QTEST(log.take(), "notified");
         QCOMPARE(shownNames(model), left);
 
-        // Gone from the hidden records as well, and only they.
+        // Only these are also removed from the hidden records.
         model.applyFilter();
         QCOMPARE(shownNames(model), left);
         model.setFilter(model.System);
@@ -160,7 +160,7 @@ void ListChangesTest::removesNothingWithNotification()
         QFETCH(int, row);
         QFETCH(int, count);
 
-        // Without a tester: item models forbid such a removal.
+        // Without a tester, since item models forbid such a removal.
         typename decltype(kind)::Model model;
         model.setFilter(model.Ordinary);
         ModelLog log(&model);
@@ -174,7 +174,7 @@ void ListChangesTest::handsOnTheParentOfRemovedRows()
 {
     setTwoAccounts();
     withKind([](auto kind) {
-        // Without a tester: no row has rows below it.
+        // Without a tester, since no row has rows below it.
         typename decltype(kind)::Model model;
         model.setFilter(model.All);
         ModelLog log(&model);
@@ -244,7 +244,7 @@ void ListChangesTest::checksNewRow()
         QCOMPARE(rowText(model, 3), text("[x] carol | 0 | Yes"));
         QCOMPARE(Kind::selectedNames(model), QStringList());
 
-        // The mark belongs to the empty name, so the next placeholder row has it too.
+        // The check mark belongs to the empty name, so the next placeholder row has it too.
         model.applyFilter();
         Kind::setNewName(model, text("dave"));
         QCOMPARE(rowText(model, 3), text("[x] dave | 0 | Yes"));
@@ -285,7 +285,7 @@ void ListChangesTest::reloadsOneQuietly()
         QCOMPARE(log.take(), QStringList());
         QCOMPARE(rowTexts(model), lines({"Zed | 1001 | No", "adam | 500 | Yes", "bob | 1002 | No"}));
 
-        // The full list has it, too: the system account is now filtered out.
+        // The full list has it as well: the system account is filtered out now.
         model.applyFilter();
         QCOMPARE(rowTexts(model), lines({"Zed | 1001 | No", "bob | 1002 | No"}));
 
@@ -308,7 +308,7 @@ void ListChangesTest::reloadsFirstOfTwins()
         const QStringList reloaded = lines({"twin | 2000 | No", "twin | 1001 | No", "twin | 1002 | No"});
         Kind::reloadRecord(model, twin());
         QCOMPARE(rowTexts(model), reloaded);
-        // The list of all, too.
+        // The full list as well.
         model.applyFilter();
         QCOMPARE(rowTexts(model), reloaded);
     });
@@ -361,7 +361,7 @@ void ListChangesTest::namesNewRowAfterInsertion()
         QCOMPARE(
             name("one"),
             lines({"inserted: ormel-admin | 27 | Yes,  | 0 | Yes", "changed: ormel-admin | 27 | Yes, one | 0 | Yes"}));
-        // The name of the row that is gone is still there.
+        // The name of the removed row is still selected.
         model.setFilter(model.Ordinary);
         QCOMPARE(name("two"),
                  lines({"inserted: zoe | 1000 | No, one | 0 | Yes", "changed: zoe | 1000 | No, two | 0 | Yes"}));

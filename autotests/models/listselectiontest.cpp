@@ -49,7 +49,7 @@ void ListSelectionTest::checksBoxes()
         QCOMPARE(Kind::selectedNames(model), words("adam"));
         QCOMPARE(rowText(model, 1), text("[x] adam | 1000 | No"));
 
-        // Checking what is checked is a change for the views.
+        // Checking a checked row still notifies the views.
         QVERIFY(model.setData(model.index(1, 0), text("2"), Qt::CheckStateRole));
         QCOMPARE(log.take(), lines({"change 1,0-1,0 roles 10"}));
         QCOMPARE(Kind::selectedNames(model), words("adam"));
@@ -182,7 +182,7 @@ void ListSelectionTest::leavesUnknownSelectedNamesOut()
         using Kind = decltype(kind);
         QCOMPARE(Kind::selectedNames(model), words("Zed"));
 
-        // Known all the same: the account may come into being later.
+        // Kept nevertheless: the account may be created later.
         setUsersAndGroups({{"ormel-admin", 27}, {"Zed", 1001}, {"ghost", 1005}});
         model.reload();
         QCOMPARE(Kind::selectedNames(model), words("Zed ghost"));

@@ -35,7 +35,7 @@ QStringList headers(const QAbstractItemModel &model)
     return labels;
 }
 
-/** Every text of the form of a dialog, those that are only read out included. */
+/** Every text of a dialog's form, including those that are only read out. */
 QStringList formTexts(const QDialog &dialog)
 {
     const auto *comboBox = dialog.findChild<QComboBox *>();

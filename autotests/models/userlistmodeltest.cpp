@@ -124,7 +124,7 @@ void UserListModelTest::locksUsersOfThePrimaryGroup()
     for (int column = 0; column < model.columnCount(); ++column) {
         QCOMPARE(model.index(bob, column).flags(), Qt::NoItemFlags);
     }
-    // A member, but of another primary group.
+    // A member with another primary group.
     const QModelIndex adam = model.findUser(text("adam"));
     QCOMPARE(adam.flags(), Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
 }

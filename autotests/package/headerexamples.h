@@ -23,7 +23,7 @@
 #include <QTableView>
 #include <QTreeView>
 
-/** A dialog of a tool that edits accounts, as the examples in the public headers suppose it. */
+/** The dialog of an account editor that the examples in the public headers assume. */
 class ExampleDialog : public QDialog
 {
 public:

@@ -15,7 +15,7 @@
 
 #include <memory>
 
-/** The icons that are installed, where XDG_DATA_DIRS says, under a theme that has none of them. */
+/** The installed icons below XDG_DATA_DIRS, with a theme that has none of them. */
 class InstalledIconsTest : public QObject
 {
     Q_OBJECT
@@ -40,7 +40,7 @@ private:
 
 void InstalledIconsTest::initTestCase()
 {
-    // Where a desktop looks, and the offscreen platform does not.
+    // A desktop searches these paths, the offscreen platform does not.
     const QStringList installed = QStandardPaths::locateAll(
         QStandardPaths::GenericDataLocation, QStringLiteral("icons"), QStandardPaths::LocateDirectory);
     m_theme = std::make_unique<IconTheme>(QStringList(QStringLiteral("something-else")));

@@ -3,7 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
-// Fixed pieces of work for callgrind to count. Each ends a part of its profile that bears the name.
+// Fixed workloads whose instructions callgrind counts. Each ends a part of the profile that is named after it.
 
 #include "generatedaccounts.h"
 #include "limitsfixtures.h"
@@ -48,7 +48,7 @@ void listRecords()
     UserInfo::getUser(QStringLiteral("user7")).groupNames();
 }
 
-/** Asks for all that a view would show. */
+/** Reads all data that a view would show. */
 void showAll(const QAbstractItemModel &model)
 {
     for (int row = 0; row < model.rowCount(); ++row) {
@@ -77,7 +77,7 @@ void useModel(UserListModel &model)
     model.findUser(QStringLiteral("user199"));
 }
 
-/** Rules for groups that nobody is in, and one line in ten with a tab, which is none. */
+/** Rules for groups without members. One line in ten has a tab, so it is not a rule. */
 void writeRules(int groups)
 {
     QByteArray rules = "# domain type item value\n";
@@ -146,7 +146,7 @@ void send(QWidget &widget, QEvent::Type type, const QPoint &position)
     QCoreApplication::sendEvent(&widget, &event);
 }
 
-/** Drags what is at @p start there and back. */
+/** Drags from @p start and back. */
 void drag(QWidget &widget, const QPoint &start, const QPoint &step)
 {
     send(widget, QEvent::MouseButtonPress, start);

@@ -20,11 +20,11 @@
 
 #include <cstdio>
 
-// Linked into one program and loaded by another.
+// One program is linked to this, another one loads it.
 
 namespace
 {
-/** What the dialog shows that asks for a picture. */
+/** The texts of the dialog that asks for a picture. */
 QStringList fileDialogTexts(const UserIconDialog &dialog)
 {
     QStringList texts;

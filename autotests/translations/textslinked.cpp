@@ -7,7 +7,7 @@
 
 extern "C" void printTexts();
 
-// The library is there before the application object.
+// The library is loaded before the application object exists.
 int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);

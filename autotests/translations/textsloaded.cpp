@@ -8,7 +8,7 @@
 
 #include <dlfcn.h>
 
-// The application object is there before the library, which comes along with the module to load.
+// The application object exists before the library, which is loaded along with the module.
 int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);

@@ -187,7 +187,7 @@ void DefaultUserIconTest::returnsOtherDefaultWhenThereAreOnlySuch()
 
 void DefaultUserIconTest::avoidsOtherNamesThatContainItWhenPreferring()
 {
-    // Not preferred, since its name does not begin so, and then avoided.
+    // Not preferred, since its name begins otherwise. Avoided after that.
     makeFaces({"sub/my-default-user-red.png", "sub/other.png"});
     const QString other = inFaces("sub/other.png");
     QCOMPARE(picks(2, true), QStringList({other, other}));

@@ -74,7 +74,7 @@ void InputValidatorsTest::checksGroupNames()
     QFETCH(QString, text);
     QFETCH(QValidator::State, state);
 
-    // The file is for user names only.
+    // The file only applies to user names.
     Sandbox::write(adduserConfPath(), "NAME_REGEX=\"[0-9]+\"\n");
     QCOMPARE(check(UserUtils::createGroupNameValidator, text), state);
 }

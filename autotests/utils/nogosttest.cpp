@@ -9,7 +9,7 @@
 
 #include <crypt.h>
 
-// Compiled with the hash functions as they are built where no GOST library is found.
+// Compiled with the hash functions for platforms without a GOST library.
 
 class NoGostTest : public QObject
 {

@@ -31,7 +31,7 @@ struct HashCall {
 
 struct HashFunctions {
     QVector<HashCall> calls;
-    /** Whether to give the result below instead of a hash; null stands for a null pointer. */
+    /** Whether to return the result below instead of a hash. A null result stands for a null pointer. */
     bool standIn = false;
     QByteArray result = "result";
 };
@@ -68,13 +68,13 @@ void skipWithoutGostLibrary()
     QTest::qSkip("There is no GOST library.", __FILE__, __LINE__);
 }
 
-/** What the C library makes of @p key with a whole hash as the setting. */
+/** The hash by the C library of @p key with a whole hash as the setting. */
 QByteArray systemHash(const QByteArray &key, const QString &setting)
 {
     return crypt(key.constData(), setting.toLatin1().constData());
 }
 
-/** Whether the login check of the system takes @p password for that of the user who runs this. */
+/** Whether the system's login check accepts @p password for the user who runs this. */
 bool systemAccepts(const QString &user, const QByteArray &password)
 {
     QProcess check;

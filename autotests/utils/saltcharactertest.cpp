@@ -70,7 +70,7 @@ void SaltCharacterTest::drawsSaltCharactersUniformly()
         counted += counts.value(c);
     }
     QCOMPARE(counted, draws);
-    // With 63 degrees of freedom a uniform source exceeds this once in 10^9 runs.
+    // With 63 degrees of freedom, a uniform source exceeds this once in 10^9 runs.
     QVERIFY2(chiSquare < 155.1, QByteArray::number(chiSquare).constData());
 }
 

@@ -25,7 +25,7 @@ inline QString inFaces(const char *name)
     return QStringLiteral("/usr/share/kiv/faces/%1").arg(QLatin1String(name));
 }
 
-/** Makes empty files, and the directories they are in. */
+/** Creates empty files and their directories. */
 inline void make(const QStringList &paths)
 {
     for (const QString &path : paths) {
@@ -42,7 +42,7 @@ inline void makeFaces(std::initializer_list<const char *> names)
     }
 }
 
-/** The lowest and the highest draw for which the pick is @p index of @p count. */
+/** The lowest and the highest random number that picks @p index of @p count. */
 inline quint32 lowestDraw(int index, int count)
 {
     return quint32(((quint64(index) << 32) + quint64(count) - 1) / quint64(count));
@@ -53,7 +53,7 @@ inline quint32 highestDraw(int index, int count)
     return quint32(((quint64(index + 1) << 32) - 1) / quint64(count));
 }
 
-/** The pictures picked for each index of @p count candidates. */
+/** The pictures at each index of @p count candidates. */
 inline QStringList picks(int count, bool preferDefault = false)
 {
     QStringList names;
@@ -68,7 +68,7 @@ inline QStringList picks(int count, bool preferDefault = false)
     return names;
 }
 
-/** The names in @p directory in the order in which Qt lists them. */
+/** The names in @p directory in Qt's unsorted order. */
 inline QStringList listed(const char *directory, QDir::Filters filters = QDir::Files)
 {
     return QDir(inFaces(directory)).entryList(filters, QDir::NoSort);

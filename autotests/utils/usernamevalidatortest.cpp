@@ -121,7 +121,7 @@ void UserNameValidatorTest::acceptsNothingWithInvalidPattern()
 
 void UserNameValidatorTest::takesPatternThatIsValidInsideAnchorsOnly()
 {
-    // The toolkit puts the pattern into a group, which this one closes and opens again.
+    // Qt puts the pattern into a group, which this pattern closes and opens again.
     Sandbox::write(adduserConfPath(), "NAME_REGEX=\"[a-z]+)(?:[0-9]\"\n");
     QCOMPARE(check(UserUtils::createUserNameValidator, QStringLiteral("user1")), Accepted);
     QCOMPARE(check(UserUtils::createUserNameValidator, QStringLiteral("user")), Unfinished);
@@ -149,12 +149,12 @@ void UserNameValidatorTest::givesUpPatternsThatBacktrackWithoutEnd_data()
     }
 }
 
-/** Typing goes on while the toolkit looks for a match that is not there. */
+/** The user goes on typing while the regular expression is matched. */
 void UserNameValidatorTest::givesUpPatternsThatBacktrackWithoutEnd()
 {
     QFETCH(QByteArray, pattern);
 
-    constexpr qint64 longest = 1000; // in milliseconds; some twenty are usual
+    constexpr qint64 longest = 1000; // in milliseconds; about twenty are usual
     Sandbox::write(adduserConfPath(), "NAME_REGEX=\"" + pattern + "\"\n");
     const std::unique_ptr<QValidator> validator(UserUtils::createUserNameValidator(nullptr));
     for (const int length : {1, 10, 20, 25, 31}) {

@@ -22,7 +22,7 @@ inline constexpr QValidator::State Accepted = QValidator::Acceptable;
 inline constexpr QValidator::State Unfinished = QValidator::Intermediate;
 inline constexpr QValidator::State Rejected = QValidator::Invalid;
 
-/** The pattern that holds where the configuration has none. */
+/** The default pattern. */
 inline QString fallback()
 {
     return QStringLiteral("[a-z][a-z0-9\\_\\-]*");

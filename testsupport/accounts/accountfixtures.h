@@ -43,7 +43,7 @@ inline QString userUnableToOpen(const QString &path)
     return QStringLiteral("UserInfo: unable to open ") + path;
 }
 
-/** Lines of /etc/passwd for user0 with the uid 1000, user1 with 1001 and so on, of the group staff. */
+/** Lines of /etc/passwd for user0 with the uid 1000, user1 with 1001 and so on, with the primary group staff. */
 inline QByteArray manyUsers(int count)
 {
     QByteArray lines;

@@ -13,13 +13,13 @@
 struct group;
 struct passwd;
 
-/** What the lookups give and warn of when each is made by itself, one after the other. */
+/** The results and warnings of lookups that are made one by one. */
 class AccountModel
 {
 public:
     QStringList warnings;
 
-    /** The records as describe() has them. */
+    /** The records as texts of describe(). */
     QStringList users();
     QStringList groups();
 

@@ -13,7 +13,7 @@
 
 namespace
 {
-/** The sum of what @p count gives for every entry that @p next reads from the file @p path. */
+/** The sum of @p count over the entries that @p next reads from the file @p path. */
 template<typename Entry, typename Count>
 int sum(const char *path, Entry *(*next)(FILE *), const Count &count)
 {

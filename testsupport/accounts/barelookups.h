@@ -6,16 +6,16 @@
 #ifndef BARELOOKUPS_H
 #define BARELOOKUPS_H
 
-/** Loops over the C library's account functions, to compare the library's speed with. */
+/** Loops over the C library's account functions, for comparing speed. */
 namespace BareLookups
 {
-/** The least that listing the users takes: every account of /etc/passwd with the ids of its groups. */
+/** The minimum for listing users: every account of /etc/passwd with the ids of its groups. */
 int countMemberships();
 
-/** What the records need on top of that: every group of /etc/group looked up by its id and by its name. */
+/** The additional work for the records: every group of /etc/group by its id and by its name. */
 int lookUpGroups();
 
-/** Looks up the account @p name and the ids of its groups, and gives their number. */
+/** Looks up the account @p name and the ids of its groups. Returns their number. */
 int countMembershipsOf(const char *name);
 
 /** Reads /etc/passwd once. */

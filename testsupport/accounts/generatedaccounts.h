@@ -6,13 +6,13 @@
 #ifndef GENERATEDACCOUNTS_H
 #define GENERATEDACCOUNTS_H
 
-/** Accounts in any number, always the same ones. */
+/** Any number of accounts, the same in each run. */
 namespace GeneratedAccounts
 {
 inline constexpr int sharedGroups = 20;
 inline constexpr int memberships = 3;
 
-/** Where the groups with many members stand in the file. */
+/** Where the groups with many members are in the file. */
 enum class SharedGroups { First, Last };
 
 /**

@@ -40,7 +40,7 @@ inline QByteArray contentOf(const QString &path)
     return file.readAll();
 }
 
-/** Puts the limits.conf and the limits.d of @p folder in the place of the system's. */
+/** Installs the limits.conf and the limits.d of @p folder. */
 inline void installLimits(const QString &folder)
 {
     clearLimits();
@@ -52,7 +52,7 @@ inline void installLimits(const QString &folder)
     }
 }
 
-/** A parser of the files as they are now, all of which must be readable. */
+/** A parser that has read the current files. They must be readable. */
 inline LimitsParser readLimits()
 {
     LimitsParser limits;
@@ -63,7 +63,7 @@ inline LimitsParser readLimits()
     return limits;
 }
 
-/** A parser of @p rules alone. */
+/** A parser that has read only @p rules. */
 inline LimitsParser limitsOf(const QByteArray &rules)
 {
     clearLimits();

@@ -13,14 +13,14 @@
 
 #include <string>
 
-/** What the rules and the lookups are when one byte and one rule is looked at after the other. */
+/** A plain model of reader and lookup: one byte and one rule after the other. */
 class LimitsModel
 {
 public:
     /** Adds the rules of @p file. */
     void read(const QByteArray &file);
 
-    /** The rules as describe() has them. */
+    /** The rules as texts of describe(). */
     QStringList rules() const;
 
     QString valueFor(const UserInfo &user, const QString &item) const;

@@ -14,7 +14,7 @@
 #include <QTest>
 #include <QVector>
 
-// What is alike for users and for groups is tested once, and runs for both.
+// Tests of what users and groups have in common are written once and run for both.
 
 /** The rows of initTestCase_data(). */
 inline void addBothKinds()
@@ -25,7 +25,7 @@ inline void addBothKinds()
     QTest::newRow("groups") << false;
 }
 
-/** Does @p test with the kind that its function is called for. */
+/** Runs @p test with the kind of the current row. */
 template<typename UserKind = Users, typename GroupKind = Groups, typename Test>
 void withKind(const Test &test)
 {
@@ -37,7 +37,7 @@ void withKind(const Test &test)
     }
 }
 
-/** Replaces the users and the groups by some of the same names and ids. */
+/** Sets users, and groups of the same names and ids. */
 inline void setUsersAndGroups(const QVector<QPair<QByteArray, uint>> &accounts)
 {
     QByteArray users;

@@ -15,13 +15,13 @@ inline QString twin()
     return QStringLiteral("twin");
 }
 
-/** The users or groups Zed, adam and bob are ordinary, nobody and ormel-admin are not. */
+/** Sets accounts of which Zed, adam and bob are ordinary; nobody and ormel-admin are not. */
 inline void setListedAccounts()
 {
     setUsersAndGroups({{"ormel-admin", 27}, {"bob", 1002}, {"adam", 1000}, {"Zed", 1001}, {"nobody", 65534}});
 }
 
-/** Does @p test with a list of the ordinary users or groups. */
+/** Runs @p test with a list of the ordinary users or groups. */
 template<typename Test>
 void withList(const Test &test)
 {
@@ -33,7 +33,7 @@ void withList(const Test &test)
     });
 }
 
-/** The same with boxes, those of @p checked being checked, and Zed locked. */
+/** Runs @p test with check boxes: those of @p checked are checked, that of Zed is locked. */
 template<typename Test>
 void withBoxes(const QStringList &checked, const Test &test)
 {

@@ -36,7 +36,7 @@ struct Users {
         return userUnableToOpen(path());
     }
 
-    /** What a model is given that locks the user @p name. */
+    /** The argument of a model that locks the user @p name. */
     static GroupInfo lockedBy(const QString &name)
     {
         return Record::getUser(name).primaryGroup();
@@ -52,7 +52,7 @@ struct Users {
         return user.uid();
     }
 
-    /** Whether the filters that only this model has let @p user through. */
+    /** Whether the filters that only this model has show @p user. */
     static bool isShown(int filter, const Record &user)
     {
         return filter != Model::Administrators || user.isOrmelAdmin();
@@ -88,7 +88,7 @@ struct Users {
         return model.user(index);
     }
 
-    /** Whether reloadRecord() may be called: the account and its primary group have to exist. */
+    /** Whether reloadRecord() may be called. The account and its primary group have to exist. */
     static bool canBeReloaded(const QString &name)
     {
         return !Record::getUser(name).primaryGroup().isEmpty();
@@ -121,7 +121,7 @@ struct Groups {
         return groupUnableToOpen(path());
     }
 
-    /** What a model is given that locks the group @p name. */
+    /** The argument of a model that locks the group @p name. */
     static QString lockedBy(const QString &name)
     {
         return name;

@@ -13,8 +13,8 @@
 #include <initializer_list>
 
 /**
- * Writes down what a model notifies its views of: "reset", "insert 3-3", "remove 0-1" and
- * "change 0,0-0,0 roles 10". A notification without its beginning or end shows up as well.
+ * Records the change signals of a model as "reset", "insert 3-3", "remove 0-1" and "change 0,0-0,0 roles 10". A
+ * signal whose counterpart is missing is recorded as well.
  */
 class ModelLog : public QObject
 {
@@ -23,7 +23,7 @@ class ModelLog : public QObject
 public:
     explicit ModelLog(const QAbstractItemModel *model);
 
-    /** What was notified since the last call. */
+    /** The signals since the last call. */
     QStringList take();
 
 private:
@@ -32,7 +32,7 @@ private:
     QStringList m_lines;
 };
 
-/** Gives a table model, whose rowCount() does not look at the parent, the shape of a tree without branches. */
+/** Makes a table model, whose rowCount() ignores the parent, a tree without branches. */
 class FlatProxy : public QIdentityProxyModel
 {
     Q_OBJECT
@@ -57,7 +57,7 @@ private:
     QAbstractItemModelTester m_tester;
 };
 
-/** Texts without a QStringLiteral around each. */
+/** Texts without a QStringLiteral() around each. */
 QStringList lines(std::initializer_list<const char *> texts);
 QStringList words(const char *text);
 

@@ -74,7 +74,7 @@ struct PickedGroups : Groups {
     }
 };
 
-/** A dialog with its parts at hand. */
+/** A dialog with direct access to its parts. */
 template<typename Kind>
 struct DialogOf : Kind::Dialog {
     using Kind::Dialog::Dialog;

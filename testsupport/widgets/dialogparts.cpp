@@ -19,7 +19,7 @@
 
 namespace
 {
-/** Where a cell has its parts depends on the options that only the view and the delegate know. */
+/** The positions in a cell depend on options that only the view and the delegate know. */
 class CellOption : public QStyledItemDelegate
 {
 public:
@@ -43,7 +43,7 @@ QPoint centre(QAbstractItemView &view, const QString &text, QStyle::SubElement e
     return CellOption().part(view, index, element).center();
 }
 
-/** Views do not report that they can have the focus. */
+/** Views do not report that they can get the focus. */
 bool isFocusable(const QAccessibleInterface &element)
 {
     const auto *widget = qobject_cast<QWidget *>(element.object());
@@ -131,7 +131,7 @@ void clickText(QAbstractItemView &view, const QString &text)
 
 void doubleClickText(QAbstractItemView &view, const QString &text)
 {
-    // A view takes a double click only on the row that it was pressed on before.
+    // A view accepts a double click only on the row of the press before.
     clickText(view, text);
     const QPoint position = centre(view, text, QStyle::SE_ItemViewItemText);
     QTest::mouseDClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, position);
@@ -172,7 +172,7 @@ void withFileDialog(const QDialog &dialog, const std::function<void(QFileDialog 
             qFatal("No file dialog appears");
         }
         work(fileDialog);
-        if (fileDialog->isVisible()) { // a comparison that fails in there leaves it open
+        if (fileDialog->isVisible()) { // a failed comparison in there leaves it open
             fileDialog->reject();
         }
         done = true;

@@ -19,7 +19,7 @@ class QDialog;
 class QFileDialog;
 class QGridLayout;
 
-/** The widget of a dialog by its object name; ends the test when there is none. */
+/** The widget of a dialog by its object name. Ends the test if there is none. */
 template<typename Widget>
 Widget *part(const QWidget &dialog, const char *name)
 {
@@ -30,30 +30,30 @@ Widget *part(const QWidget &dialog, const char *name)
     return widget;
 }
 
-/** Shows a dialog; false when it does not get the focus. */
+/** Shows a dialog. Returns false if it does not get the focus. */
 bool open(QDialog &dialog);
 
-/** Which cells the widgets of a form take: "buttonBox 2,0 1x2" with row, column and spans. */
+/** The cells of a form's widgets: "buttonBox 2,0 1x2" with row, column and spans. */
 QStringList gridCells(const QGridLayout &layout);
 
-/** The entries with the type and value of their data: "All int 0"; those with an icon get a star. */
+/** The entries with the type and value of their data: "All int 0". Entries with an icon get a star. */
 QStringList comboBoxEntries(const QComboBox &comboBox);
 
 /** The row of the view that shows @p text in its first column. */
 QModelIndex viewIndex(const QAbstractItemView &view, const QString &text);
 
-/** What the operator does with the mouse to the row that shows @p text. */
+/** Mouse clicks on the row that shows @p text. */
 void clickCheckBox(QAbstractItemView &view, const QString &text);
 void clickText(QAbstractItemView &view, const QString &text);
 void doubleClickText(QAbstractItemView &view, const QString &text);
 
-/** The widgets that the tab key reaches, from the first one on. */
+/** The widgets in tab order, from @p first on. */
 QStringList tabOrder(QWidget &dialog, QWidget *first);
 
-/** The elements of a dialog that can have the focus but have no name to be read out. */
+/** The elements of a dialog that can get the focus but have no accessible name. */
 QStringList unnamedAccessibles(QWidget &dialog);
 
-/** Presses the file button of a dialog and does @p work with the file dialog, which should close it. */
+/** Presses the file button of a dialog and runs @p work with the file dialog. It should close the dialog. */
 void withFileDialog(const QDialog &dialog, const std::function<void(QFileDialog *)> &work);
 
 #endif

@@ -12,7 +12,7 @@
 
 class IconSelectWidget;
 
-/** What can be seen of the widget. */
+/** The visible state of the widget. */
 struct IconSelectState {
     static constexpr int noCursor = -1;
 
@@ -36,8 +36,8 @@ QString describe(const IconSelectState &state);
 IconSelectState stateOf(const IconSelectWidget &widget);
 
 /**
- * The rules of the widget written out edge by edge and grip by grip. Capital letters are edges of
- * the image, small ones of the selection.
+ * A plain model of the widget, written out edge by edge and grip by grip. Capital letters are edges of the
+ * image, small letters edges of the selection.
  */
 class IconSelectModel
 {

@@ -11,8 +11,8 @@
 class QWidget;
 
 /**
- * The texts that a window shows or has read out: titles, labels, tool tips, accessible names, the
- * entries of combo boxes and views. Without those of its standard buttons, which are Qt's.
+ * The visible and accessible texts of a window: titles, labels, tool tips, accessible names, entries of combo
+ * boxes and views. The texts of standard buttons are left out, since they are Qt's.
  */
 QStringList visibleTexts(const QWidget &window);
 

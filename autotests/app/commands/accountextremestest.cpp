@@ -75,7 +75,7 @@ void makeUnreadable(const QString &path)
     }
 }
 
-/** The lines that getent prints of a database, split at the colons. */
+/** The lines that getent prints for a database, split at the colons. */
 QVector<QStringList> getent(const char *database)
 {
     const QByteArray output =
@@ -96,7 +96,7 @@ QJsonArray json(const char *command)
 
 }
 
-/** The commands where there are no accounts, no groups, files that cannot be read, or very many accounts. */
+/** The commands without accounts, without groups, with unreadable files, and with very many accounts. */
 class AccountExtremesTest : public QObject
 {
     Q_OBJECT

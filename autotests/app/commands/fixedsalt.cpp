@@ -6,7 +6,7 @@
 #include "randomscript.h"
 #include "saltdraws.h"
 
-// Loaded into a program before the toolkit, makes the salt what FIXED_SALT says.
+// Preloaded before Qt, this replaces the random salt by the variable FIXED_SALT.
 
 __attribute__((constructor)) static void fixSalt()
 {

@@ -32,8 +32,8 @@ Program::Result hash(const QByteArray &input, const QStringList &options = {}, c
 }
 
 /**
- * The hash that openssl makes of @p password with the salt of @p hash; openssl does not take an
- * empty password, which the C library does.
+ * The hash by openssl of @p password with the salt of @p hash. For an empty password, which openssl refuses, the
+ * hash by the C library.
  */
 QByteArray otherHash(const QByteArray &password, const QByteArray &hash)
 {
@@ -51,7 +51,7 @@ QByteArray otherHash(const QByteArray &password, const QByteArray &hash)
     return Program::run(QStringLiteral("openssl"), arguments).output;
 }
 
-/** A shell command, the hash command if it is not another one, on a terminal of its own. */
+/** A shell command on its own terminal, by default the hash command. */
 class TerminalSession
 {
 public:
@@ -79,7 +79,7 @@ public:
         return m_pid > 0;
     }
 
-    /** Reads until @p text has been shown; false when the program ended or was silent for long. */
+    /** Reads until @p text is shown. Returns false if the program ended or was silent for too long. */
     bool waitFor(const QByteArray &text)
     {
         while (!m_shown.contains(text)) {
@@ -109,7 +109,7 @@ public:
         ::kill(m_pid, signal);
     }
 
-    /** Waits for the end; the wait status of waitpid(). */
+    /** Waits for the end. Returns the status of waitpid(). */
     int end()
     {
         while (read()) { }

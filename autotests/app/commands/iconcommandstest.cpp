@@ -15,7 +15,7 @@ namespace
 {
 constexpr int timeout = 30000;
 
-/** A command of xdotool, which acts as the operator; its output. */
+/** Runs xdotool, which acts as the user. Returns its output. */
 QByteArray operate(const QStringList &arguments)
 {
     const Program::Result result = Program::run(QStringLiteral("xdotool"), arguments);
@@ -25,7 +25,7 @@ QByteArray operate(const QStringList &arguments)
     return result.output.trimmed();
 }
 
-/** ormel-users pick-icon with its dialog on the screen. */
+/** ormel-users pick-icon with a visible dialog. */
 class PickIcon
 {
 public:
@@ -51,7 +51,7 @@ public:
         operate({QStringLiteral("key"), QString::fromLatin1(key)});
     }
 
-    /** Drags with the mouse, from and to positions in the window. */
+    /** Drags the mouse between two positions in the window. */
     void drag(const QPoint &from, const QPoint &to)
     {
         move(from);
@@ -91,7 +91,7 @@ private:
     QString m_window;
 };
 
-/** A picture in which each pixel of the first row tells its column. */
+/** A picture in which each pixel of the first row encodes its column. */
 QImage columns(const QSize &size)
 {
     QImage image(size, QImage::Format_RGB32);
@@ -148,7 +148,7 @@ void IconCommandsTest::writesLargestSquare()
     program.pressKey("Return");
     QCOMPARE(program.exitStatus(), 0);
 
-    // The preview, less than half as wide as the picture, rounds.
+    // The preview is less than half as wide as the picture, so positions are rounded.
     const QImage icon(m_icon);
     QVERIFY(qAbs(icon.width() - 600) < 6);
     QCOMPARE(icon.height(), icon.width());

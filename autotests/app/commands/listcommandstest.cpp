@@ -63,7 +63,7 @@ class ListCommandsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // These look at the accounts of the machine, which later functions replace.
+    // These compare with the accounts of the machine, which later functions replace.
     void agreesWithGetentAndIdOnUsersOfTheMachine();
     void agreesWithGetentOnGroupsOfTheMachine();
 

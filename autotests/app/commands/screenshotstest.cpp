@@ -17,7 +17,7 @@
 
 namespace
 {
-/** Runs without a display and without a platform chosen, as scripts/demo does on a server. */
+/** Runs without a display and without QT_QPA_PLATFORM, like scripts/demo on a server. */
 Program::Result takeScreenshots(const QString &directory, const QStringList &variables = {})
 {
     const QStringList noDisplay{text("QT_QPA_PLATFORM="), text("DISPLAY="), text("WAYLAND_DISPLAY=")};
@@ -48,7 +48,7 @@ QImage withoutStatusBar(const QString &file)
     return picture.copy(picture.rect().adjusted(0, 0, 0, -32));
 }
 
-/** How many colours a picture has: few mean that nothing was drawn. */
+/** The number of colours in a picture. A low number means that nothing was drawn. */
 int colours(const QImage &picture)
 {
     QSet<QRgb> found;
