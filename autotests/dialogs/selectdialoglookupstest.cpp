@@ -10,7 +10,6 @@
 #include <QHeaderView>
 #include <QScrollBar>
 
-
 namespace
 {
 const char groupsFile[] = "ormel-admin:x:27:\nstaff:x:50:\nother:x:51:\n";
