@@ -6,6 +6,7 @@
 #include "usericondialog.h"
 
 #include "iconselectwidget_p.h"
+#include "picturereader.h"
 #include "ui_usericondialog.h"
 #include "userutils.h"
 
@@ -13,27 +14,18 @@
 
 #include <QClipboard>
 #include <QFileDialog>
-#include <QImageReader>
 #include <QMimeData>
 #include <QPushButton>
 
 namespace
 {
-/** In pixels: 1 GiB in memory. A file of a few bytes can claim more than the machine has. */
-constexpr qint64 largestImage = qint64(1) << 28;
-
-/** The image in a file of any format and name; null when it cannot be read or is too large. */
+/** The image in a file of any format and name; null when it cannot be read or is refused. */
 QImage readImage(const QString &fileName)
 {
-    QImageReader reader(fileName);
-    const QSize size = reader.size();
-    if (qint64(size.width()) * size.height() > largestImage) {
-        return {};
-    }
-    // Decoders leave the missing pixels of a truncated file untouched: these must not show old memory.
-    QImage image(size, reader.imageFormat());
-    image.fill(0);
-    return reader.read(&image) ? image : QImage();
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    QImage image = PictureReader::read(fileName).image;
+    QGuiApplication::restoreOverrideCursor();
+    return image;
 }
 
 /**

@@ -49,8 +49,13 @@ class UserIconDialog;
  * a square is marked in it with the mouse. The dialog starts without a picture and with Ok disabled. Ok is
  * enabled as soon as a picture was set or chosen, and stays enabled.
  *
- * A file that cannot be read counts as a chosen picture, too. It shows nothing and makes selectedPixmap()
- * null. So does a picture with more than 2^28 pixels: a small file can claim a size that no memory holds.
+ * A file that cannot be read or is refused counts as a chosen picture, too. It shows nothing and makes
+ * selectedPixmap() null. The maker of a file must not be able to stop the program, so these are refused:
+ * - more than 2^28 pixels: a small file can claim a size that no memory holds;
+ * - more than 64 MiB of unpacked SVG text, for the same reason;
+ * - anything but a regular file, since reading a pipe or a device may never end.
+ *
+ * Files and style sheets that an SVG picture refers to are not opened; they are missing in the picture.
  *
  * The file dialog starts in UserUtils::userIconPath() each time. A clipboard without an image is
  * ignored.

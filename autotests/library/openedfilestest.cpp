@@ -167,7 +167,7 @@ void OpenedFilesTest::readsFilesItNames()
     QStringList opened;
     QStringList changed;
     QStringList others;
-    const QVector<SystemCall> calls = systemCallsOf(arguments, variables);
+    const QVector<SystemCall> calls = systemCallsOf(QStringLiteral("tracedfamily"), arguments, variables);
     for (const SystemCall &call : calls) {
         if (call.opensForReading() && !isOfOtherLibrary(call.path()) && !(hasWindow && isForeign(call.path()))) {
             opened.append(call.path());

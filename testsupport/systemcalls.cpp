@@ -62,6 +62,12 @@ QString SystemCall::path() const
     return arguments.section(QLatin1Char('"'), -2, -2);
 }
 
+QString SystemCall::openedPath() const
+{
+    static const QRegularExpression descriptor(QStringLiteral("\\) += [0-9]+<(.*)>$"));
+    return isOneOf(name, "open openat openat2") ? descriptor.match(arguments).captured(1) : QString();
+}
+
 bool SystemCall::opensForReading() const
 {
     return isOneOf(name, "open openat openat2") && !changesFiles();
@@ -88,18 +94,19 @@ bool SystemCall::isAboutSockets() const
     return isOneOf(name, "socket connect bind listen accept accept4 sendto sendmsg");
 }
 
-QVector<SystemCall> systemCallsOf(const QStringList &arguments, const QStringList &variables)
+QVector<SystemCall> systemCallsOf(const QString &program, const QStringList &arguments, const QStringList &variables)
 {
     const QString trace = QStringLiteral("/tmp/trace");
     const Program::Result result =
         Program::run(QStringLiteral("strace"),
                      QStringList{QStringLiteral("-f"),
                                  QStringLiteral("-qq"),
+                                 QStringLiteral("-y"),
                                  QStringLiteral("-s4096"),
                                  QStringLiteral("-etrace=%file,%network,%process,ftruncate,fchmod,fchown"),
                                  QStringLiteral("-o"),
                                  trace,
-                                 Program::builtFile(QStringLiteral("tracedfamily"))}
+                                 Program::builtFile(program)}
                          + arguments,
                      {},
                      // A search for leaks would need to trace by itself.

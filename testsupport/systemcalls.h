@@ -20,6 +20,9 @@ struct SystemCall {
     /** The last text among the arguments: what a link or a new name is called. */
     QString path() const;
 
+    /** The file that was opened, without links in its path; empty when none was. */
+    QString openedPath() const;
+
     /** Whether a file is opened, to be read at most. */
     bool opensForReading() const;
 
@@ -32,7 +35,11 @@ struct SystemCall {
     bool isAboutSockets() const;
 };
 
-/** The calls of tracedfamily between its marks. It must end well. */
-QVector<SystemCall> systemCallsOf(const QStringList &arguments, const QStringList &variables);
+/**
+ * The calls that a program which is built here makes, with its children, between its looks for "/begin"
+ * and for "/end". It must end well.
+ */
+QVector<SystemCall>
+systemCallsOf(const QString &program, const QStringList &arguments, const QStringList &variables = {});
 
 #endif

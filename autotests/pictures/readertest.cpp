@@ -1,0 +1,190 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "hostilefaces.h"
+#include "largeimages.h"
+#include "peakmemory.h"
+#include "picturefiles.h"
+#include "picturereader.h"
+#include "sandbox.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImageReader>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <malloc.h>
+
+Q_DECLARE_METATYPE(PictureReader::Problem)
+
+using PictureReader::Problem;
+
+class PictureReaderTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsEveryFormat_data();
+    void readsEveryFormat();
+    void guessesFormatFromContent();
+    void refusesWhatIsNoFile_data();
+    void refusesWhatIsNoFile();
+    void tellsWhyFileIsNoPicture();
+    void refusesClaimsOfManyPixels_data();
+    void refusesClaimsOfManyPixels();
+    void acceptsMostPixels();
+    void leavesMissingPixelsEmpty_data();
+    void leavesMissingPixelsEmpty();
+
+private:
+    QString write(const char *name, const QByteArray &content) const
+    {
+        QString path = m_directory.filePath(QString::fromLatin1(name));
+        Sandbox::write(path, content);
+        return path;
+    }
+
+    QTemporaryDir m_directory;
+};
+
+void PictureReaderTest::readsEveryFormat_data()
+{
+    QTest::addColumn<QByteArray>("content");
+
+    const QImage image = PictureFiles::noise({100, 80});
+    for (const char *format : {"bmp", "ico", "jpg", "pbm", "pgm", "png", "ppm", "xbm", "xpm"}) {
+        QTest::newRow(format) << PictureFiles::encoded(image, format);
+    }
+    QTest::newRow("gif") << QByteArray::fromHex(
+        "47494638396101000100800000ff0000ffffff2c00000000010001000002024401003b");
+    QTest::newRow("svg") << PictureFiles::svg(R"(<rect width="9" height="9"/>)");
+    QTest::newRow("svgz") << PictureFiles::gzipped(PictureFiles::svg(R"(<rect width="9" height="9"/>)"));
+}
+
+void PictureReaderTest::readsEveryFormat()
+{
+    QFETCH(QByteArray, content);
+
+    const QString path = write(QTest::currentDataTag(), content);
+    const PictureReader::Result result = PictureReader::read(path);
+    QCOMPARE(result.problem, Problem::None);
+    QVERIFY(!result.image.isNull());
+    QCOMPARE(result.image, QImage(path));
+}
+
+void PictureReaderTest::guessesFormatFromContent()
+{
+    const QString path = write("picture.jpg", PictureFiles::encoded(PictureFiles::plain({5, 5}, Qt::red), "png"));
+    QCOMPARE(PictureReader::read(path).image.pixelColor(0, 0), QColor(Qt::red));
+}
+
+void PictureReaderTest::refusesWhatIsNoFile_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<Problem>("problem");
+
+    const QString directory = m_directory.path();
+    const auto inside = [&directory](const char *name) -> QString {
+        return directory + QLatin1Char('/') + QLatin1String(name);
+    };
+    makePipe(inside("pipe"));
+    makeSocket(inside("socket"));
+    QFile::link(inside("pipe"), inside("link"));
+    QFile::link(inside("loop"), inside("loop"));
+    QFile::setPermissions(write("unreadable", "x"), {});
+    QTest::newRow("pipe") << inside("pipe") << Problem::NotAFile;
+    QTest::newRow("link to a pipe") << inside("link") << Problem::NotAFile;
+    QTest::newRow("device") << QStringLiteral("/dev/zero") << Problem::NotAFile;
+    QTest::newRow("directory") << directory << Problem::NotAFile;
+    QTest::newRow("socket") << inside("socket") << Problem::Unreadable;
+    QTest::newRow("link to itself") << inside("loop") << Problem::Unreadable;
+    QTest::newRow("missing") << inside("missing") << Problem::Unreadable;
+    QTest::newRow("unreadable") << inside("unreadable") << Problem::Unreadable;
+}
+
+void PictureReaderTest::refusesWhatIsNoFile()
+{
+    QFETCH(QString, path);
+    QFETCH(Problem, problem);
+
+    const PictureReader::Result result = PictureReader::read(path);
+    QCOMPARE(result.problem, problem);
+    QVERIFY(result.image.isNull());
+    QCOMPARE(result.details.isEmpty(), problem == Problem::NotAFile);
+}
+
+void PictureReaderTest::tellsWhyFileIsNoPicture()
+{
+    const PictureReader::Result result = PictureReader::read(write("text", "This is no picture."));
+    QCOMPARE(result.problem, Problem::NotAPicture);
+    QVERIFY(result.image.isNull());
+    QCOMPARE(result.details, QStringLiteral("Unsupported image format"));
+}
+
+void PictureReaderTest::refusesClaimsOfManyPixels_data()
+{
+    QTest::addColumn<QByteArray>("content");
+
+    // Qt itself refuses some of them.
+    const QVector<LargeImage> images = largeImages({22000, 22000});
+    for (const LargeImage &image : images) {
+        QTest::newRow(image.format) << image.content;
+    }
+    QTest::newRow("a row too many") << QByteArray("P4 16384 16385 ");
+}
+
+void PictureReaderTest::refusesClaimsOfManyPixels()
+{
+    QFETCH(QByteArray, content);
+
+    PeakMemory::reset();
+    const qint64 before = PeakMemory::bytes();
+    const PictureReader::Result result = PictureReader::read(write("large", content));
+    const QStringList refusedByQt{QStringLiteral("bmp"), QStringLiteral("ico")};
+    const bool byQt = refusedByQt.contains(QLatin1String(QTest::currentDataTag()));
+    QCOMPARE(result.problem, byQt ? Problem::NotAPicture : Problem::TooLarge);
+    QVERIFY(result.image.isNull());
+    QVERIFY(PeakMemory::bytes() - before < 100 * 1024 * 1024);
+}
+
+void PictureReaderTest::acceptsMostPixels()
+{
+    const QByteArray pixels(16384 / 8 * 16384, '\0'); // of one bit
+    const PictureReader::Result result = PictureReader::read(write("large", "P4 16384 16384 " + pixels));
+    QCOMPARE(result.problem, Problem::None);
+    QCOMPARE(result.image.size(), QSize(16384, 16384));
+}
+
+void PictureReaderTest::leavesMissingPixelsEmpty_data()
+{
+    QTest::addColumn<QByteArray>("content");
+
+    const QImage image = PictureFiles::noise({100, 100});
+    for (const char *format : {"bmp", "ico", "jpg", "pbm", "pgm", "png", "ppm", "xbm", "xpm"}) {
+        const QByteArray whole = PictureFiles::encoded(image, format);
+        for (const int eighths : {1, 4, 7}) {
+            QTest::addRow("%d eighths of %s", eighths, format) << whole.left(whole.size() / 8 * eighths);
+        }
+    }
+}
+
+void PictureReaderTest::leavesMissingPixelsEmpty()
+{
+    QFETCH(QByteArray, content);
+
+    const QString path = write("short", content);
+    QVector<QImage> images;
+    for (const int fill : {0x55, 0xaa}) {
+        mallopt(M_PERTURB, fill); // new memory holds this
+        images.append(PictureReader::read(path).image);
+    }
+    mallopt(M_PERTURB, 0);
+    QCOMPARE(images.first(), images.last());
+}
+
+QTEST_GUILESS_MAIN(PictureReaderTest)
+
+#include "readertest.moc"

@@ -1,0 +1,250 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "hostilefaces.h"
+#include "peakmemory.h"
+#include "picturefiles.h"
+#include "picturereader.h"
+#include "sandbox.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <malloc.h>
+#include <sys/inotify.h>
+#include <unistd.h>
+
+using PictureReader::Problem;
+
+namespace
+{
+constexpr int mebibyte = 1024 * 1024;
+
+QByteArray image(const QByteArray &reference)
+{
+    return "<image width=\"20\" height=\"20\" xlink:href=\"" + reference + "\"/>";
+}
+
+QByteArray dataOf(const QByteArray &content)
+{
+    return "data:image/png;base64," + content.toBase64();
+}
+
+/** Tells whether a file was opened since it exists. */
+class Watch
+{
+public:
+    explicit Watch(const QString &path)
+        : m_descriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+    {
+        if (inotify_add_watch(m_descriptor, qPrintable(path), IN_OPEN) < 0) {
+            qFatal("Cannot watch %s", qPrintable(path));
+        }
+    }
+
+    ~Watch()
+    {
+        close(m_descriptor);
+    }
+
+    bool wasOpened() const
+    {
+        char event[4096];
+        return read(m_descriptor, event, sizeof event) > 0;
+    }
+
+private:
+    Q_DISABLE_COPY(Watch)
+
+    const int m_descriptor;
+};
+}
+
+class SvgTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void drawsIconsAsQtDoes();
+    void doesNotOpenWhatPictureRefersTo_data();
+    void doesNotOpenWhatPictureRefersTo();
+    void keepsReferencesWithin();
+    void showsImagesWithin_data();
+    void showsImagesWithin();
+    void doesNotShowMemoryInImagesWithin();
+    void refusesLongText_data();
+    void refusesLongText();
+    void refusesDeepNesting();
+    void refusesDamagedText_data();
+    void refusesDamagedText();
+
+private:
+    PictureReader::Result read(const QByteArray &content) const
+    {
+        const QString path = m_directory.filePath(QStringLiteral("picture.svg"));
+        Sandbox::write(path, content);
+        return PictureReader::read(path);
+    }
+
+    QTemporaryDir m_directory;
+    QString m_target = m_directory.filePath(QStringLiteral("target.png"));
+};
+
+void SvgTest::initTestCase()
+{
+    Sandbox::write(m_target, PictureFiles::encoded(PictureFiles::plain({20, 20}, Qt::red), "png"));
+}
+
+void SvgTest::drawsIconsAsQtDoes()
+{
+    constexpr int each = 89; // of many
+    QDirIterator files(QStringLiteral("/usr/share/icons/breeze"),
+                       {QStringLiteral("*.svg")},
+                       QDir::Files,
+                       QDirIterator::Subdirectories);
+    int count = 0;
+    for (int i = 0; files.hasNext(); ++i) {
+        const QString path = files.next();
+        if (i % each == 0) {
+            const QImage expected(path);
+            const PictureReader::Result result = PictureReader::read(path);
+            QCOMPARE(result.image, expected);
+            count += int(!expected.isNull());
+        }
+    }
+    QVERIFY(count > 30);
+}
+
+void SvgTest::doesNotOpenWhatPictureRefersTo_data()
+{
+    QTest::addColumn<QByteArray>("content");
+
+    const QByteArray path = QFile::encodeName(m_target);
+    const QByteArray reference = PictureFiles::svg(image(path));
+    QTest::newRow("image") << reference;
+    QTest::newRow("compressed") << PictureFiles::gzipped(reference);
+    QTest::newRow("relative") << PictureFiles::svg(image("target.png"));
+    QTest::newRow("URL") << PictureFiles::svg(image("file://" + path));
+    QTest::newRow("space before") << PictureFiles::svg(image("  " + path));
+    QTest::newRow("entity") << "<!DOCTYPE svg [<!ENTITY target \"" + path + "\">]>"
+            + PictureFiles::svg(image("&target;"));
+    QTest::newRow("SVG within") << PictureFiles::svg(image(dataOf(reference)));
+    QTest::newRow("compressed SVG within") << PictureFiles::svg(image(dataOf(PictureFiles::gzipped(reference))));
+    QTest::newRow("style sheet") << "<?xml version=\"1.0\"?><?xml-stylesheet type=\"text/css\" href=\"" + path + "\"?>"
+            + PictureFiles::svg({});
+    QTest::newRow("external entity") << "<!DOCTYPE svg [<!ENTITY target SYSTEM \"" + path + "\">]>"
+            + PictureFiles::svg("<text>&target;</text>");
+    QTest::newRow("import") << PictureFiles::svg("<style>@import url(" + path + ");</style>");
+    QTest::newRow("font") << PictureFiles::svg("<font-face><font-face-src><font-face-uri xlink:href=\"" + path
+                                               + "\"/></font-face-src></font-face>");
+    QTest::newRow("use") << PictureFiles::svg("<use xlink:href=\"" + path + "#x\"/>");
+}
+
+void SvgTest::doesNotOpenWhatPictureRefersTo()
+{
+    QFETCH(QByteArray, content);
+
+    const QDir previous = QDir::current();
+    QVERIFY(QDir::setCurrent(m_directory.path()));
+    const Watch watch(m_target);
+    const PictureReader::Result result = read(content);
+    QVERIFY(!watch.wasOpened());
+    QVERIFY(QDir::setCurrent(previous.path()));
+    if (result.problem == Problem::None) {
+        QVERIFY(result.image.pixelColor(10, 10) != QColor(Qt::red));
+    }
+}
+
+void SvgTest::keepsReferencesWithin()
+{
+    const QByteArray content = PictureFiles::svg(R"(<defs><rect id="r" width="20" height="20" fill="#0000ff"/></defs>)"
+                                                 R"(<use xlink:href="#r"/>)");
+    QCOMPARE(read(content).image.pixelColor(10, 10), QColor(Qt::blue));
+}
+
+void SvgTest::showsImagesWithin_data()
+{
+    QTest::addColumn<QByteArray>("reference");
+
+    const QImage blue = PictureFiles::plain({20, 20}, Qt::blue);
+    QTest::newRow("PNG") << dataOf(PictureFiles::encoded(blue, "png"));
+    QTest::newRow("BMP") << dataOf(PictureFiles::encoded(blue, "bmp"));
+    QTest::newRow("line ends") << dataOf(PictureFiles::encoded(blue, "png")).replace("base64,", "base64,\n ");
+}
+
+void SvgTest::showsImagesWithin()
+{
+    QFETCH(QByteArray, reference);
+
+    QCOMPARE(read(PictureFiles::svg(image(reference))).image.pixelColor(10, 10), QColor(Qt::blue));
+}
+
+void SvgTest::doesNotShowMemoryInImagesWithin()
+{
+    const QByteArray file = PictureFiles::encoded(PictureFiles::noise({100, 100}), "bmp");
+    const QByteArray content = PictureFiles::svg(image(dataOf(file.left(file.size() / 2))));
+    QVector<QImage> images;
+    for (const int fill : {0x55, 0xaa}) {
+        mallopt(M_PERTURB, fill);
+        images.append(read(content).image);
+    }
+    mallopt(M_PERTURB, 0);
+    QVERIFY(!images.first().isNull());
+    QCOMPARE(images.first(), images.last());
+}
+
+void SvgTest::refusesLongText_data()
+{
+    QTest::addColumn<QByteArray>("content");
+
+    const QByteArray spaces = PictureFiles::svg(QByteArray(64 * mebibyte, ' '));
+    QTest::newRow("plain") << spaces;
+    QTest::newRow("compressed") << PictureFiles::gzipped(spaces);
+}
+
+void SvgTest::refusesLongText()
+{
+    QFETCH(QByteArray, content);
+
+    PeakMemory::reset();
+    const qint64 before = PeakMemory::bytes();
+    QCOMPARE(read(content).problem, Problem::TooLarge);
+    QVERIFY(PeakMemory::bytes() - before < 150LL * mebibyte);
+}
+
+void SvgTest::refusesDeepNesting()
+{
+    const QByteArray open("<g>");
+    const QByteArray close("</g>");
+    QVERIFY(!read(PictureFiles::svg(open.repeated(900) + close.repeated(900))).image.isNull());
+    QCOMPARE(read(PictureFiles::svg(open.repeated(100000) + close.repeated(100000))).problem, Problem::NotAPicture);
+}
+
+void SvgTest::refusesDamagedText_data()
+{
+    QTest::addColumn<QByteArray>("content");
+
+    const QByteArray whole = PictureFiles::svg("<g><rect/></g>");
+    QTest::newRow("only the start") << whole.left(whole.size() / 2);
+    QTest::newRow("without the end") << whole.chopped(6);
+    QTest::newRow("mixed up") << PictureFiles::svg("<g></svg>");
+    QTest::newRow("compressed and damaged") << PictureFiles::gzipped(whole).left(20);
+}
+
+void SvgTest::refusesDamagedText()
+{
+    QFETCH(QByteArray, content);
+
+    const PictureReader::Result result = read(content);
+    QCOMPARE(result.problem, Problem::NotAPicture);
+    QVERIFY(result.image.isNull());
+}
+
+QTEST_MAIN(SvgTest)
+
+#include "svgtest.moc"

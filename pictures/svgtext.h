@@ -1,0 +1,17 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef SVGTEXT_H
+#define SVGTEXT_H
+
+class QByteArray;
+
+/**
+ * The SVG picture @p svg without what refers to other files: links, style sheets and images. Images
+ * that are part of the text stay. A text that is not valid is cut off where it stops being so.
+ */
+QByteArray svgWithoutReferences(const QByteArray &svg);
+
+#endif

@@ -1,0 +1,66 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef EVENTLOOPDELAY_H
+#define EVENTLOOPDELAY_H
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <cstdio>
+
+/**
+ * How long the event loop of this thread left a timer waiting, while it lives. What the thread had
+ * to wait for a processor, which other programs have, does not count.
+ */
+class EventLoopDelay
+{
+public:
+    EventLoopDelay()
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { measure(); });
+        m_timer.setTimerType(Qt::PreciseTimer);
+        m_timer.start(interval);
+        m_clock.start();
+        m_queued = queuedTime();
+    }
+
+    /** The longest so far, in milliseconds. */
+    qint64 longest()
+    {
+        measure();
+        return m_longest;
+    }
+
+private:
+    static constexpr int interval = 50;
+
+    void measure()
+    {
+        const qint64 queued = queuedTime();
+        m_longest = qMax(m_longest, m_clock.restart() - interval - (queued - m_queued));
+        m_queued = queued;
+    }
+
+    /** How long this thread has waited for a processor, in milliseconds. */
+    static qint64 queuedTime()
+    {
+        long long computed = 0;
+        long long queued = 0;
+        FILE *file = fopen("/proc/thread-self/schedstat", "re");
+        if (!file || fscanf(file, "%lld %lld", &computed, &queued) != 2) {
+            qFatal("Cannot read /proc/thread-self/schedstat");
+        }
+        fclose(file);
+        return queued / 1000000;
+    }
+
+    QTimer m_timer;
+    QElapsedTimer m_clock;
+    qint64 m_queued = 0;
+    qint64 m_longest = 0;
+};
+
+#endif
