@@ -100,12 +100,12 @@ class HostileTextsTest : public QObject
 
 private Q_SLOTS:
     void init();
-    void shouldNotReachTerminal_data();
-    void shouldNotReachTerminal();
-    void shouldStayInJson_data();
-    void shouldStayInJson();
-    void shouldReadNamesAsUtf8_data();
-    void shouldReadNamesAsUtf8();
+    void doesNotReachTerminal_data();
+    void doesNotReachTerminal();
+    void staysInJson_data();
+    void staysInJson();
+    void readsNamesAsUtf8_data();
+    void readsNamesAsUtf8();
 };
 
 void HostileTextsTest::init()
@@ -121,7 +121,7 @@ void HostileTextsTest::init()
                    "broken " + text + '\n' + QByteArray(100000, 'y') + "\x1b[2J\n");
 }
 
-void HostileTextsTest::shouldNotReachTerminal_data()
+void HostileTextsTest::doesNotReachTerminal_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("expected");
@@ -148,7 +148,7 @@ void HostileTextsTest::shouldNotReachTerminal_data()
     row("no such directory", {QStringLiteral("--screenshots"), QStringLiteral("/nowhere/") + text}, "31m");
 }
 
-void HostileTextsTest::shouldNotReachTerminal()
+void HostileTextsTest::doesNotReachTerminal()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QByteArray, expected);
@@ -158,7 +158,7 @@ void HostileTextsTest::shouldNotReachTerminal()
     QCOMPARE(firstControl(shown), QString());
 }
 
-void HostileTextsTest::shouldStayInJson_data()
+void HostileTextsTest::staysInJson_data()
 {
     QTest::addColumn<QString>("command");
     QTest::addColumn<int>("index");
@@ -177,7 +177,7 @@ void HostileTextsTest::shouldStayInJson_data()
     QTest::newRow("group") << QStringLiteral("groups") << 1 << QStringLiteral("name") << "staff" + text;
 }
 
-void HostileTextsTest::shouldStayInJson()
+void HostileTextsTest::staysInJson()
 {
     QFETCH(QString, command);
     QFETCH(int, index);
@@ -189,7 +189,7 @@ void HostileTextsTest::shouldStayInJson()
     QCOMPARE(record.value(key).toString().toUtf8(), value);
 }
 
-void HostileTextsTest::shouldReadNamesAsUtf8_data()
+void HostileTextsTest::readsNamesAsUtf8_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("expected");
@@ -213,7 +213,7 @@ void HostileTextsTest::shouldReadNamesAsUtf8_data()
                                       << QByteArray("\xc3\xa4rger");
 }
 
-void HostileTextsTest::shouldReadNamesAsUtf8()
+void HostileTextsTest::readsNamesAsUtf8()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QByteArray, expected);

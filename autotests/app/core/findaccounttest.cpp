@@ -18,10 +18,10 @@ class FindAccountTest : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void shouldFindAccount_data();
-    void shouldFindAccount();
-    void shouldPreferUtf8();
-    void shouldNotFindUnknownAccount();
+    void findsAccount_data();
+    void findsAccount();
+    void prefersUtf8();
+    void doesNotFindUnknownAccount();
 };
 
 void FindAccountTest::initTestCase()
@@ -32,7 +32,7 @@ void FindAccountTest::initTestCase()
                          "be:x:1001:\n");
 }
 
-void FindAccountTest::shouldFindAccount_data()
+void FindAccountTest::findsAccount_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<uint>("id");
@@ -42,7 +42,7 @@ void FindAccountTest::shouldFindAccount_data()
     QTest::newRow("Latin-1") << QStringLiteral(u"r\u00fcbe") << 1001U;
 }
 
-void FindAccountTest::shouldFindAccount()
+void FindAccountTest::findsAccount()
 {
     QFETCH(QString, name);
     QFETCH(uint, id);
@@ -55,13 +55,13 @@ void FindAccountTest::shouldFindAccount()
     QCOMPARE(group.gid(), id);
 }
 
-void FindAccountTest::shouldPreferUtf8()
+void FindAccountTest::prefersUtf8()
 {
     Sandbox::setAccounts("j\xfcrg:x:1001:1001::/:\nj\xc3\xbcrg:x:1000:1000::/:\n", "");
     QCOMPARE(FindAccount::user(QStringLiteral(u"j\u00fcrg")).uid(), 1000U);
 }
 
-void FindAccountTest::shouldNotFindUnknownAccount()
+void FindAccountTest::doesNotFindUnknownAccount()
 {
     QVERIFY(FindAccount::user(QStringLiteral("nobody here")).isEmpty());
     QVERIFY(FindAccount::user(QStringLiteral(u"\u0416")).isEmpty());

@@ -21,14 +21,14 @@ class RecordTextTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void shouldDecode_data();
-    void shouldDecode();
-    void shouldDecodeLists();
-    void shouldFindRecordsOfText_data();
-    void shouldFindRecordsOfText();
+    void decodes_data();
+    void decodes();
+    void decodesLists();
+    void findsRecordsOfText_data();
+    void findsRecordsOfText();
 };
 
-void RecordTextTest::shouldDecode_data()
+void RecordTextTest::decodes_data()
 {
     QTest::addColumn<QString>("record");
     QTest::addColumn<QString>("text");
@@ -47,7 +47,7 @@ void RecordTextTest::shouldDecode_data()
     QTest::newRow("not of a record") << QStringLiteral(u"\u0416\u00c3\u00bc") << QStringLiteral(u"\u0416\u00c3\u00bc");
 }
 
-void RecordTextTest::shouldDecode()
+void RecordTextTest::decodes()
 {
     QFETCH(QString, record);
     QFETCH(QString, text);
@@ -57,13 +57,13 @@ void RecordTextTest::shouldDecode()
     QVERIFY(RecordText::encode(text).contains(record) || text == QStringLiteral(u"\u0416\u00c3\u00bc"));
 }
 
-void RecordTextTest::shouldDecodeLists()
+void RecordTextTest::decodesLists()
 {
     const QStringList records{QStringLiteral("root"), record("j\xc3\xbcrg")};
     QCOMPARE(RecordText::decode(records), QStringList({QStringLiteral("root"), QStringLiteral(u"j\u00fcrg")}));
 }
 
-void RecordTextTest::shouldFindRecordsOfText_data()
+void RecordTextTest::findsRecordsOfText_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QStringList>("records");
@@ -74,7 +74,7 @@ void RecordTextTest::shouldFindRecordsOfText_data()
     QTest::newRow("Cyrillic") << QStringLiteral(u"\u0416") << QStringList{record("\xd0\x96")};
 }
 
-void RecordTextTest::shouldFindRecordsOfText()
+void RecordTextTest::findsRecordsOfText()
 {
     QFETCH(QString, text);
     QFETCH(QStringList, records);

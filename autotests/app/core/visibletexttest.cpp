@@ -27,19 +27,19 @@ class VisibleTextTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void shouldReplaceInvisibleCharacters_data();
-    void shouldReplaceInvisibleCharacters();
-    void shouldKeepVisibleText_data();
-    void shouldKeepVisibleText();
-    void shouldReplaceInLongText();
-    void shouldEscapeInvisibleCharactersInJson_data();
-    void shouldEscapeInvisibleCharactersInJson();
-    void shouldKeepLayoutOfJson();
-    void shouldIsolateRightToLeftText();
-    void shouldNotIsolateLeftToRightText();
+    void replacesInvisibleCharacters_data();
+    void replacesInvisibleCharacters();
+    void keepsVisibleText_data();
+    void keepsVisibleText();
+    void replacesInLongText();
+    void escapesInvisibleCharactersInJson_data();
+    void escapesInvisibleCharactersInJson();
+    void keepsLayoutOfJson();
+    void isolatesRightToLeftText();
+    void doesNotIsolateLeftToRightText();
 };
 
-void VisibleTextTest::shouldReplaceInvisibleCharacters_data()
+void VisibleTextTest::replacesInvisibleCharacters_data()
 {
     QTest::addColumn<uint>("codePoint");
     QTest::addColumn<uint>("sign");
@@ -59,7 +59,7 @@ void VisibleTextTest::shouldReplaceInvisibleCharacters_data()
     }
 }
 
-void VisibleTextTest::shouldReplaceInvisibleCharacters()
+void VisibleTextTest::replacesInvisibleCharacters()
 {
     QFETCH(uint, codePoint);
     QFETCH(uint, sign);
@@ -69,7 +69,7 @@ void VisibleTextTest::shouldReplaceInvisibleCharacters()
     QCOMPARE(VisibleText::isolated(text.arg(character(codePoint))), text.arg(character(sign)));
 }
 
-void VisibleTextTest::shouldKeepVisibleText_data()
+void VisibleTextTest::keepsVisibleText_data()
 {
     QTest::addColumn<QString>("text");
 
@@ -83,7 +83,7 @@ void VisibleTextTest::shouldKeepVisibleText_data()
     QTest::newRow("emoji") << character(0x1f600);
 }
 
-void VisibleTextTest::shouldKeepVisibleText()
+void VisibleTextTest::keepsVisibleText()
 {
     QFETCH(QString, text);
 
@@ -92,18 +92,18 @@ void VisibleTextTest::shouldKeepVisibleText()
     QCOMPARE(VisibleText::fromJson(text.toUtf8()), text.toUtf8());
 }
 
-void VisibleTextTest::shouldReplaceInLongText()
+void VisibleTextTest::replacesInLongText()
 {
     const QString text = QString(100000, QLatin1Char('a')) + QChar(0x1b);
     QCOMPARE(VisibleText::fromText(text), QString(100000, QLatin1Char('a')) + QChar(0x241b));
 }
 
-void VisibleTextTest::shouldEscapeInvisibleCharactersInJson_data()
+void VisibleTextTest::escapesInvisibleCharactersInJson_data()
 {
-    shouldReplaceInvisibleCharacters_data();
+    replacesInvisibleCharacters_data();
 }
 
-void VisibleTextTest::shouldEscapeInvisibleCharactersInJson()
+void VisibleTextTest::escapesInvisibleCharactersInJson()
 {
     QFETCH(uint, codePoint);
 
@@ -118,7 +118,7 @@ void VisibleTextTest::shouldEscapeInvisibleCharactersInJson()
     QCOMPARE(VisibleText::fromText(shown), shown);
 }
 
-void VisibleTextTest::shouldKeepLayoutOfJson()
+void VisibleTextTest::keepsLayoutOfJson()
 {
     const QJsonArray array{QJsonArray{1, QStringLiteral(u"J\u00fcrg")}, QString(QChar(0x202e))};
     const QByteArray json = QJsonDocument(array).toJson();
@@ -126,14 +126,14 @@ void VisibleTextTest::shouldKeepLayoutOfJson()
     QCOMPARE(VisibleText::fromJson(json), QByteArray(json).replace(array.last().toString().toUtf8(), "\\u202e"));
 }
 
-void VisibleTextTest::shouldIsolateRightToLeftText()
+void VisibleTextTest::isolatesRightToLeftText()
 {
     QCOMPARE(VisibleText::isolated(QStringLiteral(u"1\u05d0")), QStringLiteral(u"\u20681\u05d0\u2069"));
     QCOMPARE(VisibleText::isolated(QStringLiteral(u"\u2069\u0627\n")),
              QStringLiteral(u"\u2068\ufffd\u0627\u240a\u2069"));
 }
 
-void VisibleTextTest::shouldNotIsolateLeftToRightText()
+void VisibleTextTest::doesNotIsolateLeftToRightText()
 {
     QCOMPARE(VisibleText::isolated(QStringLiteral("wheel")), QStringLiteral("wheel"));
 }
