@@ -12,6 +12,7 @@
 #include "limitscommands.h"
 #include "listcommands.h"
 #include "pickcommands.h"
+#include "picturechild.h"
 #include "problemscommand.h"
 #include "recordtext.h"
 #include "screenshots.h"
@@ -207,6 +208,9 @@ int runPlain(const QStringList &arguments)
 
 int main(int argc, char **argv)
 {
+    if (PictureChild::isWanted(argc, argv)) {
+        return PictureChild::run(argv);
+    }
     QCoreApplication::setApplicationName(QStringLiteral("ormel-users"));
     KLocalizedString::setApplicationDomain(TRANSLATION_DOMAIN);
     qInstallMessageHandler(showOnce);

@@ -5,12 +5,14 @@
 
 #include "iconcommands.h"
 
+#include "picturereader.h"
+#include "waitcursor.h"
+
 #include <UserIconDialog>
 
 #include <KLocalizedString>
 
 #include <QCommandLineParser>
-#include <QImageReader>
 #include <QImageWriter>
 
 namespace
@@ -22,15 +24,26 @@ QString outputOption()
     return QStringLiteral("output");
 }
 
+QString reason(const PictureReader::Result &result)
+{
+    switch (result.problem) {
+    case PictureReader::Problem::NotAFile:
+        return i18n("not a regular file");
+    case PictureReader::Problem::TooLarge:
+        return i18n("the picture is too large");
+    default:
+        return result.details;
+    }
+}
+
 /** The picture in @p file; null, with a message, when it cannot be read. */
 QPixmap readPicture(const QString &file)
 {
-    QImageReader reader(file);
-    const QImage picture = reader.read();
-    if (picture.isNull()) {
-        printError(i18n("Cannot read '%1': %2", file, reader.errorString()));
+    const PictureReader::Result result = PictureReader::read(file);
+    if (result.problem != PictureReader::Problem::None) {
+        printError(i18n("Cannot read '%1': %2", file, reason(result)));
     }
-    return QPixmap::fromImage(picture);
+    return QPixmap::fromImage(result.image);
 }
 
 int writeIcon(const QPixmap &icon, const QString &file)
@@ -56,6 +69,8 @@ int pickIcon(const QCommandLineParser &options, const QString &file)
     }
     UserIconDialog dialog;
     if (!file.isNull()) {
+        dialog.show(); // the cursor tells that it is busy
+        const WaitCursor wait;
         dialog.setPixmap(readPicture(file));
     }
     if (dialog.exec() != QDialog::Accepted) {

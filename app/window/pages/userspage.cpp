@@ -10,7 +10,7 @@
 #include "details.h"
 #include "limitsview.h"
 #include "pagelayout.h"
-#include "waitcursor.h"
+#include "userpicture.h"
 
 #include <UserListModel>
 
@@ -22,7 +22,7 @@
 
 namespace
 {
-/** How long a user is current before the picture is read, which may take long. In milliseconds. */
+/** How long a user is current before the picture is read, which takes a process. In milliseconds. */
 constexpr int pictureDelay = 50;
 
 QVector<AccountList::Filter> filters()
@@ -42,12 +42,14 @@ UsersPage::UsersPage(AccountStore *store, QWidget *parent)
     , m_list(new AccountList(i18nc("@title of a list", "Users"), filters(), this))
     , m_details(new Details(96, this))
     , m_limits(new LimitsView(this))
+    , m_picture(new UserPicture(this))
     , m_pictureTimer(new QTimer(this))
 {
     m_list->setObjectName(QStringLiteral("userList"));
     m_pictureTimer->setSingleShot(true);
     m_pictureTimer->setInterval(pictureDelay);
-    connect(m_pictureTimer, &QTimer::timeout, this, &UsersPage::showPicture);
+    connect(m_pictureTimer, &QTimer::timeout, this, &UsersPage::findPicture);
+    connect(m_picture, &UserPicture::found, this, &UsersPage::showPicture);
     addFields();
     PageLayout::arrange(this, m_list, {m_details, m_limits});
     showUser(QModelIndex());
@@ -120,6 +122,7 @@ void UsersPage::showPictureSoon(const UserInfo &user)
 {
     m_details->setPicture(QPixmap());
     m_userToPicture = user;
+    m_picture->cancel();
     if (user.isEmpty()) {
         m_pictureTimer->stop();
     } else {
@@ -127,17 +130,18 @@ void UsersPage::showPictureSoon(const UserInfo &user)
     }
 }
 
-void UsersPage::showPicture()
+void UsersPage::findPicture()
 {
-    const WaitCursor wait;
-    const UserInfo &user = m_userToPicture;
-    const qreal ratio = devicePixelRatioF();
-    QImage picture = m_pictures.picture(user, m_details->pictureSize() * ratio);
+    m_picture->find(m_userToPicture, m_details->pictureSize() * devicePixelRatioF());
+}
+
+void UsersPage::showPicture(QImage picture)
+{
     if (!picture.isNull()) {
-        picture.setDevicePixelRatio(ratio);
+        picture.setDevicePixelRatio(devicePixelRatioF());
         m_details->setPicture(QPixmap::fromImage(picture));
         return;
     }
-    const QString name = user.isSystem() ? QStringLiteral("user-system") : QStringLiteral("user");
+    const QString name = m_userToPicture.isSystem() ? QStringLiteral("user-system") : QStringLiteral("user");
     m_details->setNoPicture(QIcon::fromTheme(name), i18n("No picture"));
 }

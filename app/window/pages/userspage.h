@@ -6,8 +6,6 @@
 #ifndef USERSPAGE_H
 #define USERSPAGE_H
 
-#include "userpictures.h"
-
 #include <UserInfo>
 
 #include <QWidget>
@@ -16,8 +14,10 @@ class AccountList;
 class AccountStore;
 class Details;
 class LimitsView;
+class QImage;
 class QLabel;
 class QTimer;
+class UserPicture;
 
 /** The users of the machine, and all there is to know of one of them. */
 class UsersPage : public QWidget
@@ -33,13 +33,14 @@ private:
     void showUser(const QModelIndex &index);
     void showDetails(const UserInfo &user);
     void showPictureSoon(const UserInfo &user);
-    void showPicture();
+    void findPicture();
+    void showPicture(QImage picture);
 
     AccountStore *const m_store;
     AccountList *const m_list;
     Details *const m_details;
     LimitsView *const m_limits;
-    UserPictures m_pictures;
+    UserPicture *const m_picture;
     /** Whose picture is still to be shown. */
     UserInfo m_userToPicture;
     QTimer *const m_pictureTimer;

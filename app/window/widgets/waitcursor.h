@@ -6,6 +6,7 @@
 #ifndef WAITCURSOR_H
 #define WAITCURSOR_H
 
+#include <QCursor>
 #include <QGuiApplication>
 
 #include <memory>

@@ -3,7 +3,10 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "hostilefaces.h"
+#include "picturefiles.h"
 #include "program.h"
+#include "sandbox.h"
 
 #include <QFile>
 #include <QImage>
@@ -121,6 +124,9 @@ private Q_SLOTS:
     void failsWhenCancelled();
     void waitsForPictureBeforeOk();
     void tellsWhenThereIsNoPicture();
+    void refusesPictures_data();
+    void refusesPictures();
+    void doesNotShowMemoryInShortPicture();
     void tellsWhenIconCannotBeWritten();
     void refusesWrongArguments_data();
     void refusesWrongArguments();
@@ -197,6 +203,45 @@ void IconCommandsTest::tellsWhenThereIsNoPicture()
     QVERIFY(errors.contains(QStringLiteral("ormel-users: Cannot read '%1': ").arg(m_picture)));
     QVERIFY(errors.endsWith(QLatin1String("ormel-users: There is no picture to cut an icon out of.\n")));
     QVERIFY(!QFile::exists(m_icon));
+}
+
+void IconCommandsTest::refusesPictures_data()
+{
+    QTest::addColumn<QString>("picture");
+    QTest::addColumn<QString>("reason");
+
+    makePipe(m_directory.filePath(QStringLiteral("pipe")));
+    Sandbox::write(m_directory.filePath(QStringLiteral("large")), "P4 22000 22000 ");
+    QTest::newRow("pipe") << QStringLiteral("pipe") << QStringLiteral("not a regular file");
+    QTest::newRow("missing") << QStringLiteral("missing") << QStringLiteral("No such file or directory");
+    QTest::newRow("large") << QStringLiteral("large") << QStringLiteral("the picture is too large");
+}
+
+void IconCommandsTest::refusesPictures()
+{
+    QFETCH(QString, picture);
+    QFETCH(QString, reason);
+
+    const QString path = m_directory.filePath(picture);
+    PickIcon program({path, QStringLiteral("--output"), m_icon});
+    program.pressKey("Return");
+    QCOMPARE(program.exitStatus(), 2);
+    const QString message = QStringLiteral("ormel-users: Cannot read '%1': %2\n").arg(path, reason);
+    QVERIFY2(program.errors().startsWith(message), qPrintable(message));
+}
+
+void IconCommandsTest::doesNotShowMemoryInShortPicture()
+{
+    const QByteArray whole = PictureFiles::encoded(columns(QSize(600, 600)), "bmp");
+    Sandbox::write(m_picture, whole.left(whole.size() / 2)); // the lower half
+    qputenv("MALLOC_PERTURB_", "85");
+    PickIcon program(arguments());
+    program.pressKey("Return");
+    QCOMPARE(program.exitStatus(), 0);
+    qunsetenv("MALLOC_PERTURB_");
+    const QImage icon(m_icon);
+    QVERIFY(!icon.isNull());
+    QCOMPARE(icon.pixel(icon.width() / 2, 1) & RGB_MASK, 0U);
 }
 
 void IconCommandsTest::tellsWhenIconCannotBeWritten()

@@ -4,16 +4,15 @@
 */
 
 #include "userspage.h"
+
 #include "accountfixtures.h"
 #include "accountlist.h"
 #include "accountstore.h"
 #include "dialogparts.h"
 #include "generatedaccounts.h"
-#include "icontheme.h"
 #include "limitsfixtures.h"
 #include "pageparts.h"
 #include "sandbox.h"
-#include "standin.h"
 #include "windowparts.h"
 
 #include <UserListModel>
@@ -25,36 +24,12 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
-#include <QImageWriter>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeView>
-
-#include <cstdarg>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-
-namespace
-{
-bool s_waitsForFace = false;
-}
-
-extern "C" Q_DECL_EXPORT int open64(const char *path, int flags, ...)
-{
-    static const auto next = original(open64, "open64");
-    if (QByteArray::fromRawData(path, int(qstrlen(path))).endsWith("/.face")) {
-        s_waitsForFace = isCursorShown(Qt::WaitCursor);
-    }
-    va_list arguments;
-    va_start(arguments, flags);
-    const auto mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
-    va_end(arguments);
-    return next(path, flags, mode);
-}
 
 namespace
 {
@@ -74,17 +49,6 @@ const char groupsFile[] = "root:x:0:\n"
 const char rules[] = "* soft core 0\n"
                      "@audio - memlock 64\n"
                      "bob hard nproc unlimited\n";
-
-const QLatin1String facesPath("/usr/share/kiv/faces");
-
-void writePicture(const QString &path, const QColor &colour)
-{
-    QImage picture(300, 200, QImage::Format_RGB32);
-    picture.fill(colour);
-    if (!picture.save(path, "PNG")) {
-        qFatal("Cannot write %s", qPrintable(path));
-    }
-}
 
 /** The page with its parts at hand, after everything was read. */
 struct Page {
@@ -135,24 +99,6 @@ struct Page {
         return rules.join(QLatin1String(", "));
     }
 
-    QPixmap shownPicture() const
-    {
-        return part<QLabel>(page, "picture")->pixmap(Qt::ReturnByValue);
-    }
-
-    /** The picture of the current user, which comes later than the details. */
-    QPixmap picture() const
-    {
-        return QTest::qWaitFor([this] { return !shownPicture().isNull(); }) ? shownPicture() : QPixmap();
-    }
-
-    /** The colour in the middle of the picture. */
-    QColor pictureColour() const
-    {
-        const QPixmap shown = picture();
-        return shown.toImage().pixelColor(shown.rect().center());
-    }
-
     AccountStore store;
     UsersPage page{&store};
     QTreeView *view = part<QTreeView>(page, "accountsView");
@@ -187,15 +133,6 @@ private Q_SLOTS:
     void tellsWhichRangeApplies();
     void tellsThatNoLimitApplies();
     void tellsThatLimitsAreIncomplete();
-    void showsOwnPicture();
-    void showsDetailsBeforePicture();
-    void showsNoPictureOfNobody();
-    void showsTurnedPicture();
-    void keepsStockPictureOfUser();
-    void passesOverFacesThatAreNoPictures();
-    void showsSignWithoutPicture();
-    void tellsSystemAccountsBySign();
-    void showsTextWithoutPictureAndIcon();
     void followsKeyboard();
     void doesNotExpandRows();
     void keepsCurrentUserOnReload();
@@ -215,7 +152,6 @@ void UsersPageTest::initMain()
 void UsersPageTest::init()
 {
     Sandbox::setAccounts(usersFile, groupsFile);
-    Sandbox::clear(facesPath);
     clearLimits();
 }
 
@@ -463,132 +399,6 @@ void UsersPageTest::tellsThatLimitsAreIncomplete()
     Sandbox::remove(dropInPath(QStringLiteral("secret.conf")));
     page.reload();
     QVERIFY(!message->isVisible());
-}
-
-void UsersPageTest::showsOwnPicture()
-{
-    QTemporaryDir home;
-    const QByteArray path = QFile::encodeName(home.path());
-    Sandbox::setAccounts("ada:x:1000:50::" + path + ":/bin/sh\n", "staff:x:50:\n");
-    writePicture(facesPath + QStringLiteral("/stock.png"), Qt::blue);
-    writePicture(home.filePath(QStringLiteral(".face.icon")), Qt::green);
-    Page page;
-    QCOMPARE(page.pictureColour(), QColor(Qt::green));
-    QCOMPARE(page.picture().size() / page.picture().devicePixelRatio(), QSize(96, 64));
-
-    writePicture(home.filePath(QStringLiteral(".face")), Qt::red);
-    page.reload();
-    s_waitsForFace = false;
-    QCOMPARE(page.pictureColour(), QColor(Qt::red));
-    QVERIFY(s_waitsForFace);
-}
-
-void UsersPageTest::showsDetailsBeforePicture()
-{
-    writePicture(facesPath + QStringLiteral("/stock.png"), Qt::blue);
-    QTemporaryDir home;
-    writePicture(home.filePath(QStringLiteral(".face")), Qt::red);
-    Sandbox::setAccounts("ada:x:1000:50::" + QFile::encodeName(home.path()) + ":/bin/sh\nbob:x:1001:50:Bob:/:/bin/sh\n",
-                         "staff:x:50:\n");
-    Page page;
-    QCOMPARE(page.pictureColour(), QColor(Qt::red));
-    page.select("bob");
-    QCOMPARE(fieldText(page.page, "Full name:"), QStringLiteral("Bob"));
-    QVERIFY(page.shownPicture().isNull());
-    QCOMPARE(page.pictureColour(), QColor(Qt::blue));
-    page.select("ada");
-    page.select("bob");
-    page.select("ada");
-    QVERIFY(page.shownPicture().isNull());
-    QCOMPARE(page.pictureColour(), QColor(Qt::red));
-    QVERIFY(!QApplication::overrideCursor());
-}
-
-void UsersPageTest::showsNoPictureOfNobody()
-{
-    writePicture(facesPath + QStringLiteral("/stock.png"), Qt::blue);
-    AccountStore store;
-    UsersPage empty(&store);
-    empty.show();
-    QTest::qWait(200);
-    QVERIFY(part<QLabel>(empty, "picture")->pixmap(Qt::ReturnByValue).isNull());
-
-    Page page;
-    QCOMPARE(page.pictureColour(), QColor(Qt::blue));
-    QTest::keyClicks(page.nameFilter, QStringLiteral("no such user"));
-    QCOMPARE(page.title(), QStringLiteral("No user is selected"));
-    QTest::qWait(200);
-    QVERIFY(page.shownPicture().isNull());
-    QCOMPARE(part<QLabel>(page.page, "picture")->text(), QString());
-}
-
-void UsersPageTest::showsTurnedPicture()
-{
-    QTemporaryDir home;
-    Sandbox::setAccounts("ada:x:1000:50::" + QFile::encodeName(home.path()) + ":/bin/sh\n", "staff:x:50:\n");
-    QImage picture(300, 200, QImage::Format_RGB32);
-    picture.fill(Qt::red);
-    QImageWriter writer(home.filePath(QStringLiteral(".face")), "jpg");
-    writer.setTransformation(QImageIOHandler::TransformationRotate90);
-    QVERIFY(writer.write(picture));
-    Page page;
-    QCOMPARE(page.picture().size() / page.picture().devicePixelRatio(), QSize(64, 96));
-}
-
-void UsersPageTest::keepsStockPictureOfUser()
-{
-    for (int i = 0; i < 64; ++i) {
-        writePicture(facesPath + QStringLiteral("/%1.png").arg(i), QColor(4 * i, 0, 0));
-    }
-    Page page;
-    const QColor first = page.pictureColour();
-    QVERIFY(first.isValid());
-    for (int i = 0; i < 10; ++i) {
-        page.select("bob");
-        page.select("ada");
-        QCOMPARE(page.pictureColour(), first);
-    }
-    page.reload();
-    QCOMPARE(page.pictureColour(), first);
-}
-
-void UsersPageTest::passesOverFacesThatAreNoPictures()
-{
-    QTemporaryDir home;
-    const QByteArray path = QFile::encodeName(home.path());
-    Sandbox::setAccounts("ada:x:1000:50::" + path + ":/bin/sh\n", "staff:x:50:\n");
-    writePicture(facesPath + QStringLiteral("/stock.png"), Qt::blue);
-    // Opening this one would wait for somebody who writes to it.
-    QCOMPARE(mkfifo(qPrintable(home.filePath(QStringLiteral(".face"))), 0600), 0);
-    QVERIFY(QDir(home.path()).mkdir(QStringLiteral(".face.icon")));
-    Page page;
-    QCOMPARE(page.pictureColour(), QColor(Qt::blue));
-}
-
-void UsersPageTest::showsSignWithoutPicture()
-{
-    const IconTheme theme({QStringLiteral("user"), QStringLiteral("user-system")});
-    Page page;
-    QVERIFY(!page.picture().isNull());
-    QCOMPARE(part<QLabel>(page.page, "picture")->accessibleName(), QStringLiteral("No picture"));
-}
-
-void UsersPageTest::tellsSystemAccountsBySign()
-{
-    const IconTheme theme({QStringLiteral("user-system")});
-    Page page;
-    page.select("nobody");
-    QVERIFY(!page.picture().isNull());
-    page.select("ada");
-    QTRY_COMPARE(part<QLabel>(page.page, "picture")->text(), QStringLiteral("No picture"));
-    QVERIFY(page.shownPicture().isNull());
-}
-
-void UsersPageTest::showsTextWithoutPictureAndIcon()
-{
-    const IconTheme theme({});
-    Page page;
-    QTRY_COMPARE(part<QLabel>(page.page, "picture")->text(), QStringLiteral("No picture"));
 }
 
 void UsersPageTest::followsKeyboard()

@@ -1,0 +1,40 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "accountstore.h"
+#include "userspage.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QTest>
+#include <QTreeView>
+
+#include <unistd.h>
+
+// Shows the page of one user after another, each until the picture or its substitute is there. The
+// looks for two files mark the begin and the end.
+
+int main(int argc, char **argv)
+{
+    const QApplication application(argc, argv);
+    AccountStore store;
+    UsersPage page(&store);
+    const auto *picture = page.findChild<QLabel *>(QStringLiteral("picture"));
+    auto *view = page.findChild<QTreeView *>(QStringLiteral("accountsView"));
+    page.show();
+    access("/begin", F_OK);
+    store.readUsers();
+    const auto isThere = [picture] {
+        return !picture->pixmap(Qt::ReturnByValue).isNull() || !picture->text().isEmpty();
+    };
+    for (int row = 0; row < view->model()->rowCount(); ++row) {
+        view->setCurrentIndex(view->model()->index(row, 0));
+        if (!QTest::qWaitFor(isThere, 120000)) {
+            return 1;
+        }
+    }
+    access("/end", F_OK);
+    return 0;
+}

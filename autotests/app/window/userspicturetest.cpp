@@ -1,0 +1,259 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "accountstore.h"
+#include "dialogparts.h"
+#include "eventloopdelay.h"
+#include "hostilefaces.h"
+#include "icontheme.h"
+#include "limitsfixtures.h"
+#include "peakmemory.h"
+#include "picturefiles.h"
+#include "sandbox.h"
+#include "systemcalls.h"
+#include "userspage.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTreeView>
+
+#include <memory>
+
+#include <unistd.h>
+
+// The picture of a user in the users page.
+
+namespace
+{
+constexpr int patience = 120000;
+
+void writePicture(const QString &path, Qt::GlobalColor color)
+{
+    Sandbox::write(path, PictureFiles::encoded(PictureFiles::plain({300, 200}, color), "png"));
+}
+
+/** A line of /etc/passwd for somebody whose files are those of this program. */
+QByteArray user(const QByteArray &name, const QString &home)
+{
+    return name + ":x:" + QByteArray::number(getuid()) + ":50::" + QFile::encodeName(home) + ":/bin/sh\n";
+}
+
+/** The page with its first user, after everything was read. */
+struct Page {
+    Page()
+    {
+        page.resize(900, 600);
+        page.show();
+        store.readUsers();
+    }
+
+    void select(const char *name) const
+    {
+        clickText(*view, QString::fromLatin1(name));
+    }
+
+    QPixmap shown() const
+    {
+        return label->pixmap(Qt::ReturnByValue);
+    }
+
+    /** The picture of the current user, which comes later than the details. */
+    QPixmap picture() const
+    {
+        return QTest::qWaitFor([this] { return !shown().isNull(); }, patience) ? shown() : QPixmap();
+    }
+
+    QColor color() const
+    {
+        const QPixmap picture = this->picture();
+        return picture.toImage().pixelColor(picture.rect().center());
+    }
+
+    AccountStore store;
+    UsersPage page{&store};
+    QTreeView *view = part<QTreeView>(page, "accountsView");
+    QLabel *label = part<QLabel>(page, "picture");
+};
+}
+
+class UsersPictureTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void showsOwnPicture();
+    void showsDetailsBeforePicture();
+    void showsNoPictureOfNobody();
+    void showsIconInsteadOfStockPicture();
+    void tellsSystemAccountsByIcon();
+    void showsTextWithoutPictureAndIcon();
+    void staysResponsive();
+    void opensFacesOnly();
+
+private:
+    QString home(const char *name) const
+    {
+        const QString home = m_homes->filePath(QString::fromLatin1(name));
+        QDir().mkpath(home);
+        return home;
+    }
+
+    /** Accounts with one of @p faces each, and one with a picture, the first of all. */
+    void makeAccounts(const QVector<HostileFace> &faces) const;
+
+    std::unique_ptr<QTemporaryDir> m_homes;
+};
+
+void UsersPictureTest::init()
+{
+    m_homes = std::make_unique<QTemporaryDir>();
+    clearLimits();
+    Sandbox::setAccounts(user("ada", home("ada")) + user("bob", home("bob"))
+                             + "carl:x:1000:50::/nonexistent:/bin/sh\nnobody:x:65534:50::/nonexistent:/bin/sh\n",
+                         "ormel-admin:x:27:\nstaff:x:50:\n");
+}
+
+void UsersPictureTest::makeAccounts(const QVector<HostileFace> &faces) const
+{
+    QByteArray passwd = user("ada", home("ada"));
+    writePicture(home("ada") + QLatin1String("/.face"), Qt::blue);
+    for (int i = 0; i < faces.size(); ++i) {
+        const QByteArray name = "hostile" + QByteArray::number(i);
+        const QString path = home(name.constData());
+        faces.at(i).make(path + QLatin1String("/.face"));
+        passwd += user(name, path);
+    }
+    Sandbox::setAccounts(passwd, "ormel-admin:x:27:\nstaff:x:50:\n");
+}
+
+void UsersPictureTest::showsOwnPicture()
+{
+    writePicture(home("ada") + QLatin1String("/.face.icon"), Qt::green);
+    writePicture(home("bob") + QLatin1String("/.face"), Qt::red);
+    Page page;
+    QCOMPARE(page.color(), QColor(Qt::green));
+    QCOMPARE(page.picture().size() / page.picture().devicePixelRatio(), QSize(96, 64));
+    page.select("bob");
+    QCOMPARE(page.color(), QColor(Qt::red));
+
+    writePicture(home("bob") + QLatin1String("/.face"), Qt::blue);
+    page.store.readUsers();
+    QCOMPARE(page.color(), QColor(Qt::blue));
+}
+
+void UsersPictureTest::showsDetailsBeforePicture()
+{
+    writePicture(home("ada") + QLatin1String("/.face"), Qt::red);
+    writePicture(home("bob") + QLatin1String("/.face"), Qt::blue);
+    Page page;
+    QCOMPARE(page.color(), QColor(Qt::red));
+    page.select("bob");
+    QCOMPARE(part<QLabel>(page.page, "title")->text(), QStringLiteral("bob"));
+    QVERIFY(page.shown().isNull());
+    QCOMPARE(page.color(), QColor(Qt::blue));
+    page.select("ada");
+    page.select("bob");
+    page.select("ada");
+    QVERIFY(page.shown().isNull());
+    QCOMPARE(page.color(), QColor(Qt::red));
+}
+
+void UsersPictureTest::showsNoPictureOfNobody()
+{
+    writePicture(home("ada") + QLatin1String("/.face"), Qt::red);
+    Page page;
+    QCOMPARE(page.color(), QColor(Qt::red));
+    page.select("bob");
+    page.select("ada");
+    QTest::keyClicks(part<QLineEdit>(page.page, "filterLineEdit"), QStringLiteral("no such user"));
+    QCOMPARE(part<QLabel>(page.page, "title")->text(), QStringLiteral("No user is selected"));
+    QTest::qWait(200);
+    QVERIFY(page.shown().isNull());
+    QCOMPARE(page.label->text(), QString());
+}
+
+void UsersPictureTest::showsIconInsteadOfStockPicture()
+{
+    const IconTheme theme({QStringLiteral("user"), QStringLiteral("user-system")});
+    Sandbox::clear(QStringLiteral("/usr/share/kiv/faces"));
+    writePicture(QStringLiteral("/usr/share/kiv/faces/stock.png"), Qt::red);
+    Page page;
+    page.select("carl");
+    QVERIFY(!page.picture().isNull());
+    QVERIFY(page.color() != QColor(Qt::red));
+    QCOMPARE(page.label->accessibleName(), QStringLiteral("No picture"));
+}
+
+void UsersPictureTest::tellsSystemAccountsByIcon()
+{
+    const IconTheme theme({QStringLiteral("user-system")});
+    Page page;
+    page.select("nobody");
+    QVERIFY(!page.picture().isNull());
+    page.select("carl");
+    QTRY_COMPARE_WITH_TIMEOUT(page.label->text(), QStringLiteral("No picture"), patience);
+    QVERIFY(page.shown().isNull());
+}
+
+void UsersPictureTest::showsTextWithoutPictureAndIcon()
+{
+    const IconTheme theme({});
+    Page page;
+    page.select("carl");
+    QTRY_COMPARE_WITH_TIMEOUT(page.label->text(), QStringLiteral("No picture"), patience);
+}
+
+void UsersPictureTest::staysResponsive()
+{
+    const IconTheme theme({QStringLiteral("user"), QStringLiteral("user-system")});
+    const QVector<HostileFace> faces = hostileFaces();
+    makeAccounts(faces);
+    Page page;
+    QCOMPARE(page.color(), QColor(Qt::blue));
+    PeakMemory::reset();
+    const qint64 before = PeakMemory::bytes(); // a display takes much of its own
+    EventLoopDelay delay;
+    page.view->setFocus();
+    for (int i = 0; i < faces.size(); ++i) {
+        QTest::keyClick(page.view, Qt::Key_Down);
+        QVERIFY(page.shown().isNull());
+        QVERIFY2(!page.picture().isNull(), qPrintable(part<QLabel>(page.page, "title")->text()));
+        QCOMPARE(page.label->accessibleName(), QStringLiteral("No picture"));
+    }
+    QVERIFY2(delay.longest() <= 300, qPrintable(QString::number(delay.longest())));
+    const qint64 taken = PeakMemory::bytes() - before;
+    QVERIFY2(taken < 20LL * 1024 * 1024, qPrintable(QString::number(taken)));
+}
+
+void UsersPictureTest::opensFacesOnly()
+{
+    constexpr int count = 14; // those that refer to something else
+    makeAccounts(hostileFaces().mid(0, count));
+    int looks = 0;
+    QStringList opened;
+    const QVector<SystemCall> calls = systemCallsOf(QStringLiteral("tracedfaces"), {});
+    for (const SystemCall &call : calls) {
+        looks += int(call.opensForReading() && call.path() == QLatin1String(".face"));
+        const QString path = call.openedPath();
+        const bool isOfSomebody = path.startsWith(m_homes->path()) || path.startsWith(hostileTarget());
+        const bool isFace = path.endsWith(QLatin1String("/.face")) || path.endsWith(QLatin1String("/.face.icon"));
+        if ((isOfSomebody && !isFace && !QFileInfo(path).isDir()) || path == QLatin1String("/dev/zero")
+            || path.endsWith(QLatin1String("/environ"))) {
+            opened.append(path);
+        }
+    }
+    QCOMPARE(looks, count + 1);
+    QCOMPARE(opened.join(QLatin1Char(' ')), QString());
+}
+
+QTEST_MAIN(UsersPictureTest)
+
+#include "userspicturetest.moc"
