@@ -51,6 +51,21 @@ void addCase(const char *title, const QByteArray &rules, const char *name, const
 {
     QTest::addRow("%s: %s", title, name) << rules << text(name) << text(item) << text(value);
 }
+
+/** Compares the item that the rules of the current row give the user or group that @p find finds. */
+template<typename Find>
+void compareItem(const Find &find)
+{
+    QFETCH(QByteArray, rules);
+    QFETCH(QString, name);
+    QFETCH(QString, item);
+    QFETCH(QString, value);
+
+    const LimitsParser limits = limitsOf(rules);
+    const QVariant actual = limits.getItem(find(name), item);
+    QCOMPARE(describe(actual), value);
+    QCOMPARE(actual.isValid(), value != QLatin1String("null"));
+}
 }
 
 class LimitsLookupTest : public QObject
@@ -219,15 +234,7 @@ void LimitsLookupTest::looksUpUser_data()
 
 void LimitsLookupTest::looksUpUser()
 {
-    QFETCH(QByteArray, rules);
-    QFETCH(QString, name);
-    QFETCH(QString, item);
-    QFETCH(QString, value);
-
-    const LimitsParser limits = limitsOf(rules);
-    const QVariant actual = limits.getItem(UserInfo::getUser(name), item);
-    QCOMPARE(describe(actual), value);
-    QCOMPARE(actual.isValid(), value != QLatin1String("null"));
+    compareItem([](const QString &name) { return UserInfo::getUser(name); });
 }
 
 void LimitsLookupTest::looksUpGroup_data()
@@ -266,15 +273,7 @@ void LimitsLookupTest::looksUpGroup_data()
 
 void LimitsLookupTest::looksUpGroup()
 {
-    QFETCH(QByteArray, rules);
-    QFETCH(QString, name);
-    QFETCH(QString, item);
-    QFETCH(QString, value);
-
-    const LimitsParser limits = limitsOf(rules);
-    const QVariant actual = limits.getItem(GroupInfo::getGroup(name), item);
-    QCOMPARE(describe(actual), value);
-    QCOMPARE(actual.isValid(), value != QLatin1String("null"));
+    compareItem([](const QString &name) { return GroupInfo::getGroup(name); });
 }
 
 void LimitsLookupTest::takesEmptyRecords()

@@ -51,6 +51,19 @@ QStringList formTexts(const QDialog &dialog)
     }
     return texts;
 }
+
+/** Compares the texts of two dialogs, one of which is made before the language becomes Polish. */
+template<typename Dialog>
+void compareTexts(const QStringList &plain, const QStringList &translated)
+{
+    const Dialog before;
+    QCOMPARE(formTexts(before), plain);
+
+    setLanguage("pl");
+    QCOMPARE(formTexts(before), plain);
+    const Dialog after;
+    QCOMPARE(formTexts(after), translated);
+}
 }
 
 class ListTranslationTest : public QObject
@@ -108,66 +121,52 @@ void ListTranslationTest::translatesModelsWhenAsked()
 
 void ListTranslationTest::translatesUserDialogWhenMade()
 {
-    const QStringList plain = lines({"Select Users",
-                                     "Select Users",
-                                     "Filter",
-                                     "Filter",
-                                     "Filter",
-                                     "All",
-                                     "Ordinary",
-                                     "System",
-                                     "Administrators",
-                                     "Selected",
-                                     "Unselected"});
-    const UserSelectDialog before;
-    QCOMPARE(formTexts(before), plain);
-
-    setLanguage("pl");
-    QCOMPARE(formTexts(before), plain);
-    const UserSelectDialog after;
-    QCOMPARE(formTexts(after),
-             lines({"Wybór użytkowników",
-                    "Wybór użytkowników",
-                    "Filtr",
-                    "Filtr",
-                    "Filtr",
-                    "Wszystkie",
-                    "Zwykłe",
-                    "Systemowe",
-                    "Administratorzy",
-                    "Zaznaczone",
-                    "Niezaznaczone"}));
+    compareTexts<UserSelectDialog>(lines({"Select Users",
+                                          "Select Users",
+                                          "Filter",
+                                          "Filter",
+                                          "Filter",
+                                          "All",
+                                          "Ordinary",
+                                          "System",
+                                          "Administrators",
+                                          "Selected",
+                                          "Unselected"}),
+                                   lines({"Wybór użytkowników",
+                                          "Wybór użytkowników",
+                                          "Filtr",
+                                          "Filtr",
+                                          "Filtr",
+                                          "Wszystkie",
+                                          "Zwykłe",
+                                          "Systemowe",
+                                          "Administratorzy",
+                                          "Zaznaczone",
+                                          "Niezaznaczone"}));
 }
 
 void ListTranslationTest::translatesGroupDialogWhenMade()
 {
-    const QStringList plain = lines({"Select Groups",
-                                     "Select Groups",
-                                     "Filter",
-                                     "Filter",
-                                     "Filter",
-                                     "All",
-                                     "Ordinary",
-                                     "System",
-                                     "Selected",
-                                     "Unselected"});
-    const GroupSelectDialog before;
-    QCOMPARE(formTexts(before), plain);
-
-    setLanguage("pl");
-    QCOMPARE(formTexts(before), plain);
-    const GroupSelectDialog after;
-    QCOMPARE(formTexts(after),
-             lines({"Wybór grup",
-                    "Wybór grup",
-                    "Filtr",
-                    "Filtr",
-                    "Filtr",
-                    "Wszystkie",
-                    "Zwykłe",
-                    "Systemowe",
-                    "Zaznaczone",
-                    "Niezaznaczone"}));
+    compareTexts<GroupSelectDialog>(lines({"Select Groups",
+                                           "Select Groups",
+                                           "Filter",
+                                           "Filter",
+                                           "Filter",
+                                           "All",
+                                           "Ordinary",
+                                           "System",
+                                           "Selected",
+                                           "Unselected"}),
+                                    lines({"Wybór grup",
+                                           "Wybór grup",
+                                           "Filtr",
+                                           "Filtr",
+                                           "Filtr",
+                                           "Wszystkie",
+                                           "Zwykłe",
+                                           "Systemowe",
+                                           "Zaznaczone",
+                                           "Niezaznaczone"}));
 }
 
 QTEST_MAIN(ListTranslationTest)
