@@ -5,9 +5,9 @@
 
 #include "systemcalls.h"
 
+#include "filecontent.h"
 #include "program.h"
 
-#include <QFile>
 #include <QRegularExpression>
 
 namespace
@@ -20,15 +20,6 @@ bool isOneOf(const QString &name, const char *names)
 bool has(const QString &text, const char *pattern)
 {
     return QRegularExpression(QString::fromLatin1(pattern)).match(text).hasMatch();
-}
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        qFatal("Cannot read %s", qPrintable(path));
-    }
-    return file.readAll();
 }
 
 /** The calls in the output of strace, less the second halves of those that another thread interrupts. */

@@ -7,15 +7,14 @@
 #define ICONDIALOGPARTS_H
 
 #include "dialogparts.h"
+#include "picturefiles.h"
 #include "sandbox.h"
 
 #include <UserIconDialog>
 
-#include <QBuffer>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFrame>
-#include <QImageWriter>
 #include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
@@ -31,18 +30,6 @@ inline QImage gradient(const QSize &size)
         }
     }
     return image;
-}
-
-inline QByteArray encoded(const QImage &image, const char *format)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, format);
-    if (!writer.write(image)) {
-        qFatal("Cannot write %s", format);
-    }
-    return bytes;
 }
 
 inline QPushButton *okButton(const UserIconDialog &dialog)

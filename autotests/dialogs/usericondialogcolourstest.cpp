@@ -34,7 +34,7 @@ void UserIconDialogColoursTest::staysWithinColourTable()
 
     UserIconDialog dialog;
     QVERIFY(showWithPreview(dialog));
-    chooseFile(dialog, writePicture("indexed.bmp", encoded(image, "bmp")));
+    chooseFile(dialog, writePicture("indexed.bmp", PictureFiles::encoded(image, "bmp")));
     QCOMPARE(preview(dialog)->grab().toImage().pixelColor(200, 200), converted);
     QCOMPARE(dialog.selectedPixmap().toImage().pixelColor(200, 200), converted);
 }
@@ -87,7 +87,7 @@ void UserIconDialogColoursTest::fillsBeyondEdgesWithFirstColour()
     image.fill(1);
     UserIconDialog dialog;
     QVERIFY(showWithPreview(dialog));
-    chooseFile(dialog, writePicture("indexed.png", encoded(image, "png")));
+    chooseFile(dialog, writePicture("indexed.png", PictureFiles::encoded(image, "png")));
     QCOMPARE(dialog.selectedPixmap().toImage().pixelColor(100, 50), QColor(Qt::blue));
 
     // Shown 50 pixels high instead of 50.5: at the right edge the square reaches beyond the picture.

@@ -19,19 +19,6 @@
 
 namespace
 {
-/** A picture that hardly compresses. */
-QImage noise(const QSize &size)
-{
-    std::mt19937 random(1);
-    QImage image(size, QImage::Format_RGB32);
-    for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x) {
-            image.setPixel(x, y, 0xff000000 | random());
-        }
-    }
-    return image;
-}
-
 QByteArray svg(const char *size)
 {
     return QByteArray(
@@ -44,9 +31,9 @@ void addFormats()
 {
     QTest::addColumn<QByteArray>("whole");
 
-    const QImage image = noise(QSize(100, 100));
+    const QImage image = PictureFiles::noise(QSize(100, 100));
     for (const char *format : {"png", "xpm", "jpg", "bmp", "ico", "ppm"}) {
-        QTest::newRow(format) << encoded(image, format);
+        QTest::newRow(format) << PictureFiles::encoded(image, format);
     }
     QTest::newRow("svg") << svg("100");
 }
@@ -97,7 +84,7 @@ void UserIconDialogFilesTest::asksForImageFile()
 void UserIconDialogFilesTest::opensFileDialogInIconDirectoryEachTime()
 {
     const UserIconDialog dialog;
-    chooseFile(dialog, writePicture("elsewhere.png", encoded(gradient(QSize(10, 10)), "png")));
+    chooseFile(dialog, writePicture("elsewhere.png", PictureFiles::encoded(gradient(QSize(10, 10)), "png")));
     for (int i = 0; i < 2; ++i) {
         withFileDialog(dialog, [](QFileDialog *fileDialog) {
             QCOMPARE(fileDialog->directory().path(), QStringLiteral("/usr/share/kiv/faces"));
@@ -111,7 +98,7 @@ void UserIconDialogFilesTest::loadsChosenFile()
 {
     const UserIconDialog dialog;
     const QImage image = gradient(QSize(20, 20));
-    chooseFile(dialog, writePicture("picture.png", encoded(image, "png")));
+    chooseFile(dialog, writePicture("picture.png", PictureFiles::encoded(image, "png")));
     QVERIFY(okButton(dialog)->isEnabled());
     QCOMPARE(dialog.selectedPixmap().toImage(), image);
 }
@@ -135,16 +122,16 @@ void UserIconDialogFilesTest::takesAnyFile_data()
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<bool>("isPicture");
 
-    const QImage image = noise(QSize(100, 100));
+    const QImage image = PictureFiles::noise(QSize(100, 100));
     const char *const suffixes[] = {"png", "xpm", "jpg", "jpeg", "svg", "icon", "bmp", "gif"};
     for (const char *suffix : suffixes) {
         QTest::addRow("empty.%s", suffix) << QByteArray() << false;
         QTest::addRow("text.%s", suffix) << QByteArray("This is no picture.\n") << false;
         QTest::addRow("zeros.%s", suffix) << QByteArray(10000, '\0') << false;
-        QTest::addRow("png.%s", suffix) << encoded(image, "png") << true; // the content counts
+        QTest::addRow("png.%s", suffix) << PictureFiles::encoded(image, "png") << true; // the content counts
     }
     for (const char *format : {"png", "xpm", "jpg", "bmp", "ico"}) {
-        const QByteArray whole = encoded(image, format);
+        const QByteArray whole = PictureFiles::encoded(image, format);
         QTest::addRow("whole.%s", format) << whole << true;
         QTest::addRow("start.%s", format) << whole.left(20) << false;
     }
@@ -164,7 +151,7 @@ void UserIconDialogFilesTest::takesAnyFile_data()
     QTest::newRow("huge.xpm") << QByteArray(
         "/* XPM */\nstatic char *x[] = {\n\"200000 200000 1 1\",\n\"a c #000000\",\n\"aaaa\"};\n")
                               << false;
-    QByteArray hugeJpeg = encoded(image, "jpg");
+    QByteArray hugeJpeg = PictureFiles::encoded(image, "jpg");
     const int frameHeader = hugeJpeg.indexOf("\xff\xc0");
     hugeJpeg.replace(frameHeader + 5, 4, QByteArray("\xff\xdc\xff\xdc"));
     QTest::newRow("huge.jpg") << hugeJpeg << false;
@@ -256,7 +243,7 @@ void UserIconDialogFilesTest::takesUnreadableFile()
 {
     UserIconDialog dialog;
     dialog.setPixmap(QPixmap::fromImage(gradient(QSize(20, 20))));
-    const QString path = writePicture("secret.png", encoded(gradient(QSize(20, 20)), "png"));
+    const QString path = writePicture("secret.png", PictureFiles::encoded(gradient(QSize(20, 20)), "png"));
     QVERIFY(QFile::setPermissions(path, {}));
     chooseFile(dialog, path);
     QVERIFY(okButton(dialog)->isEnabled());

@@ -278,7 +278,7 @@ void UserIconDialogTest::replacesPictureAndSelection()
     const QImage first = gradient(QSize(20, 20));
     const QImage second = gradient(QSize(30, 30));
     dialog.setPixmap(QPixmap::fromImage(first));
-    chooseFile(dialog, writePicture("second.png", encoded(second, "png")));
+    chooseFile(dialog, writePicture("second.png", PictureFiles::encoded(second, "png")));
     QCOMPARE(dialog.selectedPixmap().toImage(), second);
     QGuiApplication::clipboard()->setImage(first);
     part<QToolButton>(dialog, "clipboardButton")->click();

@@ -6,12 +6,12 @@
 #ifndef LIMITSFIXTURES_H
 #define LIMITSFIXTURES_H
 
+#include "filecontent.h"
 #include "sandbox.h"
 
 #include <LimitsParser>
 
 #include <QDir>
-#include <QFile>
 
 inline QString limitsPath()
 {
@@ -29,15 +29,6 @@ inline void clearLimits()
     Sandbox::clear(QStringLiteral("/etc/security"));
     Sandbox::clear(dropInPath(QString()));
     Sandbox::write(limitsPath(), QByteArray());
-}
-
-inline QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        qFatal("Cannot read %s", qPrintable(path));
-    }
-    return file.readAll();
 }
 
 /** Installs the limits.conf and the limits.d of @p folder. */
