@@ -47,6 +47,7 @@ Comparisons accountComparisons();
 Comparisons processComparisons();
 Comparisons modelComparisons();
 Comparisons dialogComparisons();
+Comparisons dialogListComparisons();
 Comparisons limitsComparisons();
 Comparisons passwordComparisons();
 Comparisons iconComparisons();

@@ -31,6 +31,7 @@ Comparisons allComparisons()
                                     processComparisons(),
                                     modelComparisons(),
                                     dialogComparisons(),
+                                    dialogListComparisons(),
                                     limitsComparisons(),
                                     passwordComparisons(),
                                     iconComparisons(),

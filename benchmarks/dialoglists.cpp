@@ -1,0 +1,182 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "accountsetup.h"
+#include "comparison.h"
+#include "dialogsetup.h"
+
+#include <UserSelectDialog>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSortFilterProxyModel>
+#include <QStandardItemModel>
+#include <QTreeView>
+
+#include <map>
+#include <memory>
+
+using benchmark::State;
+
+namespace
+{
+/** Makes @p copy have all that @p model shows. */
+void fill(QStandardItemModel &copy, const QAbstractItemModel &model)
+{
+    for (int row = 0; row < model.rowCount(); ++row) {
+        QList<QStandardItem *> items;
+        for (int column = 0; column < model.columnCount(); ++column) {
+            const QModelIndex index = model.index(row, column);
+            auto *item = new QStandardItem;
+            for (const int role : {Qt::DisplayRole, Qt::DecorationRole, Qt::CheckStateRole}) {
+                item->setData(model.data(index, role), role);
+            }
+            item->setFlags(model.flags(index));
+            items.append(item);
+        }
+        copy.appendRow(items);
+    }
+}
+
+/** A dialog for a group, as it is or with the same rows in a QStandardItemModel. */
+class List
+{
+public:
+    explicit List(bool isPeer)
+        : m_dialog(sharedGroup(), {})
+        , m_proxy(m_dialog.findChild<QSortFilterProxyModel *>())
+        , m_comboBox(m_dialog.findChild<QComboBox *>())
+        , m_lineEdit(m_dialog.findChild<QLineEdit *>())
+        , m_view(treeView(m_dialog))
+    {
+        if (isPeer) {
+            fill(m_items[0], *m_proxy->sourceModel());
+            fill(m_items[1], *m_proxy->sourceModel());
+            m_proxy->setSourceModel(m_items);
+        }
+        paint(m_dialog);
+    }
+
+    int layOut()
+    {
+        return paintAfter(m_dialog, [this] {
+            m_view->setModel(nullptr);
+            m_view->setModel(m_proxy);
+        });
+    }
+
+    int sort()
+    {
+        return paintAfter(m_dialog, [this] {
+            const bool isAscending = m_proxy->sortOrder() == Qt::AscendingOrder;
+            m_view->sortByColumn(1, isAscending ? Qt::DescendingOrder : Qt::AscendingOrder);
+        });
+    }
+
+    /** Takes other rows, which are the same ones here. A QStandardItemModel is exchanged for another. */
+    int filter()
+    {
+        return paintAfter(m_dialog, [this] {
+            if (m_proxy->sourceModel() == m_items) {
+                m_proxy->setSourceModel(m_items + 1);
+                m_view->resizeColumnToContents(0);
+            } else if (m_proxy->sourceModel() == m_items + 1) {
+                m_proxy->setSourceModel(m_items);
+                m_view->resizeColumnToContents(0);
+            } else {
+                m_comboBox->setCurrentIndex(m_comboBox->currentIndex() == 0 ? 1 : 0);
+            }
+        });
+    }
+
+    int type()
+    {
+        return paintAfter(
+            m_dialog, [this] { m_lineEdit->setText(m_lineEdit->text().isEmpty() ? QStringLiteral("9") : QString()); });
+    }
+
+    int selectAll()
+    {
+        return paintAfter(m_dialog, [this] {
+            if (m_view->selectionModel()->hasSelection()) {
+                m_view->clearSelection();
+            } else {
+                m_view->selectAll();
+            }
+        });
+    }
+
+    /** Scrolls row by row, down to the end and again from the top. */
+    int scroll()
+    {
+        QScrollBar *bar = m_view->verticalScrollBar();
+        bar->setValue(bar->value() == bar->maximum() ? 0 : bar->value() + 1);
+        QCoreApplication::processEvents();
+        return bar->value();
+    }
+
+private:
+    QStandardItemModel m_items[2];
+    UserSelectDialog m_dialog;
+    QSortFilterProxyModel *m_proxy;
+    QComboBox *m_comboBox;
+    QLineEdit *m_lineEdit;
+    QTreeView *m_view;
+};
+
+/** The dialogs that were made, which takes long; they go before the application does. */
+std::map<std::pair<int64_t, bool>, std::unique_ptr<List>> lists;
+
+List &listFor(const State &state, bool isPeer)
+{
+    prepareAccounts(state);
+    if (lists.empty()) {
+        qAddPostRoutine([] { lists.clear(); });
+    }
+    auto &list = lists[{state.range(0), isPeer}];
+    if (!list) {
+        list = std::make_unique<List>(isPeer);
+    }
+    return *list;
+}
+
+template<int (List::*operation)(), bool isPeer>
+void measureList(State &state)
+{
+    List &list = listFor(state, isPeer);
+    measure(state, [&list] { return (list.*operation)(); });
+}
+
+template<int (List::*operation)()>
+Comparison comparison(const char *name, const char *what, Limit limit, const char *explanation)
+{
+    return {name,
+            what,
+            "the same with a `QStandardItemModel`",
+            limit,
+            explanation,
+            {1000, 10000},
+            benchmark::oNone,
+            measureList<operation, false>,
+            measureList<operation, true>};
+}
+}
+
+Comparisons dialogListComparisons()
+{
+    return {
+        comparison<&List::layOut>("layOutRows",
+                                  "laying out the rows of a `UserSelectDialog` for a group",
+                                  {1.5, 0, 1.9},
+                                  "#dialogs-with-a-group"),
+        comparison<&List::sort>("sortRows", "sorting them", {1.5, 0, 1.9}, "#dialogs-with-a-group"),
+        comparison<&List::filter>("filterRows", "changing their filter", {1.5, 0}, ""),
+        comparison<&List::type>("typeText", "typing a letter and erasing it", {1.5, 0}, ""),
+        comparison<&List::selectAll>("selectAll", "selecting all of them and none", {1.5, 0}, ""),
+        comparison<&List::scroll>("scroll", "scrolling by one of them", {1.5, 0, 1.9}, "#scrolling"),
+    };
+}
