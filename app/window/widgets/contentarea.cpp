@@ -19,8 +19,9 @@ ContentArea::ContentArea(QWidget *parent)
 
 QSize ContentArea::sizeHint() const
 {
+    QLayout *layout = widget()->layout();
+    layout->activate(); // while nothing is shown, layouts in layouts are not told of changes
     const QSize hint = widget()->sizeHint().expandedTo(minimumSize());
-    const QLayout *layout = widget()->layout();
     if (!layout->hasHeightForWidth()) {
         return hint;
     }
