@@ -11,10 +11,10 @@
 #include "icons.h"
 #include "limitscommands.h"
 #include "listcommands.h"
+#include "messagehandler.h"
 #include "pickcommands.h"
 #include "picturechild.h"
 #include "problemscommand.h"
-#include "recordtext.h"
 #include "screenshots.h"
 #include "windowcommand.h"
 
@@ -22,11 +22,8 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QMutex>
-#include <QSet>
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 
 namespace
@@ -34,8 +31,8 @@ namespace
 using Interface = Command::Interface;
 
 const Command commands[] = {
-    {"users", "", kli18n("List the user accounts of /etc/passwd."), Interface::Terminal, listOptions, listUsers},
-    {"groups", "", kli18n("List the groups of /etc/group."), Interface::Terminal, listOptions, listGroups},
+    {"users", "[NAME...]", kli18n("List users."), Interface::Terminal, userListOptions, listUsers},
+    {"groups", "[NAME...]", kli18n("List groups."), Interface::Terminal, groupListOptions, listGroups},
     {"check",
      "",
      kli18n("List problems with the accounts of this machine."),
@@ -138,33 +135,6 @@ std::unique_ptr<QCoreApplication> makeApplication(bool forWindow, int &argc, cha
     return application;
 }
 
-/** Whether a message is there for the first time. Messages come from any thread. */
-bool isNew(const QString &message)
-{
-    static QMutex mutex;
-    static QSet<QString> shown;
-    const QMutexLocker locker(&mutex);
-    const bool known = shown.contains(message);
-    shown.insert(message);
-    return !known;
-}
-
-/**
- * Shows each message of the library once: a missing administrators group is reported for every
- * account. What is fatal to the toolkit, as a display that cannot be reached, ends the program
- * without a core dump.
- */
-void showOnce(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
-{
-    if (isNew(message)) {
-        // Names in them are those of the records. What is fatal to Qt has several lines.
-        printError(type == QtFatalMsg ? message.simplified() : RecordText::decode(message));
-    }
-    if (type == QtFatalMsg) {
-        std::_Exit(Failure);
-    }
-}
-
 QString description()
 {
     QString text = i18n("Shows the user accounts, groups and resource limits of this machine.") + QLatin1String("\n\n");
@@ -177,7 +147,7 @@ QString description()
 }
 
 /** The command line without a command: the main window, its pictures, help and version. */
-int runPlain(const QStringList &arguments)
+int runPlain(const QStringList &arguments, bool hasDisplay)
 {
     QCommandLineParser parser;
     const QCommandLineOption help = helpOption();
@@ -187,13 +157,12 @@ int runPlain(const QStringList &arguments)
     parser.addOptions({help, version, screenshots});
     parser.setApplicationDescription(description());
     parser.addPositionalArgument(QStringLiteral("command"),
-                                 i18n("One of the commands above; 'command --help' shows its options."),
-                                 i18n("command [options]"));
+                                 i18n("One of the commands above; 'command --help' shows its options."));
     if (!parser.parse(arguments)) {
-        return usageError(parser.errorText());
+        return usageError(parser);
     }
     if (parser.isSet(help)) {
-        return print(parser.helpText());
+        return print(helpText(parser, i18n("[command] [options]")));
     }
     if (parser.isSet(version)) {
         return print(QStringLiteral("%1 %2\n").arg(QCoreApplication::applicationName(), QStringLiteral(VERSION)));
@@ -202,7 +171,10 @@ int runPlain(const QStringList &arguments)
     if (!superfluous.isEmpty()) {
         return usageError(i18n("Unexpected argument '%1'.", superfluous.constFirst()));
     }
-    return parser.isSet(screenshots) ? writeScreenshots(parser.value(screenshots)) : openWindow();
+    if (parser.isSet(screenshots)) {
+        return writeScreenshots(parser.value(screenshots));
+    }
+    return hasDisplay ? openWindow() : displayFailure();
 }
 }
 
@@ -213,22 +185,23 @@ int main(int argc, char **argv)
     }
     QCoreApplication::setApplicationName(QStringLiteral("ormel-users"));
     KLocalizedString::setApplicationDomain(TRANSLATION_DOMAIN);
-    qInstallMessageHandler(showOnce);
+    MessageHandler::install(printError);
 
     const QStringList words = wordsOf(argc, argv);
     const Command *command = findCommand(words.value(0));
     choosePlatform(words);
     const bool opensWindow = needsDisplay(command, words);
     const bool canOpen = hasDisplay(words);
-    const auto application = makeApplication(opensWindow && canOpen, argc, argv);
     if (opensWindow && !canOpen) {
-        return failure(i18n("There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set."));
+        // Qt takes its own options out of the command line on any platform; the rest can then be checked.
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    const auto application = makeApplication(opensWindow, argc, argv);
     if (command) {
-        return run(*command, QCoreApplication::arguments());
+        return run(*command, QCoreApplication::arguments(), canOpen);
     }
     if (isPlain(words)) {
-        return runPlain(QCoreApplication::arguments());
+        return runPlain(QCoreApplication::arguments(), canOpen);
     }
     return usageError(i18n("Unknown command '%1'.", words.constFirst()));
 }

@@ -13,6 +13,50 @@
 #include <QCoreApplication>
 #include <QFile>
 
+namespace
+{
+/** "ormel-users", or "ormel-users users" while that command runs. */
+QString &runningProgram()
+{
+    static QString name = QCoreApplication::applicationName();
+    return name;
+}
+
+bool isOptional(const QString &operand)
+{
+    return operand.startsWith(QLatin1Char('['));
+}
+
+bool isRepeated(const QString &operand)
+{
+    return operand.endsWith(QLatin1String("...]"));
+}
+
+/** The one operand of @p command that @p operands lacks, or one too many; Success when they are right. */
+int checkOperands(const QString &operand, const QStringList &operands)
+{
+    const int most = operand.isEmpty() ? 0 : 1;
+    if (operands.size() > most && !isRepeated(operand)) {
+        return usageError(i18n("Unexpected argument '%1'.", operands.at(most)));
+    }
+    if (operands.size() < most && !isOptional(operand)) {
+        return usageError(i18n("The argument %1 is missing.", operand));
+    }
+    return Success;
+}
+
+QString withDashes(const QString &option)
+{
+    return QLatin1String(option.size() > 1 ? "--" : "-") + option;
+}
+
+void printLine(const QString &program, const QString &message)
+{
+    const QString line = program + QLatin1String(": ") + VisibleText::fromText(message) + QLatin1Char('\n');
+    fputs(qPrintable(line), stderr);
+}
+}
+
 QList<QCommandLineOption> noOptions()
 {
     return {};
@@ -23,33 +67,45 @@ QCommandLineOption helpOption()
     return {{QStringLiteral("h"), QStringLiteral("help")}, i18n("Show this help.")};
 }
 
-int run(const Command &command, const QStringList &arguments)
+QString helpText(const QCommandLineParser &parser, const QString &usage)
+{
+    // The first line names the program by its path.
+    const QString line = i18n("Usage: %1", QCoreApplication::applicationName() + QLatin1Char(' ') + usage);
+    return line + QLatin1Char('\n') + parser.helpText().section(QLatin1Char('\n'), 1);
+}
+
+int run(const Command &command, const QStringList &arguments, bool hasDisplay)
 {
     const QString name = QString::fromLatin1(command.name);
     const QString operand = QString::fromLatin1(command.operand);
-    const QCommandLineOption help = helpOption();
+    runningProgram() = QCoreApplication::applicationName() + QLatin1Char(' ') + name;
     QCommandLineParser parser;
     parser.setApplicationDescription(command.summary.toString());
-    parser.addOption(help);
+    parser.addOption(helpOption());
     parser.addOptions(command.options());
-    parser.addPositionalArgument(
-        name, command.summary.toString(), QStringLiteral("%1 %2").arg(name, operand).trimmed());
 
-    if (!parser.parse(arguments)) {
-        return usageError(parser.errorText());
+    if (!parser.parse(arguments.mid(1))) {
+        return usageError(parser);
     }
-    if (parser.isSet(help)) {
-        return print(parser.helpText());
+    if (parser.isSet(helpOption())) {
+        return print(helpText(
+            parser,
+            i18nc("a command with its operand, as in 'users [options] [NAME...]'", "%1 [options] %2", name, operand)
+                .trimmed()));
     }
-    const QStringList operands = parser.positionalArguments().mid(1);
-    const int expected = operand.isEmpty() ? 0 : 1;
-    if (operands.size() > expected) {
-        return usageError(i18n("Unexpected argument '%1'.", operands.at(expected)));
+    const int operandStatus = checkOperands(operand, parser.positionalArguments());
+    if (operandStatus != Success) {
+        return operandStatus;
     }
-    if (operands.size() < expected && !operand.startsWith(QLatin1Char('['))) {
-        return usageError(i18n("The argument %1 is missing.", operand));
+    if (command.interface == Command::Interface::Window && !hasDisplay) {
+        return displayFailure();
     }
-    return command.run(parser, operands.value(0));
+    return command.run(parser, parser.positionalArguments().value(0));
+}
+
+int displayFailure()
+{
+    return failure(i18n("There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set."));
 }
 
 int print(const QByteArray &text)
@@ -68,9 +124,7 @@ int print(const QString &text)
 
 void printError(const QString &message)
 {
-    const QString line =
-        QCoreApplication::applicationName() + QLatin1String(": ") + VisibleText::fromText(message) + QLatin1Char('\n');
-    fputs(qPrintable(line), stderr);
+    printLine(QCoreApplication::applicationName(), message);
 }
 
 int failure(const QString &message)
@@ -81,7 +135,14 @@ int failure(const QString &message)
 
 int usageError(const QString &message)
 {
-    printError(message);
-    printError(i18n("Try '%1 --help'.", QCoreApplication::applicationName()));
+    printLine(runningProgram(), message);
+    printLine(runningProgram(), i18n("Try '%1 --help'.", runningProgram()));
     return UsageError;
+}
+
+int usageError(const QCommandLineParser &parser)
+{
+    const QStringList unknown = parser.unknownOptionNames();
+    return usageError(unknown.isEmpty() ? parser.errorText()
+                                        : i18n("There is no option '%1'.", withDashes(unknown.constFirst())));
 }

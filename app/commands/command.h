@@ -28,12 +28,13 @@ struct Command {
     enum class Interface { Terminal, Window };
 
     const char *name;
-    /** The word that follows the name: none, one that must be there ("NAME") or may be ("[FILE]"). */
+    /** What follows the name: nothing, a word that must be there ("NAME") or may be ("[FILE]"), or several
+     * ("[NAME...]"). */
     const char *operand;
     KLazyLocalizedString summary;
     Interface interface;
     QList<QCommandLineOption> (*options)();
-    /** Does the work and returns the exit status; @p operand is null when it was left out. */
+    /** Does the work and returns the exit status; @p operand is the first one, null when there is none. */
     int (*run)(const QCommandLineParser &options, const QString &operand);
 };
 
@@ -43,8 +44,17 @@ QList<QCommandLineOption> noOptions();
 /** --help, which every command has. */
 QCommandLineOption helpOption();
 
-/** Parses @p arguments, the whole command line, for @p command and runs it. */
-int run(const Command &command, const QStringList &arguments);
+/**
+ * Parses @p arguments, the whole command line, for @p command and runs it. Without @p hasDisplay, one
+ * that needs a window fails once its arguments are found to be right.
+ */
+int run(const Command &command, const QStringList &arguments, bool hasDisplay);
+
+/** Says that no window can be opened; Failure. */
+int displayFailure();
+
+/** The help of @p parser, with @p usage as the words that follow the name of the program. */
+QString helpText(const QCommandLineParser &parser, const QString &usage);
 
 /** Writes @p text to standard output; Failure, with a message, when that is not possible. */
 int print(const QByteArray &text);
@@ -56,7 +66,10 @@ void printError(const QString &message);
 /** Writes a message to standard error; Failure. */
 int failure(const QString &message);
 
-/** Says what is wrong with the command line, and where help is. */
+/** Says what is wrong with the command line, of which command, and where help is; UsageError. */
 int usageError(const QString &message);
+
+/** Says what @p parser does not understand; UsageError. */
+int usageError(const QCommandLineParser &parser);
 
 #endif

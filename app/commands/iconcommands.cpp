@@ -17,8 +17,6 @@
 
 namespace
 {
-constexpr int noPicture = 2;
-
 QString outputOption()
 {
     return QStringLiteral("output");
@@ -78,8 +76,7 @@ int pickIcon(const QCommandLineParser &options, const QString &file)
     }
     const QPixmap icon = dialog.selectedPixmap();
     if (icon.isNull()) {
-        printError(i18n("There is no picture to cut an icon out of."));
-        return noPicture;
+        return failure(i18n("No picture was chosen."));
     }
     return writeIcon(icon, output);
 }

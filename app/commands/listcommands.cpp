@@ -5,141 +5,200 @@
 
 #include "listcommands.h"
 
-#include "recordtext.h"
-#include "texttable.h"
-#include "visibletext.h"
-
-#include <GroupInfo>
-#include <UserInfo>
+#include "accountlisting.h"
+#include "findaccount.h"
+#include "groupcolumns.h"
+#include "readerror.h"
+#include "usercolumns.h"
 
 #include <KLocalizedString>
 
 #include <QCommandLineParser>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
+
+#include <algorithm>
 
 namespace
 {
-QString jsonOption()
+QString ordinaryOption()
 {
-    return QStringLiteral("json");
+    return QStringLiteral("ordinary");
 }
 
-/** The words for a truth value, translated once for all rows. */
-class YesOrNo
+QString systemOption()
 {
-public:
-    QString operator()(bool value) const
-    {
-        return value ? m_yes : m_no;
-    }
+    return QStringLiteral("system");
+}
 
-private:
-    const QString m_yes = i18n("yes");
-    const QString m_no = i18n("no");
+QString administratorsOption()
+{
+    return QStringLiteral("administrators");
+}
+
+bool isUserListed(const UserInfo &user, const QCommandLineParser &options)
+{
+    return (!options.isSet(ordinaryOption()) || !user.isSystem()) && (!options.isSet(systemOption()) || user.isSystem())
+        && (!options.isSet(administratorsOption()) || user.isOrmelAdmin());
+}
+
+bool isGroupListed(const GroupMembers &members, const QCommandLineParser &options)
+{
+    const bool isSystem = members.group.isSystem();
+    return (!options.isSet(ordinaryOption()) || !isSystem) && (!options.isSet(systemOption()) || isSystem);
+}
+
+/** Says which files cannot be read, if any; Success when all can. */
+int checkFiles()
+{
+    const QStringList errors = accountReadErrors();
+    for (const QString &error : errors) {
+        printError(error);
+    }
+    return errors.isEmpty() ? Success : Unreadable;
+}
+
+/** The users named, or all; a name that is nobody's makes @p status Failure. */
+QList<UserInfo> findUsers(const QStringList &names, int &status)
+{
+    if (names.isEmpty()) {
+        return UserInfo::getUsers();
+    }
+    QList<UserInfo> users;
+    for (const QString &name : names) {
+        const UserInfo user = FindAccount::user(name);
+        if (user.isEmpty()) {
+            status = failure(i18n("There is no user '%1'.", name));
+        } else {
+            users.append(user);
+        }
+    }
+    return users;
+}
+
+/** The groups named, or all; a name that is no group's makes @p status Failure. */
+QList<GroupMembers> findGroups(const QStringList &names, int &status)
+{
+    if (names.isEmpty()) {
+        return GroupMembers::ofAllGroups();
+    }
+    QList<GroupMembers> groups;
+    for (const QString &name : names) {
+        const GroupInfo group = FindAccount::group(name);
+        if (group.isEmpty()) {
+            status = failure(i18n("There is no group '%1'.", name));
+        } else {
+            groups.append(GroupMembers::of(group));
+        }
+    }
+    return groups;
+}
+
+/** The columns of a table, unless others are asked for: the long ones come last. */
+QStringList userTable()
+{
+    return {
+        QStringLiteral("name"),
+        QStringLiteral("fullName"),
+        QStringLiteral("uid"),
+        QStringLiteral("primaryGroup"),
+        QStringLiteral("admin"),
+        QStringLiteral("system"),
+        QStringLiteral("groups"),
+    };
+}
+
+QStringList groupTable()
+{
+    return {
+        QStringLiteral("name"),
+        QStringLiteral("gid"),
+        QStringLiteral("system"),
+        QStringLiteral("members"),
+    };
+}
+
+/** What lists of users and of groups differ in. */
+template<typename Record>
+struct Kind {
+    AccountColumns<Record> (*columns)();
+    QStringList (*tableColumns)();
+    QList<Record> (*find)(const QStringList &names, int &status);
+    bool (*isListed)(const Record &record, const QCommandLineParser &options);
 };
 
-QString joined(const QStringList &names)
-{
-    return RecordText::decode(names).join(QLatin1Char(','));
-}
-
-int printJson(const QJsonArray &array)
-{
-    return print(VisibleText::fromJson(QJsonDocument(array).toJson()));
-}
-
-QJsonObject toJson(const UserInfo &user)
-{
-    return {
-        {QStringLiteral("name"), RecordText::decode(user.name())},
-        {QStringLiteral("uid"), qint64(user.uid())},
-        {QStringLiteral("gid"), qint64(user.gid())},
-        {QStringLiteral("gecos"), user.gecos()},
-        {QStringLiteral("home"), RecordText::decode(user.home())},
-        {QStringLiteral("shell"), RecordText::decode(user.shell())},
-        {QStringLiteral("primaryGroup"), RecordText::decode(user.primaryGroup().name())},
-        {QStringLiteral("groups"), QJsonArray::fromStringList(RecordText::decode(user.groupNames()))},
-        {QStringLiteral("admin"), user.isOrmelAdmin()},
-        {QStringLiteral("system"), user.isSystem()},
-    };
-}
-
-QJsonObject toJson(const GroupInfo &group)
-{
-    return {
-        {QStringLiteral("name"), RecordText::decode(group.name())},
-        {QStringLiteral("gid"), qint64(group.gid())},
-        {QStringLiteral("members"), QJsonArray::fromStringList(RecordText::decode(group.users()))},
-        {QStringLiteral("system"), group.isSystem()},
-    };
-}
-
+/** JSON and CSV have all columns, unless some are asked for. */
 template<typename Record>
-QJsonArray toJson(const QList<Record> &records)
+int print(const QList<Record> &records,
+          const ListingFormat &format,
+          const AccountColumns<Record> &all,
+          const QStringList &tableColumns)
 {
-    QJsonArray array;
-    for (const Record &record : records) {
-        array.append(toJson(record));
+    const bool isTable = format.kind == ListingFormat::Table;
+    const QStringList usual = isTable ? tableColumns : columnIds(all);
+    const auto columns = chosenColumns(all, format.columns.isEmpty() ? usual : format.columns);
+    if (isTable) {
+        return printTable(records, columns);
     }
-    return array;
+    return format.kind == ListingFormat::Json ? printJson(records, columns) : printCsv(records, columns);
+}
+
+/** Prints the accounts that are asked for. */
+template<typename Record>
+int list(const QCommandLineParser &options, const Kind<Record> &kind)
+{
+    ListingFormat format;
+    const AccountColumns<Record> all = kind.columns();
+    const int usage = format.read(options, columnIds(all));
+    if (usage != Success) {
+        return usage;
+    }
+    const int files = checkFiles();
+    if (files != Success) {
+        return files;
+    }
+    int status = Success;
+    QList<Record> records = kind.find(options.positionalArguments(), status);
+    const auto end = std::remove_if(records.begin(), records.end(), [&options, &kind](const Record &record) {
+        return !kind.isListed(record, options);
+    });
+    records.erase(end, records.end());
+    const int printed = print(records, format, all, kind.tableColumns());
+    return printed == Success ? status : printed;
 }
 }
 
-QList<QCommandLineOption> listOptions()
+QList<QCommandLineOption> userListOptions()
 {
-    return {QCommandLineOption(jsonOption(), i18n("Print JSON instead of a table."))};
+    return QList<QCommandLineOption>{
+               {ordinaryOption(), i18n("List only ordinary users.")},
+               {systemOption(), i18n("List only system accounts.")},
+               {administratorsOption(), i18n("List only administrators.")},
+           }
+    + ListingFormat::options();
+}
+
+QList<QCommandLineOption> groupListOptions()
+{
+    return QList<QCommandLineOption>{
+               {ordinaryOption(), i18n("List only ordinary groups.")},
+               {systemOption(), i18n("List only system groups.")},
+           }
+    + ListingFormat::options();
 }
 
 int listUsers(const QCommandLineParser &options, const QString & /*operand*/)
 {
-    const QList<UserInfo> users = UserInfo::getUsers();
-    if (options.isSet(jsonOption())) {
-        return printJson(toJson(users));
+    const int kinds = int(options.isSet(ordinaryOption())) + int(options.isSet(systemOption()))
+        + int(options.isSet(administratorsOption()));
+    if (kinds > 1) {
+        return usageError(i18n("Only one of --ordinary, --system and --administrators can be given."));
     }
-    TextTable table({
-        {i18n("Name")},
-        {i18n("UID"), Qt::AlignRight},
-        {i18n("Primary group")},
-        {i18n("Groups")},
-        {i18n("Admin")},
-        {i18n("System")},
-    });
-    const YesOrNo yesOrNo;
-    for (const UserInfo &user : users) {
-        table.addRow({
-            RecordText::decode(user.name()),
-            QString::number(user.uid()),
-            RecordText::decode(user.primaryGroup().name()),
-            joined(user.groupNames()),
-            yesOrNo(user.isOrmelAdmin()),
-            yesOrNo(user.isSystem()),
-        });
-    }
-    return print(table.toString());
+    return list<UserInfo>(options, {userColumns, userTable, findUsers, isUserListed});
 }
 
 int listGroups(const QCommandLineParser &options, const QString & /*operand*/)
 {
-    const QList<GroupInfo> groups = GroupInfo::getGroups();
-    if (options.isSet(jsonOption())) {
-        return printJson(toJson(groups));
+    if (options.isSet(ordinaryOption()) && options.isSet(systemOption())) {
+        return usageError(i18n("Only one of --ordinary and --system can be given."));
     }
-    TextTable table({
-        {i18n("Name")},
-        {i18n("GID"), Qt::AlignRight},
-        {i18n("Members")},
-        {i18n("System")},
-    });
-    const YesOrNo yesOrNo;
-    for (const GroupInfo &group : groups) {
-        table.addRow({
-            RecordText::decode(group.name()),
-            QString::number(group.gid()),
-            joined(group.users()),
-            yesOrNo(group.isSystem()),
-        });
-    }
-    return print(table.toString());
+    return list<GroupMembers>(options, {groupColumns, groupTable, findGroups, isGroupListed});
 }

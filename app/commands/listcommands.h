@@ -8,12 +8,16 @@
 
 #include "command.h"
 
-QList<QCommandLineOption> listOptions();
+QList<QCommandLineOption> userListOptions();
+QList<QCommandLineOption> groupListOptions();
 
-/** Lists the accounts of /etc/passwd. */
+// Each prints the accounts with the names given, or all: Failure when there is none with one of the
+// names, Unreadable when the account files cannot be read.
+
+/** Lists users: those of /etc/passwd, unless names are given. */
 int listUsers(const QCommandLineParser &options, const QString &operand);
 
-/** Lists the groups of /etc/group. */
+/** Lists groups: those of /etc/group, unless names are given. */
 int listGroups(const QCommandLineParser &options, const QString &operand);
 
 #endif

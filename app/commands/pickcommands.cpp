@@ -35,6 +35,7 @@ QString singleOption()
     return QStringLiteral("single");
 }
 
+/** Prints the names; Failure, with a message, when there are none. */
 int printNames(const QStringList &names)
 {
     QString lines;
@@ -43,7 +44,7 @@ int printNames(const QStringList &names)
             lines += VisibleText::fromText(RecordText::decode(name)) + QLatin1Char('\n');
         }
     }
-    return print(lines);
+    return lines.isEmpty() ? failure(i18n("Nothing was chosen.")) : print(lines);
 }
 }
 
@@ -70,7 +71,7 @@ int pickUsers(const QCommandLineParser &options, const QString & /*operand*/)
     if (options.isSet(groupOption())) {
         group = FindAccount::group(options.value(groupOption()));
         if (group.isEmpty()) {
-            return usageError(i18n("There is no group '%1'.", options.value(groupOption())));
+            return failure(i18n("There is no group '%1'.", options.value(groupOption())));
         }
     }
     UserSelectDialog dialog(group, group.users());
@@ -84,7 +85,7 @@ int pickGroups(const QCommandLineParser &options, const QString & /*operand*/)
     if (options.isSet(userOption())) {
         user = FindAccount::user(options.value(userOption()));
         if (user.isEmpty()) {
-            return usageError(i18n("There is no user '%1'.", options.value(userOption())));
+            return failure(i18n("There is no user '%1'.", options.value(userOption())));
         }
     }
     const bool single = options.isSet(singleOption());

@@ -8,78 +8,16 @@
 #include <QFile>
 
 #include <array>
-#include <csignal>
-#include <cstdio>
+#include <cerrno>
+#include <cstring>
 
-#include <termios.h>
+#include <bsd/readpassphrase.h>
 #include <unistd.h>
 
 namespace
 {
-/** For the signal handler. */
-termios s_terminal;
-
-void restoreTerminalAndDie(int signal)
-{
-    tcsetattr(STDIN_FILENO, TCSAFLUSH, &s_terminal);
-    raise(signal);
-}
-
-/** Sets what a signal does while it lives, unless the signal is ignored. */
-class SignalAction
-{
-public:
-    SignalAction(int signal, void (*handler)(int))
-        : m_signal(signal)
-    {
-        struct sigaction action = {};
-        action.sa_handler = handler;
-        action.sa_flags = int(SA_RESETHAND);
-        sigaction(signal, nullptr, &m_previous);
-        if (m_previous.sa_handler != SIG_IGN) {
-            sigaction(signal, &action, nullptr);
-        }
-    }
-
-    ~SignalAction()
-    {
-        sigaction(m_signal, &m_previous, nullptr);
-    }
-
-private:
-    Q_DISABLE_COPY(SignalAction)
-
-    int m_signal;
-    struct sigaction m_previous = {};
-};
-
-/** Keeps the terminal from showing what is typed, also when the program is ended from outside. */
-class NoEcho
-{
-public:
-    NoEcho()
-    {
-        termios quiet = s_terminal;
-        quiet.c_lflag &= ~tcflag_t(ECHO);
-        quiet.c_lflag |= ECHONL;
-        tcsetattr(STDIN_FILENO, TCSAFLUSH, &quiet);
-    }
-
-    ~NoEcho()
-    {
-        tcsetattr(STDIN_FILENO, TCSAFLUSH, &s_terminal);
-    }
-
-private:
-    Q_DISABLE_COPY(NoEcho)
-
-    SignalAction m_hangup{SIGHUP, restoreTerminalAndDie};
-    SignalAction m_interrupt{SIGINT, restoreTerminalAndDie};
-    SignalAction m_quit{SIGQUIT, restoreTerminalAndDie};
-    SignalAction m_terminate{SIGTERM, restoreTerminalAndDie};
-    // The shell would switch the echo on, and going on would show the rest.
-    SignalAction m_stop{SIGTSTP, SIG_IGN};
-};
+/** A terminal takes no longer line. */
+using LineBuffer = std::array<char, 4096>;
 
 QByteArray readLine()
 {
@@ -94,14 +32,24 @@ QByteArray readLine()
     }
     return line.isEmpty() ? QByteArray() : line;
 }
+
+/** The end of the input cannot be told from an empty line, so neither is taken for a password. */
+QByteArray readTyped(const QString &prompt)
+{
+    LineBuffer buffer = {};
+    const QByteArray text = prompt.toLocal8Bit();
+    const char *typed = nullptr;
+    do {
+        typed = readpassphrase(text.constData(), buffer.data(), buffer.size(), RPP_ECHO_OFF);
+        // A signal that the program ignores interrupts the input all the same.
+    } while (!typed && errno == EINTR);
+    const QByteArray line = typed && *typed != '\0' ? QByteArray(typed) : QByteArray();
+    explicit_bzero(buffer.data(), buffer.size());
+    return line;
+}
 }
 
 QByteArray readPassword(const QString &prompt)
 {
-    if (tcgetattr(STDIN_FILENO, &s_terminal) != 0) {
-        return readLine();
-    }
-    const NoEcho noEcho;
-    fputs(qPrintable(prompt), stderr);
-    return readLine();
+    return isatty(STDIN_FILENO) ? readTyped(prompt) : readLine();
 }

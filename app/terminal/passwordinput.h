@@ -13,7 +13,7 @@ class QString;
 /**
  * Reads a line from standard input; on a terminal with @p prompt before and without echo.
  *
- * @return the line without its end; null when there is none.
+ * @return the line without its end; null when there is none, and for an empty line from a terminal.
  */
 QByteArray readPassword(const QString &prompt);
 

@@ -7,49 +7,76 @@
 
 #include "visibletext.h"
 
-#include <algorithm>
+#include <cstdlib>
+#include <memory>
+
+#include <libsmartcols.h>
 
 namespace
 {
-constexpr int widestColumn = 60;
+struct TableDeleter {
+    void operator()(libscols_table *table) const
+    {
+        scols_unref_table(table);
+    }
+};
+
+struct Freer {
+    void operator()(char *text) const
+    {
+        free(text);
+    }
+};
+
+/** The lines of @p text that are not blank, each with an end. */
+QString withoutBlanks(const QString &text)
+{
+    QString result;
+    const QStringList lines = text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (QString line : lines) {
+        while (line.endsWith(QLatin1Char(' '))) {
+            line.chop(1);
+        }
+        if (!line.isEmpty()) {
+            result += line + QLatin1Char('\n');
+        }
+    }
+    return result;
+}
 }
 
 TextTable::TextTable(const QVector<Column> &columns)
     : m_columns(columns)
-    , m_widths(columns.size())
 {
-    QStringList titles;
-    for (const Column &column : columns) {
-        titles.append(column.title);
-    }
-    addRow(titles);
 }
 
 void TextTable::addRow(const QStringList &cells)
 {
-    QStringList row;
-    row.reserve(cells.size());
-    for (int i = 0; i < cells.size(); ++i) {
-        row.append(VisibleText::fromText(cells.at(i)));
-        m_widths[i] = std::clamp(row.at(i).size(), m_widths.at(i), widestColumn);
-    }
-    m_rows.append(row);
+    m_rows.append(cells);
 }
 
 QString TextTable::toString() const
 {
-    QString text;
-    for (const QStringList &row : m_rows) {
-        QString line;
-        for (int i = 0; i < row.size(); ++i) {
-            const bool right = m_columns.at(i).alignment.testFlag(Qt::AlignRight);
-            line += right ? row.at(i).rightJustified(m_widths.at(i)) : row.at(i).leftJustified(m_widths.at(i));
-            line += QLatin1String("  ");
-        }
-        while (line.endsWith(QLatin1Char(' '))) {
-            line.chop(1);
-        }
-        text += line + QLatin1Char('\n');
+    const std::unique_ptr<libscols_table, TableDeleter> table(scols_new_table());
+    scols_table_set_column_separator(table.get(), "  ");
+    for (const Column &column : m_columns) {
+        const int flags =
+            (column.alignment.testFlag(Qt::AlignRight) ? SCOLS_FL_RIGHT : 0) | (column.wraps ? SCOLS_FL_WRAP : 0);
+        scols_table_new_column(table.get(), column.title.toLocal8Bit().constData(), 0, flags);
     }
-    return text;
+    for (const QStringList &row : m_rows) {
+        libscols_line *line = scols_table_new_line(table.get(), nullptr);
+        for (int i = 0; i < row.size(); ++i) {
+            const QByteArray cell = VisibleText::fromText(row.at(i)).toLocal8Bit();
+            scols_line_set_data(line, size_t(i), cell.constData());
+        }
+    }
+    if (m_rows.isEmpty()) {
+        // Without rows the library leaves out the titles.
+        scols_table_new_line(table.get(), nullptr);
+    }
+    char *text = nullptr;
+    scols_print_table_to_string(table.get(), &text);
+    const std::unique_ptr<char, Freer> owner(text);
+    return withoutBlanks(QString::fromLocal8Bit(text));
 }

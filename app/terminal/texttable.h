@@ -9,13 +9,15 @@
 #include <QStringList>
 #include <QVector>
 
-/** Rows of text in aligned columns. */
+/** Rows of text in aligned columns. Characters that are none are shown by signs. */
 class TextTable
 {
 public:
     struct Column {
         QString title;
         Qt::Alignment alignment = Qt::AlignLeft;
+        /** Whether cells may continue in further lines. */
+        bool wraps = true;
     };
 
     explicit TextTable(const QVector<Column> &columns);
@@ -23,16 +25,11 @@ public:
     /** Adds a row with one cell for each column. */
     void addRow(const QStringList &cells);
 
-    /**
-     * The title row and the rows below it, one a line. A very long cell pushes the rest of its own
-     * row to the right instead of widening its column. Characters that could steer a terminal are
-     * shown as visible signs.
-     */
+    /** The title row and the rows below it, on a terminal as wide as that. */
     QString toString() const;
 
 private:
     QVector<Column> m_columns;
-    QVector<int> m_widths;
     QVector<QStringList> m_rows;
 };
 

@@ -5,29 +5,14 @@
 
 #include "accountstore.h"
 
+#include "readerror.h"
+
 #include <GroupInfo>
 #include <GroupListModel>
 #include <UserListModel>
 
-#include <KLocalizedString>
-
-#include <QFile>
-
 namespace
 {
-/** The models tell nothing but that they are empty when a file cannot be read. */
-QString readError()
-{
-    QStringList errors;
-    for (const auto &path : {QStringLiteral("/etc/passwd"), QStringLiteral("/etc/group")}) {
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly)) {
-            errors.append(i18n("Cannot read '%1': %2", path, file.errorString()));
-        }
-    }
-    return errors.join(QLatin1Char('\n'));
-}
-
 /** A new model has read the accounts already. */
 template<typename Model>
 void readInto(Model *&model, QObject *parent)
@@ -50,7 +35,7 @@ void AccountStore::readLimits()
 
 void AccountStore::readUsers()
 {
-    m_accountsError = readError();
+    m_accountsError = accountReadErrors().join(QLatin1Char('\n'));
     readInto(m_users, this);
     if (m_usersBesideNewOne) {
         m_usersBesideNewOne->reload();
@@ -60,7 +45,7 @@ void AccountStore::readUsers()
 
 void AccountStore::readGroups()
 {
-    m_accountsError = readError();
+    m_accountsError = accountReadErrors().join(QLatin1Char('\n'));
     m_primaryMembers = GroupInfo::getPrimaryGroups();
     readInto(m_groups, this);
     Q_EMIT groupsRead();

@@ -4,20 +4,15 @@
 */
 
 #include "program.h"
+#include "terminalsession.h"
 
-#include <QElapsedTimer>
-#include <QFile>
 #include <QRegularExpression>
 #include <QTest>
 
 #include <csignal>
 
 #include <crypt.h>
-#include <poll.h>
-#include <pty.h>
 #include <sys/wait.h>
-#include <termios.h>
-#include <unistd.h>
 
 namespace
 {
@@ -32,8 +27,8 @@ Program::Result hash(const QByteArray &input, const QStringList &options = {}, c
 }
 
 /**
- * The hash by openssl of @p password with the salt of @p hash. For an empty password, which openssl refuses, the
- * hash by the C library.
+ * The hash that openssl makes of @p password with the salt of @p hash; openssl does not take an
+ * empty password, which the C library does.
  */
 QByteArray otherHash(const QByteArray &password, const QByteArray &hash)
 {
@@ -50,102 +45,6 @@ QByteArray otherHash(const QByteArray &password, const QByteArray &hash)
     };
     return Program::run(QStringLiteral("openssl"), arguments).output;
 }
-
-/** A shell command on its own terminal, by default the hash command. */
-class TerminalSession
-{
-public:
-    explicit TerminalSession(const char *command = "exec \"$0\" hash")
-    {
-        const QByteArray path = QFile::encodeName(program());
-        m_pid = forkpty(&m_terminal, nullptr, nullptr, nullptr);
-        if (m_pid == 0) {
-            execlp("bash", "bash", "-c", command, path.constData(), nullptr);
-            _exit(127);
-        }
-    }
-
-    ~TerminalSession()
-    {
-        if (m_pid > 0) {
-            ::kill(m_pid, SIGKILL);
-            waitpid(m_pid, nullptr, 0);
-        }
-        close(m_terminal);
-    }
-
-    bool hasStarted() const
-    {
-        return m_pid > 0;
-    }
-
-    /** Reads until @p text is shown. Returns false if the program ended or was silent for too long. */
-    bool waitFor(const QByteArray &text)
-    {
-        while (!m_shown.contains(text)) {
-            if (!read()) {
-                return false;
-            }
-        }
-        return true;
-    }
-
-    void type(const QByteArray &keys) const
-    {
-        if (::write(m_terminal, keys.constData(), size_t(keys.size())) != keys.size()) {
-            qFatal("Cannot write to the terminal");
-        }
-    }
-
-    bool echoes() const
-    {
-        termios settings = {};
-        tcgetattr(m_terminal, &settings);
-        return settings.c_lflag & tcflag_t(ECHO);
-    }
-
-    void kill(int signal) const
-    {
-        ::kill(m_pid, signal);
-    }
-
-    /** Waits for the end. Returns the status of waitpid(). */
-    int end()
-    {
-        while (read()) { }
-        int status = -1;
-        waitpid(m_pid, &status, 0);
-        m_pid = -1;
-        return status;
-    }
-
-    QByteArray shown() const
-    {
-        return m_shown;
-    }
-
-private:
-    Q_DISABLE_COPY(TerminalSession)
-
-    bool read()
-    {
-        pollfd descriptor = {m_terminal, POLLIN, 0};
-        char buffer[512];
-        if (poll(&descriptor, 1, 10000) <= 0) {
-            return false;
-        }
-        const ssize_t count = ::read(m_terminal, buffer, sizeof(buffer));
-        if (count <= 0) {
-            return false;
-        }
-        m_shown.append(buffer, int(count));
-        return true;
-    }
-
-    pid_t m_pid = -1;
-    int m_terminal = -1;
-    QByteArray m_shown;
-};
 }
 
 class HashCommandTest : public QObject
@@ -163,11 +62,13 @@ private Q_SLOTS:
     void failsWhenNotHashed();
 
     void doesNotShowWhatIsTyped();
-    void takesEmptyPasswordFromTerminal();
+    void takesNoEmptyPasswordFromTerminal_data();
+    void takesNoEmptyPasswordFromTerminal();
     void restoresTerminalOnSignals_data();
     void restoresTerminalOnSignals();
     void restoresTerminalOnInterruptKey();
-    void doesNotStopWhileTyping();
+    void canBeStoppedWhileTyping();
+    void leavesIgnoredSignalsIgnored();
 };
 
 void HashCommandTest::hashesFirstLine_data()
@@ -268,7 +169,7 @@ void HashCommandTest::failsWhenNotHashed()
 
 void HashCommandTest::doesNotShowWhatIsTyped()
 {
-    TerminalSession session;
+    TerminalSession session("exec \"$0\" hash");
     QVERIFY(session.hasStarted());
     QVERIFY(session.waitFor("Password: "));
     QVERIFY(!session.echoes());
@@ -286,14 +187,26 @@ void HashCommandTest::doesNotShowWhatIsTyped()
     QCOMPARE(otherHash("secret", hash).trimmed(), hash);
 }
 
-void HashCommandTest::takesEmptyPasswordFromTerminal()
+void HashCommandTest::takesNoEmptyPasswordFromTerminal_data()
 {
-    TerminalSession session;
+    QTest::addColumn<QByteArray>("keys");
+
+    QTest::newRow("line end") << QByteArray("\n");
+    QTest::newRow("end of input") << QByteArray("\x04");
+}
+
+void HashCommandTest::takesNoEmptyPasswordFromTerminal()
+{
+    QFETCH(QByteArray, keys);
+
+    TerminalSession session("exec \"$0\" hash");
     QVERIFY(session.waitFor("Password: "));
-    session.type("\n");
-    session.end();
-    const QByteArray hash = session.shown().split('\n').value(1).trimmed();
-    QCOMPARE(otherHash("", hash), QByteArray(hash + '\n'));
+    session.type(keys);
+    const int status = session.end();
+    QCOMPARE(WEXITSTATUS(status), 1);
+    QVERIFY(session.shown().contains("No password was given."));
+    QVERIFY(!session.shown().contains('$'));
+    QVERIFY(session.echoes());
 }
 
 void HashCommandTest::restoresTerminalOnSignals_data()
@@ -310,9 +223,10 @@ void HashCommandTest::restoresTerminalOnSignals()
 {
     QFETCH(int, signal);
 
-    TerminalSession session;
+    TerminalSession session("exec \"$0\" hash");
     QVERIFY(session.waitFor("Password: "));
     QVERIFY(!session.echoes());
+    QVERIFY(session.waitForSleep());
     session.kill(signal);
     const int status = session.end();
     QVERIFY(WIFSIGNALED(status));
@@ -322,8 +236,9 @@ void HashCommandTest::restoresTerminalOnSignals()
 
 void HashCommandTest::restoresTerminalOnInterruptKey()
 {
-    TerminalSession session;
+    TerminalSession session("exec \"$0\" hash");
     QVERIFY(session.waitFor("Password: "));
+    QVERIFY(session.waitForSleep());
     session.type("secr\x03");
     const int status = session.end();
     QVERIFY(WIFSIGNALED(status));
@@ -331,15 +246,38 @@ void HashCommandTest::restoresTerminalOnInterruptKey()
     QVERIFY(session.echoes());
 }
 
-void HashCommandTest::doesNotStopWhileTyping()
+void HashCommandTest::canBeStoppedWhileTyping()
 {
     // Only a job of a shell with job control can be stopped.
-    TerminalSession session("set -m; \"$0\" hash; exit $?");
+    TerminalSession session("set -m; \"$0\" hash; stty -a | grep -o ' echo '; echo stopped; fg; exit $?");
     QVERIFY(session.waitFor("Password: "));
-    session.type("sec\x1aret\n");
+    QVERIFY(session.waitForSleep());
+    session.type("sec\x1a");
+    QVERIFY(session.waitFor("stopped\r\n"));
+    QVERIFY(session.shown().contains(" echo \r\n"));
+    QVERIFY(session.waitFor("hash\r\nPassword: "));
+    QVERIFY(!session.echoes());
+    session.type("secret\n");
+    const int status = session.end();
+    QCOMPARE(WEXITSTATUS(status), 0);
+    const QByteArray hash = session.shown().trimmed().split('\n').last();
+    QCOMPARE(otherHash("secret", hash).trimmed(), hash);
+}
+
+void HashCommandTest::leavesIgnoredSignalsIgnored()
+{
+    TerminalSession session("trap '' HUP; exec \"$0\" hash");
+    QVERIFY(session.waitFor("Password: "));
+    QVERIFY(session.waitForSleep());
+    session.kill(SIGHUP);
+    // It asks again, as what was typed before is lost.
+    QVERIFY(session.waitFor("Password: \r\nPassword: "));
+    session.type("secret\n");
     const int status = session.end();
     QVERIFY(WIFEXITED(status));
-    QVERIFY(session.shown().contains("$6$"));
+    QCOMPARE(WEXITSTATUS(status), 0);
+    const QByteArray hash = session.shown().trimmed().split('\n').last();
+    QCOMPARE(otherHash("secret", hash).trimmed(), hash);
 }
 
 QTEST_GUILESS_MAIN(HashCommandTest)

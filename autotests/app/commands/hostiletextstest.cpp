@@ -197,13 +197,13 @@ void HostileTextsTest::readsNamesAsUtf8_data()
     const QString name = QStringLiteral(u"j\u00fcrg");
     const QString group = QStringLiteral(u"gr\u00f6\u00dfe");
     QTest::newRow("users") << QStringList{QStringLiteral("users")}
-                           << QByteArray("j\xc3\xbcrg  1000  gr\xc3\xb6\xc3\x9f"
+                           << QByteArray("j\xc3\xbcrg             1000  gr\xc3\xb6\xc3\x9f"
                                          "e");
     QTest::newRow("users in JSON") << QStringList{QStringLiteral("users"), QStringLiteral("--json")}
                                    << QByteArray("\"home\": \"/home/j\xc3\xbcrg\"");
     QTest::newRow("groups") << QStringList{QStringLiteral("groups")}
                             << QByteArray("gr\xc3\xb6\xc3\x9f"
-                                          "e         50  j\xc3\xbcrg");
+                                          "e         50  yes     j\xc3\xbcrg");
     QTest::newRow("limits of user") << QStringList{QStringLiteral("limits"), QStringLiteral("--user"), name}
                                     << QByteArray("4321");
     QTest::newRow("limits of group") << QStringList{QStringLiteral("limits"), QStringLiteral("--group"), group}
