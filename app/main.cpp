@@ -7,6 +7,7 @@
 #include "checkcommands.h"
 #include "command.h"
 #include "hashcommand.h"
+#include "hiddencommands.h"
 #include "iconcommands.h"
 #include "icons.h"
 #include "limitscommands.h"
@@ -25,6 +26,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 
 namespace
 {
@@ -188,6 +190,9 @@ int main(int argc, char **argv)
     MessageHandler::install(printError);
 
     const QStringList words = wordsOf(argc, argv);
+    if (const std::optional<int> status = runHiddenCommand(words.value(0), argc, argv)) {
+        return *status;
+    }
     const Command *command = findCommand(words.value(0));
     choosePlatform(words);
     const bool opensWindow = needsDisplay(command, words);

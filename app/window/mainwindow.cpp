@@ -6,90 +6,82 @@
 #include "mainwindow.h"
 
 #include "about.h"
-#include "accountlist.h"
 #include "accountstore.h"
 #include "choosepage.h"
 #include "groupspage.h"
+#include "history.h"
 #include "limitspage.h"
 #include "newaccountpage.h"
+#include "readingprogress.h"
+#include "recordlist.h"
+#include "rowactions.h"
 #include "userspage.h"
-#include "waitcursor.h"
+#include "visibletext.h"
 
-#include <KLazyLocalizedString>
 #include <KLocalizedString>
 
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
-#include <QLabel>
-#include <QLocale>
+#include <QHBoxLayout>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTabWidget>
-#include <QTime>
 #include <QTimer>
+#include <QToolButton>
 
 namespace
 {
-struct Step {
-    KLazyLocalizedString progress;
-    void (*read)(AccountStore &store);
-};
-
-// The limits come first, since the pages of accounts show them, too.
-const Step steps[] = {
-    {kli18n("Reading the limits…"), [](AccountStore &store) { store.readLimits(); }},
-    {kli18n("Reading the users…"), [](AccountStore &store) { store.readUsers(); }},
-    {kli18n("Reading the groups…"), [](AccountStore &store) { store.readGroups(); }},
-};
-constexpr int stepCount = std::size(steps);
+/** The arrows of a theme point to where they lead, in languages that are read from right to left as well. */
+QIcon arrow(bool back, const QWidget &widget)
+{
+    const bool left = back == (widget.layoutDirection() == Qt::LeftToRight);
+    const QIcon fallback = widget.style()->standardIcon(left ? QStyle::SP_ArrowLeft : QStyle::SP_ArrowRight);
+    return QIcon::fromTheme(left ? QStringLiteral("go-previous") : QStringLiteral("go-next"), fallback);
+}
 }
 
 MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
     , m_store(new AccountStore(this))
     , m_pages(new QTabWidget(this))
+    , m_history(new History(this))
     , m_pageActions(new QActionGroup(this))
-    , m_progress(new QLabel(steps[0].progress.toString(), this))
 {
     setWindowTitle(i18nc("@title name of the application", "Ormel Users"));
     resize(960, 700);
     m_pages->setObjectName(QStringLiteral("pages"));
     m_pages->setDocumentMode(true);
-    m_pages->setEnabled(false);
     setCentralWidget(m_pages);
-    m_progress->setObjectName(QStringLiteral("progress"));
-    statusBar()->addWidget(m_progress, 1);
+    statusBar()->addWidget(new ReadingProgress(m_store), 1);
     addPages();
     addMenus();
-}
-
-MainWindow::~MainWindow()
-{
-    if (m_reading) {
-        QApplication::restoreOverrideCursor();
-    }
+    addGoButtons();
+    connect(m_pages, &QTabWidget::currentChanged, this, &MainWindow::updatePage);
+    connect(m_store, &AccountStore::started, this, &MainWindow::updateReading);
+    connect(m_store, &AccountStore::ended, this, &MainWindow::updateReading);
+    connect(m_store, &AccountStore::ended, this, &MainWindow::reloaded);
+    connect(m_history, &History::changed, this, &MainWindow::updateGoing);
+    updatePage();
+    updateReading();
+    updateGoing();
 }
 
 void MainWindow::addPages()
 {
-    addPage(new UsersPage(m_store), "users", i18nc("@title:tab also in a menu", "&Users"));
-    addPage(new GroupsPage(m_store), "groups", i18nc("@title:tab also in a menu", "&Groups"));
-    addPage(new LimitsPage(m_store), "limits", i18nc("@title:tab also in a menu", "&Limits"));
-    auto *newAccount = new NewAccountPage;
-    // Its list is read when it is looked at: that may take long, and most often nobody does.
-    const auto listUsers = [=] {
-        if (m_pages->currentWidget() == newAccount && m_store->users()) {
-            const WaitCursor wait;
-            newAccount->setModel(m_store->usersBesideNewOne());
-        }
-    };
-    connect(m_pages, &QTabWidget::currentChanged, newAccount, listUsers);
-    connect(m_store, &AccountStore::usersRead, newAccount, listUsers);
-    connect(m_store, &AccountStore::usersRead, newAccount, &NewAccountPage::readRules);
-    addPage(newAccount, "new-account", i18nc("@title:tab also in a menu", "&New Account"));
+    m_usersPage = new UsersPage(m_store);
+    m_groupsPage = new GroupsPage(m_store);
+    m_limitsPage = new LimitsPage(m_store);
+    addPage(m_usersPage, "users", i18nc("@title:tab also in a menu", "&Users"));
+    addPage(m_groupsPage, "groups", i18nc("@title:tab also in a menu", "&Groups"));
+    addPage(m_limitsPage, "limits", i18nc("@title:tab also in a menu", "&Limits"));
+    addPage(new NewAccountPage(m_store), "new-account", i18nc("@title:tab also in a menu", "&New Account"));
     addPage(new ChoosePage, "choose", i18nc("@title:tab also in a menu", "&Choose"));
+    for (AccountPage *page : {m_usersPage, m_groupsPage}) {
+        connect(page, &AccountPage::followed, this, &MainWindow::follow);
+    }
 }
 
 void MainWindow::addPage(QWidget *page, const char *name, const QString &title)
@@ -107,6 +99,7 @@ void MainWindow::addPage(QWidget *page, const char *name, const QString &title)
 void MainWindow::addMenus()
 {
     addFileMenu();
+    addEditMenu();
     addViewMenu();
     addHelpMenu();
 }
@@ -114,11 +107,16 @@ void MainWindow::addMenus()
 void MainWindow::addFileMenu()
 {
     QMenu *menu = menuBar()->addMenu(i18nc("@title:menu", "&File"));
-    m_reloadAction = menu->addAction(QIcon::fromTheme(QStringLiteral("view-refresh")),
-                                     i18nc("@action:inmenu read the accounts again", "&Reload"),
-                                     this,
-                                     &MainWindow::reload,
-                                     QKeySequence::Refresh);
+    menu->addAction(QIcon::fromTheme(QStringLiteral("view-refresh")),
+                    i18nc("@action:inmenu read the accounts again", "&Reload"),
+                    this,
+                    &MainWindow::reload,
+                    QKeySequence::Refresh);
+    m_cancelAction = menu->addAction(QIcon::fromTheme(QStringLiteral("process-stop")),
+                                     i18nc("@action:inmenu stop reading the accounts", "&Cancel Reading"),
+                                     m_store,
+                                     &AccountStore::cancel,
+                                     QKeySequence(Qt::Key_Escape));
     menu->addSeparator();
     QAction *quit = menu->addAction(QIcon::fromTheme(QStringLiteral("application-exit")),
                                     i18nc("@action:inmenu", "&Quit"),
@@ -128,19 +126,56 @@ void MainWindow::addFileMenu()
     quit->setMenuRole(QAction::QuitRole);
 }
 
+void MainWindow::addEditMenu()
+{
+    m_editMenu = menuBar()->addMenu(i18nc("@title:menu", "&Edit"));
+}
+
 void MainWindow::addViewMenu()
 {
     QMenu *menu = menuBar()->addMenu(i18nc("@title:menu", "&View"));
     menu->addActions(m_pageActions->actions());
     menu->addSeparator();
-    m_filterAction = menu->addAction(
-        QIcon::fromTheme(QStringLiteral("view-filter")),
-        i18nc("@action:inmenu", "&Filter by Name"),
+    m_searchAction = menu->addAction(
+        QIcon::fromTheme(QStringLiteral("edit-find")),
+        i18nc("@action:inmenu", "&Search"),
         this,
-        [this] { currentList()->focusFilter(); },
+        [this] { currentList()->focusSearch(); },
         QKeySequence::Find);
-    connect(m_pages, &QTabWidget::currentChanged, this, &MainWindow::updateViewMenu);
-    updateViewMenu();
+    menu->addSeparator();
+    addGoActions(menu);
+}
+
+void MainWindow::addGoActions(QMenu *menu)
+{
+    m_backAction = menu->addAction(
+        arrow(true, *this),
+        i18nc("@action:inmenu", "&Back"),
+        this,
+        [this] { go(m_history->back(place())); },
+        QKeySequence::Back);
+    m_forwardAction = menu->addAction(
+        arrow(false, *this),
+        i18nc("@action:inmenu", "&Forward"),
+        this,
+        [this] { go(m_history->forward(place())); },
+        QKeySequence::Forward);
+}
+
+void MainWindow::addGoButtons()
+{
+    auto *buttons = new QWidget;
+    auto *layout = new QHBoxLayout(buttons);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    for (QAction *action : {m_backAction, m_forwardAction}) {
+        auto *button = new QToolButton;
+        button->setDefaultAction(action);
+        button->setAutoRaise(true);
+        button->setAccessibleName(KLocalizedString::removeAcceleratorMarker(action->text()));
+        layout->addWidget(button);
+    }
+    m_pages->setCornerWidget(buttons, Qt::TopLeftCorner);
 }
 
 void MainWindow::addHelpMenu()
@@ -153,10 +188,55 @@ void MainWindow::addHelpMenu()
         ->setMenuRole(QAction::AboutQtRole);
 }
 
-void MainWindow::updateViewMenu()
+void MainWindow::updatePage()
 {
     m_pageActions->actions().at(m_pages->currentIndex())->setChecked(true);
-    m_filterAction->setEnabled(currentList());
+    RecordList *list = currentList();
+    m_searchAction->setEnabled(list);
+    m_editMenu->clear();
+    if (list) {
+        m_editMenu->addActions(list->rowActions()->actions());
+    }
+    m_editMenu->menuAction()->setVisible(list);
+}
+
+void MainWindow::updateReading()
+{
+    m_cancelAction->setEnabled(m_store->isReading());
+}
+
+void MainWindow::updateGoing()
+{
+    m_backAction->setEnabled(m_history->canGoBack());
+    m_forwardAction->setEnabled(m_history->canGoForward());
+}
+
+AccountLink MainWindow::place() const
+{
+    const auto *page = qobject_cast<AccountPage *>(m_pages->currentWidget());
+    return page ? page->place() : AccountLink{AccountLink::Kind::Limit, QString()};
+}
+
+void MainWindow::follow(const AccountLink &link)
+{
+    m_history->follow(place(), link);
+    go(link);
+}
+
+void MainWindow::go(const AccountLink &link)
+{
+    if (link.kind == AccountLink::Kind::Limit) {
+        m_pages->setCurrentWidget(m_limitsPage);
+        return;
+    }
+    AccountPage *page = link.kind == AccountLink::Kind::User ? m_usersPage : m_groupsPage;
+    m_pages->setCurrentWidget(page);
+    if (!page->showAccount(link.name)) {
+        const QString name = VisibleText::isolated(link.name);
+        statusBar()->showMessage(page == m_usersPage ? i18n("There is no user '%1' in /etc/passwd.", name)
+                                                     : i18n("There is no group '%1' in /etc/group.", name));
+    }
+    page->list()->focusList();
 }
 
 QTabWidget *MainWindow::pages() const
@@ -164,15 +244,15 @@ QTabWidget *MainWindow::pages() const
     return m_pages;
 }
 
-AccountList *MainWindow::currentList() const
+RecordList *MainWindow::currentList() const
 {
-    return m_pages->currentWidget()->findChild<AccountList *>();
+    const auto *page = qobject_cast<AccountPage *>(m_pages->currentWidget());
+    return page ? page->list() : nullptr;
 }
 
 bool MainWindow::event(QEvent *event)
 {
     if (event->type() == QEvent::Paint && !m_started) {
-        m_started = true;
         QTimer::singleShot(0, this, &MainWindow::reload);
     }
     return QMainWindow::event(event);
@@ -180,44 +260,9 @@ bool MainWindow::event(QEvent *event)
 
 void MainWindow::reload()
 {
-    if (m_reading) {
-        return;
+    if (!m_started && currentList()) {
+        currentList()->focusList();
     }
     m_started = true;
-    m_reading = true;
-    m_reloadAction->setEnabled(false);
-    QApplication::setOverrideCursor(Qt::BusyCursor);
-    startStep(0);
-}
-
-void MainWindow::startStep(int step)
-{
-    if (step == stepCount) {
-        finishReading();
-        return;
-    }
-    m_progress->setText(steps[step].progress.toString());
-    QTimer::singleShot(0, this, [this, step] {
-        m_progress->repaint();
-        steps[step].read(*m_store);
-        startStep(step + 1);
-    });
-}
-
-void MainWindow::finishReading()
-{
-    m_reading = false;
-    m_reloadAction->setEnabled(true);
-    QApplication::restoreOverrideCursor();
-    const QString time = QLocale().toString(QTime::currentTime(), QLocale::ShortFormat);
-    m_progress->setText(i18nc("@info:status %1 is a time of day", "Read at %1", time));
-    if (!m_pages->isEnabled()) {
-        m_pages->setEnabled(true);
-        if (AccountList *list = currentList()) {
-            list->focusList();
-        } else {
-            m_pages->setFocus();
-        }
-    }
-    Q_EMIT reloaded();
+    m_store->read();
 }

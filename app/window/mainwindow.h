@@ -6,36 +6,34 @@
 #ifndef MAINWINDOW_H
 #define MAINWINDOW_H
 
+#include "accountlink.h"
+
 #include <QMainWindow>
 
-class AccountList;
+class AccountPage;
 class AccountStore;
+class History;
 class QAction;
 class QActionGroup;
-class QLabel;
+class QMenu;
 class QTabWidget;
+class RecordList;
 
-/**
- * The window of the application.
- *
- * Reading the accounts may take long and keeps the GUI thread busy. So the window is painted first,
- * and each part of the reading begins only when it is painted what is going to be read.
- */
+/** The window of the application. It can be used, and closed, while the accounts are being read. */
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
     explicit MainWindow(QWidget *parent = nullptr);
-    ~MainWindow() override;
 
-    /** Reads everything anew, part by part from the event loop. Does nothing while that goes on. */
+    /** Reads everything; from the beginning when that is going on already. */
     void reload();
 
     QTabWidget *pages() const;
 
 Q_SIGNALS:
-    /** Everything was read. */
+    /** Nothing is being read any more. */
     void reloaded();
 
 protected:
@@ -46,22 +44,33 @@ private:
     void addPage(QWidget *page, const char *name, const QString &title);
     void addMenus();
     void addFileMenu();
+    void addEditMenu();
     void addViewMenu();
+    void addGoActions(QMenu *menu);
     void addHelpMenu();
-    void updateViewMenu();
-    void startStep(int step);
-    void finishReading();
-    AccountList *currentList() const;
+    void addGoButtons();
+    void updatePage();
+    void updateReading();
+    void updateGoing();
+    AccountLink place() const;
+    void follow(const AccountLink &link);
+    void go(const AccountLink &link);
+    RecordList *currentList() const;
 
     AccountStore *const m_store;
     QTabWidget *const m_pages;
+    History *const m_history;
     QActionGroup *const m_pageActions;
-    QLabel *const m_progress;
-    QAction *m_reloadAction = nullptr;
-    QAction *m_filterAction = nullptr;
-    /** Whether the first reading is under way or done. The first paint begins it, if nobody did before. */
+    AccountPage *m_usersPage = nullptr;
+    AccountPage *m_groupsPage = nullptr;
+    QWidget *m_limitsPage = nullptr;
+    QMenu *m_editMenu = nullptr;
+    QAction *m_cancelAction = nullptr;
+    QAction *m_searchAction = nullptr;
+    QAction *m_backAction = nullptr;
+    QAction *m_forwardAction = nullptr;
+    /** Whether reading has begun. The first paint begins it, if nobody did before. */
     bool m_started = false;
-    bool m_reading = false;
 };
 
 #endif

@@ -5,12 +5,12 @@
 
 #include "windowstate.h"
 
-#include "accountlist.h"
 #include "mainwindow.h"
+#include "partsplitter.h"
+#include "recordlist.h"
 
 #include <QRegularExpression>
 #include <QSettings>
-#include <QSplitter>
 #include <QTabWidget>
 
 namespace
@@ -32,7 +32,7 @@ QString pageKey()
     return QStringLiteral("page");
 }
 
-QString splitterKey(const QSplitter &splitter)
+QString splitterKey(const PartSplitter &splitter)
 {
     return QStringLiteral("splitters/") + splitter.objectName();
 }
@@ -49,12 +49,12 @@ void WindowState::save(const MainWindow &window)
     Settings settings;
     settings.setValue(geometryKey(), window.saveGeometry());
     settings.setValue(pageKey(), window.pages()->currentIndex());
-    const auto splitters = parts<QSplitter>(window);
-    for (const QSplitter *splitter : splitters) {
-        settings.setValue(splitterKey(*splitter), splitter->saveState());
+    const auto splitters = parts<PartSplitter>(window);
+    for (const PartSplitter *splitter : splitters) {
+        settings.setValue(splitterKey(*splitter), splitter->saveBorders());
     }
-    const auto lists = parts<AccountList>(window);
-    for (const AccountList *list : lists) {
+    const auto lists = parts<RecordList>(window);
+    for (const RecordList *list : lists) {
         list->saveState(settings);
     }
 }
@@ -64,12 +64,12 @@ void WindowState::restore(MainWindow &window)
     const Settings settings;
     window.restoreGeometry(settings.value(geometryKey()).toByteArray());
     window.pages()->setCurrentIndex(settings.value(pageKey()).toInt());
-    const auto splitters = parts<QSplitter>(window);
-    for (QSplitter *splitter : splitters) {
-        splitter->restoreState(settings.value(splitterKey(*splitter)).toByteArray());
+    const auto splitters = parts<PartSplitter>(window);
+    for (PartSplitter *splitter : splitters) {
+        splitter->restoreBorders(settings.value(splitterKey(*splitter)).toByteArray());
     }
-    const auto lists = parts<AccountList>(window);
-    for (AccountList *list : lists) {
+    const auto lists = parts<RecordList>(window);
+    for (RecordList *list : lists) {
         list->restoreState(settings);
     }
 }

@@ -5,24 +5,79 @@
 
 #include "accountstore.h"
 
-#include "readerror.h"
+#include "changednames.h"
 
-#include <GroupInfo>
-#include <GroupListModel>
-#include <UserListModel>
+#include <KLocalizedString>
 
 namespace
 {
-/** A new model has read the accounts already. */
-template<typename Model>
-void readInto(Model *&model, QObject *parent)
+QStringList accountFiles()
 {
-    if (model) {
-        model->reload();
+    return {QStringLiteral("/etc/passwd"), QStringLiteral("/etc/group")};
+}
+
+QStringList limitsFiles()
+{
+    return {QStringLiteral("/etc/security/limits.conf"), QStringLiteral("/etc/security/limits.d")};
+}
+
+QString toString(const QVector<UnreadableFile> &files)
+{
+    QStringList lines;
+    for (const UnreadableFile &file : files) {
+        lines.append(i18n("Cannot read '%1': %2", file.path, file.reason));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+}
+
+AccountStore::AccountStore(QObject *parent, const AccountSource &source)
+    : QObject(parent)
+    , m_reader(source)
+    , m_accountFiles(accountFiles())
+    , m_limitsFiles(limitsFiles())
+{
+    connect(&m_reader, &AccountReader::groupsRead, this, &AccountStore::setGroups);
+    connect(&m_reader, &AccountReader::usersRead, this, &AccountStore::setUsers);
+    connect(&m_reader, &AccountReader::administratorsGroupFound, this, [this](bool found) {
+        m_hasAdministratorsGroup = found;
+    });
+    connect(&m_reader, &AccountReader::finished, this, [this](const QVector<UnreadableFile> &unreadable) {
+        end(toString(unreadable));
+    });
+    connect(&m_reader, &AccountReader::failed, this, &AccountStore::end);
+    connect(&m_accountFiles, &FileWatcher::changed, this, &AccountStore::readWhenIdle);
+    connect(&m_limitsFiles, &FileWatcher::changed, this, &AccountStore::readLimits);
+}
+
+void AccountStore::read()
+{
+    m_outdated = false;
+    m_reader.start();
+    Q_EMIT started();
+    readLimits();
+}
+
+/** Where the files change all the time, reading would never come to an end if it began again each time. */
+void AccountStore::readWhenIdle()
+{
+    if (isReading()) {
+        m_outdated = true;
     } else {
-        model = new Model(parent);
+        read();
     }
 }
+
+void AccountStore::cancel()
+{
+    m_reader.cancel();
+    m_outdated = false;
+    Q_EMIT ended();
+}
+
+bool AccountStore::isReading() const
+{
+    return m_reader.isReading();
 }
 
 void AccountStore::readLimits()
@@ -33,46 +88,67 @@ void AccountStore::readLimits()
     Q_EMIT limitsRead();
 }
 
-void AccountStore::readUsers()
+void AccountStore::setGroups(const QVector<GroupRecord> &groups)
 {
-    m_accountsError = accountReadErrors().join(QLatin1Char('\n'));
-    readInto(m_users, this);
-    if (m_usersBesideNewOne) {
-        m_usersBesideNewOne->reload();
-    }
-    Q_EMIT usersRead();
-}
-
-void AccountStore::readGroups()
-{
-    m_accountsError = accountReadErrors().join(QLatin1Char('\n'));
-    m_primaryMembers = GroupInfo::getPrimaryGroups();
-    readInto(m_groups, this);
+    m_changedGroups = m_hasGroups ? changedNames(m_groups, groups) : QSet<QString>();
+    m_groups = groups;
+    m_hasGroups = true;
     Q_EMIT groupsRead();
 }
 
-UserListModel *AccountStore::users() const
+void AccountStore::setUsers(const QVector<UserRecord> &users)
+{
+    m_changedUsers = m_hasUsers ? changedNames(m_users, users) : QSet<QString>();
+    m_users = users;
+    m_hasUsers = true;
+    Q_EMIT usersRead();
+}
+
+void AccountStore::end(const QString &error)
+{
+    m_accountsError = error;
+    if (error.isEmpty()) {
+        m_lastRead = QTime::currentTime();
+    }
+    Q_EMIT ended();
+    if (m_outdated) {
+        read();
+    }
+}
+
+const QVector<UserRecord> &AccountStore::users() const
 {
     return m_users;
 }
 
-GroupListModel *AccountStore::groups() const
+const QVector<GroupRecord> &AccountStore::groups() const
 {
     return m_groups;
 }
 
-UserListModel *AccountStore::usersBesideNewOne()
+const QSet<QString> &AccountStore::changedUsers() const
 {
-    if (!m_usersBesideNewOne) {
-        m_usersBesideNewOne = new UserListModel(this);
-        m_usersBesideNewOne->setFilter(UserListModel::All);
-    }
-    return m_usersBesideNewOne;
+    return m_changedUsers;
 }
 
-QStringList AccountStore::primaryMembers(const GroupInfo &group) const
+const QSet<QString> &AccountStore::changedGroups() const
 {
-    return m_primaryMembers.value(group.gid());
+    return m_changedGroups;
+}
+
+bool AccountStore::hasAdministratorsGroup() const
+{
+    return m_hasAdministratorsGroup;
+}
+
+QTime AccountStore::lastRead() const
+{
+    return m_lastRead;
+}
+
+const QString &AccountStore::accountsError() const
+{
+    return m_accountsError;
 }
 
 const LimitsParser &AccountStore::limits() const
@@ -83,11 +159,6 @@ const LimitsParser &AccountStore::limits() const
 const QList<LimitsFinding> &AccountStore::limitsFindings() const
 {
     return m_limitsFindings;
-}
-
-const QString &AccountStore::accountsError() const
-{
-    return m_accountsError;
 }
 
 const QString &AccountStore::limitsError() const

@@ -6,74 +6,98 @@
 #ifndef ACCOUNTSTORE_H
 #define ACCOUNTSTORE_H
 
+#include "accountreader.h"
+#include "accountrecords.h"
+#include "filewatcher.h"
 #include "limitschecker.h"
 
 #include <LimitsParser>
 
-#include <QHash>
 #include <QObject>
-
-class GroupInfo;
-class GroupListModel;
-class UserListModel;
+#include <QSet>
+#include <QTime>
 
 /**
- * What the pages show: the accounts and limits of the machine as they were last read.
- *
- * A list model reads the accounts as soon as it exists. There is none before readUsers() and
- * readGroups() are first called, so that a window can be painted before.
+ * What the pages show: the accounts and limits of the machine as they were last read. They are read again
+ * when their files change. What was read before stays until the new is there, and where it cannot be read.
  */
 class AccountStore : public QObject
 {
     Q_OBJECT
 
 public:
-    using QObject::QObject;
+    explicit AccountStore(QObject *parent = nullptr, const AccountSource &source = AccountSource::ownProgram());
 
+    /** Reads everything; from the beginning when that is going on already. */
+    void read();
+
+    /** Reads the limits alone, at once. */
     void readLimits();
-    void readUsers();
-    void readGroups();
 
-    /** The users; null before they are first read. */
-    UserListModel *users() const;
+    /** Stops reading. What was read before stays. */
+    void cancel();
 
-    /** The groups; null before they are first read. */
-    GroupListModel *groups() const;
+    bool isReading() const;
 
-    /**
-     * All users once more, for a list that gets the row of a new account. The first call reads them,
-     * later ones do not.
-     */
-    UserListModel *usersBesideNewOne();
+    /** The users in the order of their file. */
+    const QVector<UserRecord> &users() const;
 
-    /** The logins of the users whose primary group this is. */
-    QStringList primaryMembers(const GroupInfo &group) const;
+    /** The groups in the order of their file. */
+    const QVector<GroupRecord> &groups() const;
+
+    /** The users that were not there, or not the same, when they were read before. */
+    const QSet<QString> &changedUsers() const;
+    const QSet<QString> &changedGroups() const;
+
+    /** Whether there is a group whose members are administrators. */
+    bool hasAdministratorsGroup() const;
+
+    /** When everything was last read; invalid when it never was. */
+    QTime lastRead() const;
+
+    /** Why accounts could not be read when that was last tried; empty when they could. */
+    const QString &accountsError() const;
 
     const LimitsParser &limits() const;
 
     /** What is odd about the limits files. */
     const QList<LimitsFinding> &limitsFindings() const;
 
-    /** Why account files cannot be read, a line for each that cannot; empty when all can. */
-    const QString &accountsError() const;
-
     /** Why not all limits files could be read; empty when they could. */
     const QString &limitsError() const;
 
 Q_SIGNALS:
+    void started();
     void limitsRead();
-    void usersRead();
     void groupsRead();
+    void usersRead();
+
+    /** Nothing is being read any more: all was read, something could not be read, or reading was cancelled. */
+    void ended();
 
 private:
-    UserListModel *m_users = nullptr;
-    GroupListModel *m_groups = nullptr;
-    UserListModel *m_usersBesideNewOne = nullptr;
-    QHash<uint, QStringList> m_primaryMembers;
+    void readWhenIdle();
+    void setGroups(const QVector<GroupRecord> &groups);
+    void setUsers(const QVector<UserRecord> &users);
+    void end(const QString &error);
+
+    AccountReader m_reader;
+    FileWatcher m_accountFiles;
+    FileWatcher m_limitsFiles;
+    QVector<UserRecord> m_users;
+    QVector<GroupRecord> m_groups;
+    QSet<QString> m_changedUsers;
+    QSet<QString> m_changedGroups;
+    QTime m_lastRead;
+    QString m_accountsError;
     LimitsParser m_limits;
     QList<LimitsFinding> m_limitsFindings;
-    QString m_accountsError;
     QString m_limitsError;
+    bool m_hasAdministratorsGroup = true;
+    bool m_hasUsers = false;
+    bool m_hasGroups = false;
+    /** Whether the files have changed since reading began. */
+    bool m_outdated = false;
 };
 
 #endif

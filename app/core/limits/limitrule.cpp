@@ -5,9 +5,7 @@
 
 #include "limitrule.h"
 
-#include <GroupInfo>
 #include <LimitsParser>
-#include <UserInfo>
 
 #include <QRegularExpression>
 
@@ -70,20 +68,22 @@ QString everybody()
 }
 }
 
-QString LimitRule::domain(const LimitsParser &limits, const UserInfo &user, const QString &item)
+QString LimitRule::domain(const LimitsParser &limits, const User &user, const QString &item)
 {
-    QStringList domains{user.name()};
-    domains += groupDomains(user.groupNames(), item);
-    domains += userRangeDomain(limits, user.uid(), item);
-    domains += groupRangeDomain(limits, user.gid(), item);
-    domains += everybody();
+    QStringList domains{user.name};
+    if (user.name != QLatin1String("root")) {
+        domains += groupDomains(user.groups, item);
+        domains += userRangeDomain(limits, user.uid, item);
+        domains += groupRangeDomain(limits, user.gid, item);
+        domains += everybody();
+    }
     return firstWithRule(limits, domains, item);
 }
 
-QString LimitRule::domain(const LimitsParser &limits, const GroupInfo &group, const QString &item)
+QString LimitRule::domain(const LimitsParser &limits, const Group &group, const QString &item)
 {
-    QStringList domains = groupDomains({group.name()}, item);
-    domains += groupRangeDomain(limits, group.gid(), item);
+    QStringList domains = groupDomains({group.name}, item);
+    domains += groupRangeDomain(limits, group.gid, item);
     domains += everybody();
     return firstWithRule(limits, domains, item);
 }

@@ -6,17 +6,30 @@
 #ifndef LIMITRULE_H
 #define LIMITRULE_H
 
-#include <QString>
+#include <QStringList>
 
-class GroupInfo;
 class LimitsParser;
-class UserInfo;
 
-/** The domain of the rule from which LimitsParser::getItem() has its value, which must not be null. */
+/** Finds the rules from which LimitsParser::getItem() has its values, without a look at the accounts. */
 namespace LimitRule
 {
-QString domain(const LimitsParser &limits, const UserInfo &user, const QString &item);
-QString domain(const LimitsParser &limits, const GroupInfo &group, const QString &item);
+/** What counts of a user. */
+struct User {
+    QString name;
+    QStringList groups;
+    uint uid = 0;
+    uint gid = 0;
+};
+
+/** What counts of a group. */
+struct Group {
+    QString name;
+    uint gid = 0;
+};
+
+/** The domain of the rule that LimitsParser takes for @p item; null when there is none. */
+QString domain(const LimitsParser &limits, const User &user, const QString &item);
+QString domain(const LimitsParser &limits, const Group &group, const QString &item);
 }
 
 #endif

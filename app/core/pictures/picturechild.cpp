@@ -9,8 +9,6 @@
 #include "ownedfile.h"
 #include "smallpicture.h"
 
-#include <UserInfo>
-
 #include <QVector>
 
 #include <algorithm>
@@ -95,15 +93,15 @@ bool isWithin(const QSize &bounds, const QSize &inner)
 }
 }
 
-QStringList PictureChild::arguments(const UserInfo &user, const QSize &size)
+QStringList PictureChild::arguments(const PictureOwner &user, const QSize &size)
 {
     return {
         QString::fromLatin1(command),
         QString::number(size.width()),
         QString::number(size.height()),
-        QString::number(user.uid()),
-        QString::fromLatin1(user.home().toLatin1().toPercentEncoding("/")),
-        QString::fromLatin1(user.name().toLatin1().toPercentEncoding()),
+        QString::number(user.uid),
+        QString::fromLatin1(user.home.toPercentEncoding("/")),
+        QString::fromLatin1(user.name.toPercentEncoding()),
     };
 }
 

@@ -6,10 +6,16 @@
 #ifndef PICTURECHILD_H
 #define PICTURECHILD_H
 
+#include <QByteArray>
 #include <QImage>
 #include <QStringList>
 
-class UserInfo;
+/** Whose picture it is. Name and home are the bytes of the file. */
+struct PictureOwner {
+    QByteArray name;
+    QByteArray home;
+    uint uid = 0;
+};
 
 /**
  * The process that reads the picture of a user, so that whatever the file does to the decoder ends
@@ -18,7 +24,7 @@ class UserInfo;
 namespace PictureChild
 {
 /** Arguments to start it with, for a picture of about @p size in pixels. */
-QStringList arguments(const UserInfo &user, const QSize &size);
+QStringList arguments(const PictureOwner &user, const QSize &size);
 
 /** Whether a process was started with such arguments. */
 bool isWanted(int argc, const char *const *argv);

@@ -31,7 +31,7 @@ UserPicture::~UserPicture()
     cancel();
 }
 
-void UserPicture::find(const UserInfo &user, const QSize &size)
+void UserPicture::find(const PictureOwner &user, const QSize &size)
 {
     cancel();
     m_size = size;

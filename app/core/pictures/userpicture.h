@@ -13,7 +13,7 @@
 
 class QImage;
 class QTimer;
-class UserInfo;
+struct PictureOwner;
 
 /**
  * Finds the picture that a user has: ~/.face, ~/.face.icon, or what desktops keep for the user. The
@@ -28,7 +28,7 @@ public:
     ~UserPicture() override;
 
     /** Finds the picture of @p user. found() follows, unless another call comes before. */
-    void find(const UserInfo &user, const QSize &size);
+    void find(const PictureOwner &user, const QSize &size);
 
     /** Forgets what was to be found. */
     void cancel();

@@ -43,7 +43,7 @@ ChooseBox::Texts userTexts()
         i18nc("@action:button choose a user", "Bro&wse…"),
         i18nc("@info:tooltip", "Choose a user"),
         i18nc("@action:button", "Choose Grou&ps…"),
-        i18nc("@label:textbox groups of a user", "Chos&en:"),
+        i18nc("@label:textbox groups of a user", "&Chosen:"),
         chosenGroups({}),
     };
 }

@@ -5,58 +5,63 @@
 
 #include "groupspage.h"
 
-#include "accountlist.h"
-#include "accountstore.h"
-#include "details.h"
+#include "groupdetails.h"
+#include "groupmodel.h"
 #include "limitsview.h"
-#include "pagelayout.h"
-#include "table.h"
-
-#include <GroupInfo>
-#include <GroupListModel>
+#include "memberlist.h"
+#include "recordview.h"
 
 #include <KLocalizedString>
 
-#include <QIcon>
-#include <QLabel>
-#include <QSet>
 #include <QVBoxLayout>
 
 namespace
 {
-QVector<AccountList::Filter> filters()
+RecordList *createList(GroupModel *model)
 {
-    return {
-        {i18nc("@item:inlistbox", "All groups"), GroupListModel::All},
-        {i18nc("@item:inlistbox", "Ordinary groups"), GroupListModel::Ordinary},
-        {i18nc("@item:inlistbox", "System groups"), GroupListModel::System},
+    RecordList::Texts texts;
+    texts.name = i18nc("@title of a list", "Groups");
+    // In the order of GroupModel::Filter.
+    texts.filters = QStringList({
+        i18nc("@item:inlistbox", "All groups"),
+        i18nc("@item:inlistbox", "Ordinary groups"),
+        i18nc("@item:inlistbox", "System groups"),
+    });
+    texts.noMatch = [] { return i18n("No group matches."); };
+    texts.count = [](int shown, int total) {
+        return shown == total
+            ? i18np("%1 group", "%1 groups", total)
+            : i18ncp("@info how many of all groups are shown", "%2 of %1 group", "%2 of %1 groups", total, shown);
     };
+    auto *list = new RecordList(QStringLiteral("groupList"), model, texts);
+    RecordView *view = list->view();
+    view->setShownColumns(
+        {GroupModel::NameColumn, GroupModel::GidColumn, GroupModel::MemberCountColumn, GroupModel::KindColumn});
+    // Ordinary groups first.
+    view->sortByColumn(GroupModel::KindColumn, Qt::AscendingOrder);
+    return list;
 }
 }
 
 GroupsPage::GroupsPage(AccountStore *store, QWidget *parent)
-    : QWidget(parent)
-    , m_store(store)
-    , m_list(new AccountList(i18nc("@title of a list", "Groups"), filters(), this))
-    , m_details(new Details(48, this))
-    , m_system(m_details->addMark(i18nc("@info mark of a group", "System group")))
-    , m_gid(m_details->addField(i18nc("@label the number of a group", "GID:")))
-    , m_members(new Table(i18nc("@title of a list", "Members"),
-                          {
-                              i18nc("@title:column of a group", "Member"),
-                              i18nc("@title:column how a user is in a group", "Membership"),
-                          },
-                          this))
-    , m_membersTitle(m_members->createTitleLabel())
+    : GroupsPage(store, new GroupModel, parent)
+{
+}
+
+GroupsPage::GroupsPage(AccountStore *store, GroupModel *model, QWidget *parent)
+    : AccountPage(store, AccountLink::Kind::Group, createList(model), parent)
+    , m_model(model)
+    , m_details(new GroupDetails(this))
+    , m_members(new MemberList(this))
     , m_limits(new LimitsView(this))
 {
-    m_list->setObjectName(QStringLiteral("groupList"));
-    m_system->setObjectName(QStringLiteral("systemMark"));
-    m_members->setObjectName(QStringLiteral("membersTable"));
-    PageLayout::arrange(this, m_list, {createGroupPart(), m_limits});
-    showGroup(QModelIndex());
-    connect(m_list, &AccountList::currentChanged, this, &GroupsPage::showGroup);
-    connect(m_store, &AccountStore::groupsRead, this, &GroupsPage::showAll);
+    m_model->setParent(this);
+    arrange({createGroupPart(), m_limits});
+    showRecord(-1);
+    connect(m_members, &MemberList::followed, this, &AccountPage::followed);
+    connect(store, &AccountStore::groupsRead, this, &GroupsPage::showGroups);
+    connect(store, &AccountStore::usersRead, this, &GroupsPage::showMembers);
+    connect(store, &AccountStore::limitsRead, this, &GroupsPage::showLimits);
 }
 
 QWidget *GroupsPage::createGroupPart()
@@ -65,52 +70,42 @@ QWidget *GroupsPage::createGroupPart()
     auto *layout = new QVBoxLayout(part);
     layout->setContentsMargins({});
     layout->addWidget(m_details);
-    layout->addWidget(m_membersTitle);
     layout->addWidget(m_members, 1);
     return part;
 }
 
-void GroupsPage::showAll()
+void GroupsPage::showGroups()
 {
-    m_list->setError(m_store->accountsError());
-    m_list->setModel(m_store->groups());
+    m_model->setNews(store()->changedGroups());
+    m_model->setGroups(store()->groups());
 }
 
-void GroupsPage::showGroup(const QModelIndex &index)
+void GroupsPage::showRecord(int record)
 {
-    const GroupInfo *group = m_store->groups() ? m_store->groups()->group(index) : nullptr;
-    const bool known = group && !group->isEmpty();
-    m_details->setEnabled(known);
-    showDetails(known ? *group : GroupInfo());
-    showMembers(known ? *group : GroupInfo());
-    if (known) {
-        m_limits->show(*group, m_store->limits(), m_store->limitsError());
-    } else {
+    if (record == -1) {
+        m_details->showNoGroup();
+        m_members->clear();
         m_limits->clear();
+        return;
+    }
+    m_details->showGroup(m_model->group(record));
+    showMembers();
+    showLimits();
+}
+
+void GroupsPage::showMembers()
+{
+    const int record = list()->view()->currentRecord();
+    if (record != -1) {
+        m_members->showMembers(m_model->group(record), store()->users());
     }
 }
 
-void GroupsPage::showDetails(const GroupInfo &group)
+void GroupsPage::showLimits()
 {
-    const bool known = !group.isEmpty();
-    m_details->setTitle(known ? group.name() : i18n("No group is selected"));
-    const QIcon icon = QIcon::fromTheme(group.isSystem() ? QStringLiteral("group-system") : QStringLiteral("group"));
-    m_details->setPicture(known ? icon.pixmap(m_details->pictureSize()) : QPixmap());
-    m_system->setVisible(known && group.isSystem());
-    Details::setText(*m_gid, known ? QString::number(group.gid()) : QString());
-}
-
-void GroupsPage::showMembers(const GroupInfo &group)
-{
-    const QStringList primary = m_store->primaryMembers(group);
-    const QSet<QString> primaryMembers(primary.begin(), primary.end());
-    const QString primaryGroup = i18nc("@item how a user is in a group", "Primary group");
-    const QString member = i18nc("@item how a user is in a group", "Member");
-    QList<QTreeWidgetItem *> rows;
-    const QStringList &users = group.users();
-    for (const QString &user : users) {
-        rows.append(Table::row({{user, {}}, {primaryMembers.contains(user) ? primaryGroup : member, {}}}));
+    const int record = list()->view()->currentRecord();
+    if (record != -1) {
+        const GroupRecord &group = m_model->group(record);
+        m_limits->show(LimitRule::Group{group.name, group.gid}, store()->limits(), store()->limitsError());
     }
-    m_membersTitle->setText(i18np("%1 &member", "%1 &members", rows.size()));
-    m_members->setRows(rows);
 }

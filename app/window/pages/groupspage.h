@@ -6,38 +6,34 @@
 #ifndef GROUPSPAGE_H
 #define GROUPSPAGE_H
 
-#include <QWidget>
+#include "accountpage.h"
 
-class AccountList;
-class AccountStore;
-class Details;
-class GroupInfo;
+class GroupDetails;
+class GroupModel;
 class LimitsView;
-class QLabel;
-class Table;
+class MemberList;
 
 /** The groups of the machine, and all there is to know of one of them. */
-class GroupsPage : public QWidget
+class GroupsPage : public AccountPage
 {
     Q_OBJECT
 
 public:
     explicit GroupsPage(AccountStore *store, QWidget *parent = nullptr);
 
-private:
-    QWidget *createGroupPart();
-    void showAll();
-    void showGroup(const QModelIndex &index);
-    void showDetails(const GroupInfo &group);
-    void showMembers(const GroupInfo &group);
+protected:
+    void showRecord(int record) override;
 
-    AccountStore *const m_store;
-    AccountList *const m_list;
-    Details *const m_details;
-    QLabel *const m_system;
-    QLabel *const m_gid;
-    Table *const m_members;
-    QLabel *const m_membersTitle;
+private:
+    GroupsPage(AccountStore *store, GroupModel *model, QWidget *parent);
+    QWidget *createGroupPart();
+    void showGroups();
+    void showMembers();
+    void showLimits();
+
+    GroupModel *const m_model;
+    GroupDetails *const m_details;
+    MemberList *const m_members;
     LimitsView *const m_limits;
 };
 

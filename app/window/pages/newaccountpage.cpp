@@ -5,29 +5,28 @@
 
 #include "newaccountpage.h"
 
+#include "accountstore.h"
 #include "chosennames.h"
 #include "contentarea.h"
 #include "formrow.h"
 #include "inputcheck.h"
-#include "lefttoright.h"
 #include "notelabel.h"
 #include "passwordhashbox.h"
 #include "waitcursor.h"
 
 #include <GroupSelectDialog>
 #include <UserIconDialog>
-#include <UserListModel>
 #include <UserUtils>
 
 #include <KLocalizedString>
 
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTreeView>
+
+#include <algorithm>
 
 namespace
 {
@@ -81,8 +80,9 @@ void check(const Field &field, const QValidator *validator, Note *noteOn)
 }
 }
 
-NewAccountPage::NewAccountPage(QWidget *parent)
+NewAccountPage::NewAccountPage(AccountStore *store, QWidget *parent)
     : QWidget(parent)
+    , m_store(store)
     , m_picture(UserUtils::getRandomUserIcon(false))
     , m_userNameValidator(UserUtils::createUserNameValidator(nullptr))
 {
@@ -102,8 +102,8 @@ NewAccountPage::NewAccountPage(QWidget *parent)
     scrollArea->setWidget(contents);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(scrollArea, 3);
-    layout->addWidget(createUserList(), 2);
+    layout->addWidget(scrollArea);
+    connect(m_store, &AccountStore::usersRead, this, &NewAccountPage::readRules);
 }
 
 NewAccountPage::~NewAccountPage() = default;
@@ -113,7 +113,7 @@ void NewAccountPage::addNames(QFormLayout *form)
     const Field user = addField(form, QStringLiteral("userNameEdit"), i18nc("@label:textbox", "User n&ame:"));
     m_userNameEdit = user.edit;
     m_userNameNote = user.note;
-    connect(m_userNameEdit, &QLineEdit::textChanged, this, &NewAccountPage::changeUserName);
+    connect(m_userNameEdit, &QLineEdit::textChanged, this, &NewAccountPage::checkUserName);
     const Field group = addField(form, QStringLiteral("groupNameEdit"), i18nc("@label:textbox", "Grou&p name:"));
     check(group, UserUtils::createGroupNameValidator(this), nameNote);
 }
@@ -127,7 +127,7 @@ void NewAccountPage::addGecos(QFormLayout *form)
         {QStringLiteral("fullNameEdit"), i18nc("@label:textbox", "Full na&me:")},
         {QStringLiteral("roomEdit"), i18nc("@label:textbox", "&Room:")},
         {QStringLiteral("workPhoneEdit"), i18nc("@label:textbox", "&Work phone:")},
-        {QStringLiteral("homePhoneEdit"), i18nc("@label:textbox", "Hom&e phone:")},
+        {QStringLiteral("homePhoneEdit"), i18nc("@label:textbox", "Home pho&ne:")},
         {QStringLiteral("otherEdit"), i18nc("@label:textbox other data about a person", "&Other:")},
     };
     QValidator *validator = UserUtils::createGecosValidator(this);
@@ -163,78 +163,20 @@ void NewAccountPage::addGroups(QFormLayout *form)
     addRow(form, i18nc("@label", "Groups:"), {button}, m_groupsLabel);
 }
 
-QWidget *NewAccountPage::createUserList()
-{
-    m_usersView = new QTreeView;
-    m_usersView->setObjectName(QStringLiteral("usersView"));
-    m_usersView->setAccessibleName(i18nc("@info:whatsthis name of a list", "Existing users"));
-    m_usersView->setRootIsDecorated(false);
-    m_usersView->setItemsExpandable(false);
-    m_usersView->setUniformRowHeights(true);
-    m_usersView->setAllColumnsShowFocus(true);
-    m_usersView->setItemDelegate(new LeftToRight::Delegate(m_usersView));
-    m_usersView->header()->setStretchLastSection(false);
-    m_usersView->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-
-    auto *label = new QLabel(i18nc("@label:listbox", "E&xisting users:"));
-    label->setBuddy(m_usersView);
-    auto *list = new QWidget;
-    auto *layout = new QVBoxLayout(list);
-    layout->addWidget(label);
-    layout->addWidget(m_usersView);
-    return list;
-}
-
 void NewAccountPage::readRules()
 {
     m_userNameValidator.reset(UserUtils::createUserNameValidator(nullptr));
     checkUserName();
 }
 
-void NewAccountPage::setModel(UserListModel *users)
-{
-    if (m_users) {
-        m_users->disconnect(this);
-    }
-    m_users = users;
-    m_usersView->setModel(users);
-    if (!users) {
-        return;
-    }
-    m_usersView->header()->setSectionResizeMode(UserListModel::NameColumn, QHeaderView::Stretch);
-    // A reset takes the row of the new user away. Other views learn of the reset first.
-    connect(users, &UserListModel::modelReset, this, &NewAccountPage::showNewUser, Qt::QueuedConnection);
-    showNewUser();
-}
-
-void NewAccountPage::showEvent(QShowEvent *event)
-{
-    QWidget::showEvent(event);
-    showNewUser();
-}
-
-void NewAccountPage::changeUserName(const QString &name)
-{
-    if (m_users && name.isEmpty()) {
-        m_users->applyFilter();
-    }
-    checkUserName();
-    showNewUser();
-}
-
 void NewAccountPage::checkUserName()
 {
-    m_userNameNote->setNote(nameNote(*m_userNameValidator, m_userNameEdit->text()));
-}
-
-void NewAccountPage::showNewUser()
-{
     const QString name = m_userNameEdit->text();
-    if (m_users && isVisible() && !name.isEmpty()) {
-        const QModelIndex index = m_users->setNewUserName(name);
-        m_usersView->setCurrentIndex(index);
-        m_usersView->scrollTo(index);
-    }
+    const QVector<UserRecord> &users = m_store->users();
+    const bool taken =
+        std::any_of(users.begin(), users.end(), [&name](const UserRecord &user) { return user.name == name; });
+    m_userNameNote->setNote(taken ? i18n("There is already a user of this name.")
+                                  : nameNote(*m_userNameValidator, name));
 }
 
 void NewAccountPage::choosePicture()

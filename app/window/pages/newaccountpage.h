@@ -7,20 +7,18 @@
 #define NEWACCOUNTPAGE_H
 
 #include <QPixmap>
-#include <QPointer>
 #include <QStringList>
 #include <QWidget>
 
 #include <memory>
 
+class AccountStore;
 class NoteLabel;
 class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QTreeView;
 class QValidator;
-class UserListModel;
 
 /** Everything that is asked for a new account, checked as it is typed. Creates nothing. */
 class NewAccountPage : public QWidget
@@ -28,37 +26,24 @@ class NewAccountPage : public QWidget
     Q_OBJECT
 
 public:
-    explicit NewAccountPage(QWidget *parent = nullptr);
+    explicit NewAccountPage(AccountStore *store, QWidget *parent = nullptr);
     ~NewAccountPage() override;
-
-    /** Reads anew which user names are allowed. */
-    void readRules();
-
-    /**
-     * Lists @p users, which stay the caller's, and a row for the new account while its name is typed.
-     * The page applies the filter of the model to take that row out again.
-     */
-    void setModel(UserListModel *users);
-
-protected:
-    void showEvent(QShowEvent *event) override;
 
 private:
     void addNames(QFormLayout *form);
     void addGecos(QFormLayout *form);
     void addPicture(QFormLayout *form);
     void addGroups(QFormLayout *form);
-    QWidget *createUserList();
 
-    void changeUserName(const QString &name);
+    /** Reads again which user names are allowed. */
+    void readRules();
     void checkUserName();
-    void showNewUser();
     void choosePicture();
     void showPicture();
     void chooseGroups();
     void showGroups();
 
-    QPointer<UserListModel> m_users;
+    AccountStore *const m_store;
     QPixmap m_picture;
     QStringList m_groups;
     std::unique_ptr<QValidator> m_userNameValidator;
@@ -66,7 +51,6 @@ private:
     NoteLabel *m_userNameNote;
     QPushButton *m_pictureButton;
     QLabel *m_groupsLabel;
-    QTreeView *m_usersView;
 };
 
 #endif

@@ -6,53 +6,31 @@
 #ifndef USERSPAGE_H
 #define USERSPAGE_H
 
-#include <UserInfo>
+#include "accountpage.h"
 
-#include <QWidget>
-
-class AccountList;
-class AccountStore;
-class Details;
 class LimitsView;
-class QImage;
-class QLabel;
-class QTimer;
-class UserPicture;
+class UserDetails;
+class UserModel;
 
 /** The users of the machine, and all there is to know of one of them. */
-class UsersPage : public QWidget
+class UsersPage : public AccountPage
 {
     Q_OBJECT
 
 public:
     explicit UsersPage(AccountStore *store, QWidget *parent = nullptr);
 
-private:
-    void addFields();
-    void showAll();
-    void showUser(const QModelIndex &index);
-    void showDetails(const UserInfo &user);
-    void showPictureSoon(const UserInfo &user);
-    void findPicture();
-    void showPicture(QImage picture);
+protected:
+    void showRecord(int record) override;
 
-    AccountStore *const m_store;
-    AccountList *const m_list;
-    Details *const m_details;
+private:
+    UsersPage(AccountStore *store, UserModel *model, QWidget *parent);
+    void showUsers();
+    void showLimits();
+
+    UserModel *const m_model;
+    UserDetails *const m_details;
     LimitsView *const m_limits;
-    UserPicture *const m_picture;
-    /** Whose picture is still to be shown. */
-    UserInfo m_userToPicture;
-    QTimer *const m_pictureTimer;
-    QLabel *m_administrator = nullptr;
-    QLabel *m_system = nullptr;
-    QVector<QLabel *> m_gecos;
-    QLabel *m_home = nullptr;
-    QLabel *m_shell = nullptr;
-    QLabel *m_uid = nullptr;
-    QLabel *m_gid = nullptr;
-    QLabel *m_primaryGroup = nullptr;
-    QLabel *m_groups = nullptr;
 };
 
 #endif

@@ -6,55 +6,20 @@
 #include "details.h"
 
 #include "lefttoright.h"
+#include "linelabel.h"
+#include "linklabel.h"
 #include "pagelayout.h"
-#include "plaintext.h"
+#include "visibletext.h"
 
-#include <KSqueezedTextLabel>
-
-#include <QClipboard>
 #include <QFormLayout>
-#include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QHelpEvent>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QToolTip>
 
 namespace
 {
 /** How wide the details stay, in characters. */
 constexpr int minCharacters = 40;
 
-/** A label that cuts text short, with a tool tip that takes the text for what it is. Copied, it is whole. */
-class LineLabel : public KSqueezedTextLabel
-{
-public:
-    explicit LineLabel(QWidget *parent)
-        : KSqueezedTextLabel(parent)
-    {
-        setTextElideMode(Qt::ElideMiddle);
-    }
-
-protected:
-    bool event(QEvent *event) override
-    {
-        if (event->type() != QEvent::ToolTip || !isSqueezed()) {
-            return KSqueezedTextLabel::event(event);
-        }
-        const QPoint position = static_cast<const QHelpEvent *>(event)->globalPos();
-        QToolTip::showText(position, PlainText::toRichText(fullText()), this);
-        return true;
-    }
-
-    void keyPressEvent(QKeyEvent *event) override
-    {
-        if (isSqueezed() && event->matches(QKeySequence::Copy)) {
-            QGuiApplication::clipboard()->setText(fullText());
-        } else {
-            KSqueezedTextLabel::keyPressEvent(event);
-        }
-    }
-};
+constexpr qreal titleScale = 1.3;
 }
 
 Details::Details(int pictureSize, QWidget *parent)
@@ -70,31 +35,32 @@ Details::Details(int pictureSize, QWidget *parent)
     m_picture->setWordWrap(true);
     m_title = new LineLabel(content);
     m_title->setObjectName(QStringLiteral("title"));
-    m_title->setTextFormat(Qt::PlainText);
-    m_title->setAlignment(LeftToRight::lineStart());
     QFont font = m_title->font();
     font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * 1.3);
+    font.setPointSizeF(font.pointSizeF() * titleScale);
     m_title->setFont(font);
+    m_remarks = new QLabel(content);
+    m_remarks->setObjectName(QStringLiteral("remarks"));
+    m_remarks->setTextFormat(Qt::PlainText);
+    m_remarks->setWordWrap(true);
+    m_remarks->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
 
-    m_marksLayout = new QHBoxLayout;
-    // The place of the marks stays when there are none.
-    m_marksLayout->addStrut(fontMetrics().lineSpacing());
-    m_marksLayout->addStretch();
     auto *names = new QVBoxLayout;
     names->addWidget(m_title);
-    names->addLayout(m_marksLayout);
+    names->addWidget(m_remarks);
     names->addStretch();
     auto *head = new QHBoxLayout;
     head->addWidget(m_picture, 0, Qt::AlignTop);
     head->addLayout(names, 1);
 
-    m_fieldsLayout = new QFormLayout;
+    m_fields = new QWidget(content);
+    m_fieldsLayout = new QFormLayout(m_fields);
+    m_fieldsLayout->setContentsMargins({});
     auto *layout = new QVBoxLayout(content);
     layout->setContentsMargins({});
     layout->addLayout(head);
     layout->addSpacing(layout->spacing());
-    layout->addLayout(m_fieldsLayout);
+    layout->addWidget(m_fields);
     layout->addStretch();
     setWidget(content);
 }
@@ -104,20 +70,14 @@ QSize Details::pictureSize() const
     return m_picture->size();
 }
 
-void Details::setPicture(const QPixmap &picture)
+void Details::setPicture(const QPixmap &picture, const QString &name)
 {
-    m_picture->setFrameShape(QFrame::NoFrame);
-    m_picture->setPixmap(picture);
-    m_picture->setAccessibleName(QString());
-}
-
-void Details::setNoPicture(const QIcon &sign, const QString &text)
-{
-    m_picture->setFrameShape(QFrame::StyledPanel);
-    m_picture->setText(text);
-    m_picture->setAccessibleName(text);
-    if (!sign.isNull()) {
-        m_picture->setPixmap(sign.pixmap(pictureSize() / 2));
+    m_picture->setAccessibleName(name);
+    if (picture.isNull()) {
+        m_picture->clear();
+        m_picture->setText(name);
+    } else {
+        m_picture->setPixmap(picture);
     }
 }
 
@@ -126,48 +86,46 @@ void Details::setTitle(const QString &title)
     setText(*m_title, title);
 }
 
-QLabel *Details::addMark(const QString &text)
+void Details::setRemarks(const QStringList &remarks)
 {
-    auto *mark = new QLabel(text, widget());
-    mark->setAlignment(LeftToRight::lineStart());
-    mark->hide();
-    m_marksLayout->insertWidget(m_marksLayout->count() - 1, mark);
-    return mark;
+    m_remarks->setText(remarks.join(QLatin1Char('\n')));
 }
 
-QLabel *Details::addField(const QString &title)
+LineLabel *Details::addField(const QString &title)
 {
-    return addField(title, new LineLabel(widget()));
-}
-
-QLabel *Details::addLongField(const QString &title)
-{
-    auto *field = new QLabel(widget());
-    field->setWordWrap(true);
-    return addField(title, field);
-}
-
-QLabel *Details::addField(const QString &title, QLabel *field)
-{
-    field->setTextFormat(Qt::PlainText);
+    auto *field = new LineLabel(m_fields);
     field->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    // Reached with the tab key, too, so that it can be read out and copied.
-    field->setFocusPolicy(Qt::StrongFocus);
-    field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    field->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
-    PageLayout::addRow(m_fieldsLayout, title, field);
+    addField(title, field);
     setText(*field, QString());
     return field;
 }
 
-void Details::setText(QLabel &field, const QString &text)
+LinkLabel *Details::addLinks(const QString &title)
 {
-    const QString shown = text.isEmpty() ? QStringLiteral(u"\u2013") : text;
-    if (auto *squeezed = qobject_cast<KSqueezedTextLabel *>(&field)) {
-        squeezed->setText(shown);
-        squeezed->updateGeometry(); // it wants as much room as the new text takes
-        squeezed->setAccessibleName(shown); // otherwise what is left of it is read out
-    } else {
-        field.setText(shown);
-    }
+    auto *field = new LinkLabel(m_fields);
+    addField(title, field);
+    connect(field, &LinkLabel::followed, this, &Details::followed);
+    return field;
+}
+
+void Details::addField(const QString &title, QLabel *field)
+{
+    // Reached with the tab key, too, so that it can be read out and copied.
+    field->setFocusPolicy(Qt::StrongFocus);
+    field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    PageLayout::addRow(m_fieldsLayout, title, field);
+}
+
+void Details::setText(LineLabel &field, const QString &text)
+{
+    const QString shown = text.isEmpty() ? QStringLiteral(u"\u2013") : VisibleText::fromText(text);
+    field.setText(shown);
+    field.updateGeometry(); // it wants as much room as the new text takes
+    field.setAccessibleName(shown); // otherwise what is left of it is read out
+}
+
+void Details::setFieldVisible(LineLabel &field, bool visible)
+{
+    field.setVisible(visible);
+    m_fieldsLayout->labelForField(&field)->setVisible(visible);
 }

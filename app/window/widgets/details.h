@@ -6,13 +6,15 @@
 #ifndef DETAILS_H
 #define DETAILS_H
 
+#include "accountlink.h"
 #include "contentarea.h"
 
+class LineLabel;
+class LinkLabel;
 class QFormLayout;
-class QHBoxLayout;
 class QLabel;
 
-/** What is known of one account: picture, name, marks, and fields of text below. */
+/** What is known of one account: picture, name, remarks, and fields below. */
 class Details : public ContentArea
 {
     Q_OBJECT
@@ -23,31 +25,36 @@ public:
 
     QSize pictureSize() const;
 
-    void setPicture(const QPixmap &picture);
-
-    /** Shows @p sign in the place of the picture, or @p text if there is no such icon. */
-    void setNoPicture(const QIcon &sign, const QString &text);
+    /** Shows @p picture, which screen readers call @p name; without one, the name itself. */
+    void setPicture(const QPixmap &picture, const QString &name);
 
     void setTitle(const QString &title);
 
-    /** A label beside the picture to show and hide. */
-    QLabel *addMark(const QString &text);
+    /** Shows a line for each of @p remarks below the title. */
+    void setRemarks(const QStringList &remarks);
 
     /** A field for text in one line. What does not fit is cut short. */
-    QLabel *addField(const QString &title);
+    LineLabel *addField(const QString &title);
 
-    /** A field for text in as many lines as it takes. */
-    QLabel *addLongField(const QString &title);
+    /** A field for links to accounts. */
+    LinkLabel *addLinks(const QString &title);
 
     /** Shows @p text in @p field, or a dash when there is none. */
-    static void setText(QLabel &field, const QString &text);
+    static void setText(LineLabel &field, const QString &text);
+
+    /** Shows or hides a field with its title. */
+    void setFieldVisible(LineLabel &field, bool visible);
+
+Q_SIGNALS:
+    void followed(const AccountLink &link);
 
 private:
-    QLabel *addField(const QString &title, QLabel *field);
+    void addField(const QString &title, QLabel *field);
 
     QLabel *m_picture = nullptr;
-    QLabel *m_title = nullptr;
-    QHBoxLayout *m_marksLayout = nullptr;
+    LineLabel *m_title = nullptr;
+    QLabel *m_remarks = nullptr;
+    QWidget *m_fields = nullptr;
     QFormLayout *m_fieldsLayout = nullptr;
 };
 

@@ -38,9 +38,9 @@ public:
         QVector<Limit> found;
         const QStringList items = LimitsParser::availableItems();
         for (const QString &item : items) {
-            const QVariant value = limits.getItem(account, item);
-            if (!value.isNull()) {
-                found.append({item, value, LimitRule::domain(limits, account, item)});
+            const QString domain = LimitRule::domain(limits, account, item);
+            if (!domain.isNull()) {
+                found.append({item, limits.findField(domain, item), domain});
             }
         }
         show(found, error);

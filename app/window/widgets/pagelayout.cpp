@@ -5,29 +5,17 @@
 
 #include "pagelayout.h"
 
+#include "partsplitter.h"
+
 #include <QFormLayout>
 #include <QGuiApplication>
 #include <QLabel>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace
 {
 /** Keeps the parts apart as well. */
 constexpr int handleWidth = 12;
-
-/** Counts its handles when it tells how large it wants to be, which Qt's own class forgets. */
-class Splitter : public QSplitter
-{
-public:
-    using QSplitter::QSplitter;
-
-    QSize sizeHint() const override
-    {
-        const int handles = handleWidth() * (count() - 1);
-        return QSplitter::sizeHint() + (orientation() == Qt::Horizontal ? QSize(handles, 0) : QSize(0, handles));
-    }
-};
 }
 
 void PageLayout::addRow(QFormLayout *layout, const QString &title, QWidget *field)
@@ -38,9 +26,9 @@ void PageLayout::addRow(QFormLayout *layout, const QString &title, QWidget *fiel
     layout->addRow(label, field);
 }
 
-QSplitter *PageLayout::split(Qt::Orientation orientation, const QString &objectName, const QVector<QWidget *> &parts)
+PartSplitter *PageLayout::split(Qt::Orientation orientation, const QString &objectName, const QVector<QWidget *> &parts)
 {
-    auto *splitter = new Splitter(orientation);
+    auto *splitter = new PartSplitter(orientation);
     splitter->setObjectName(objectName);
     splitter->setChildrenCollapsible(false);
     splitter->setHandleWidth(handleWidth);
@@ -56,8 +44,8 @@ QSplitter *PageLayout::split(Qt::Orientation orientation, const QString &objectN
 
 void PageLayout::arrange(QWidget *page, QWidget *list, const QVector<QWidget *> &parts)
 {
-    QSplitter *right = split(Qt::Vertical, list->objectName() + QStringLiteral("Parts"), parts);
-    QSplitter *both = split(Qt::Horizontal, list->objectName() + QStringLiteral("Columns"), {list, right});
+    PartSplitter *right = split(Qt::Vertical, list->objectName() + QStringLiteral("Parts"), parts);
+    PartSplitter *both = split(Qt::Horizontal, list->objectName() + QStringLiteral("Columns"), {list, right});
     // A larger window is for what is told of the account, and there for the tables.
     both->setStretchFactor(1, 1);
     right->setStretchFactor(parts.size() - 1, 1);

@@ -9,7 +9,7 @@
 #include <QWidget>
 
 class QFormLayout;
-class QSplitter;
+class PartSplitter;
 
 /** The pages look alike. */
 namespace PageLayout
@@ -18,7 +18,7 @@ namespace PageLayout
 void addRow(QFormLayout *layout, const QString &title, QWidget *field);
 
 /** Parts with borders that the operator can move. The object name is the one in settings. */
-QSplitter *split(Qt::Orientation orientation, const QString &objectName, const QVector<QWidget *> &parts);
+PartSplitter *split(Qt::Orientation orientation, const QString &objectName, const QVector<QWidget *> &parts);
 
 /** A list beside @p parts, which stand one above the other, with borders that can be moved. */
 void arrange(QWidget *page, QWidget *list, const QVector<QWidget *> &parts);

@@ -4,6 +4,8 @@
 */
 
 #include "userpicture.h"
+
+#include "picturechild.h"
 #include "eventloopdelay.h"
 #include "hostilefaces.h"
 #include "peakmemory.h"
@@ -69,12 +71,13 @@ private:
     }
 
     /** The account that this program runs for, so that the files are those of the user. */
-    UserInfo user(const QByteArray &name = "ada") const
+    PictureOwner user(const QByteArray &name = "ada") const
     {
         Sandbox::setAccounts(name + ":x:" + QByteArray::number(getuid()) + ":50::" + QFile::encodeName(m_home->path())
                                  + ":/bin/sh\n",
                              "staff:x:50:\n");
-        return UserInfo::getUser(QString::fromLatin1(name));
+        const UserInfo user = UserInfo::getUser(QString::fromLatin1(name));
+        return {user.name().toLatin1(), user.home().toLatin1(), user.uid()};
     }
 
     /** The picture that is found; null also when nothing is told. */

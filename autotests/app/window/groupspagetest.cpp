@@ -10,11 +10,13 @@
 #include "dialogparts.h"
 #include "icontheme.h"
 #include "limitsfixtures.h"
+#include "recordview.h"
 #include "sandbox.h"
 #include "windowparts.h"
 
 #include <KMessageWidget>
 
+#include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -25,7 +27,7 @@
 namespace
 {
 const char usersFile[] = "root:x:0:0:root:/root:/bin/bash\n"
-                         "ada:x:1000:1000::/home/ada:/bin/sh\n"
+                         "ada:x:1000:1000:Ada Byron:/home/ada:/bin/sh\n"
                          "bob:x:1001:50::/home/bob:/bin/sh\n"
                          "eve:x:1002:50::/home/eve:/bin/sh\n";
 
@@ -50,13 +52,24 @@ struct Page {
 
     void reload()
     {
-        store.readLimits();
-        store.readGroups();
+        if (!readAccounts(store)) {
+            qFatal("The accounts were not read");
+        }
     }
 
     void select(const char *name) const
     {
         clickText(*view, QString::fromLatin1(name));
+    }
+
+    QString names() const
+    {
+        QStringList names;
+        const QStringList rows = shownRows(*view);
+        for (const QString &row : rows) {
+            names.append(row.section(QLatin1Char('|'), 0, 0));
+        }
+        return names.join(QLatin1Char(' '));
     }
 
     QString title() const
@@ -66,8 +79,8 @@ struct Page {
 
     AccountStore store;
     GroupsPage page{&store};
-    QTreeView *view = part<QTreeView>(page, "accountsView");
-    QTreeView *members = part<QTreeView>(page, "membersTable");
+    RecordView *view = page.list()->view();
+    QTreeView *members = part<QTreeView>(page, "membersView");
     QTreeView *limits = part<QTreeView>(page, "limitsTable");
 };
 
@@ -87,10 +100,13 @@ private Q_SLOTS:
     void isEmptyBeforeGroupsAreRead();
     void listsGroupsByName();
     void filtersByKind();
-    void filtersByName();
+    void searchesInAllFields_data();
+    void searchesInAllFields();
+    void tellsThatNothingMatches();
     void showsGroup();
     void tellsSystemGroupsBySign();
-    void tellsHowUsersAreMembers();
+    void tellsMembersFromPrimaryMembers();
+    void leadsToMembers();
     void countsMembers();
     void showsLimitsOfGroup();
     void tellsWhichRangeApplies();
@@ -112,7 +128,7 @@ void GroupsPageTest::isEmptyBeforeGroupsAreRead()
     GroupsPage page(&store);
     page.show();
     QCOMPARE(part<QLabel>(page, "title")->text(), text("No group is selected"));
-    QVERIFY(!store.groups());
+    QCOMPARE(page.list()->view()->model()->rowCount(), 0);
     QVERIFY(part<QLabel>(page, "picture")->pixmap(Qt::ReturnByValue).isNull());
 }
 
@@ -120,7 +136,12 @@ void GroupsPageTest::listsGroupsByName()
 {
     Page page;
     QCOMPARE(shownRows(*page.view),
-             QStringList({text("ada|1000|No"), text("club|2000|No"), text("root|0|Yes"), text("staff|50|Yes")}));
+             QStringList({
+                 text("ada|1000|1|Ordinary group"),
+                 text("club|2000|2|Ordinary group"),
+                 text("root|0|1|System group"),
+                 text("staff|50|3|System group"),
+             }));
     QCOMPARE(page.title(), text("ada"));
 }
 
@@ -128,19 +149,44 @@ void GroupsPageTest::filtersByKind()
 {
     Page page;
     auto *filter = part<QComboBox>(page.page, "filterComboBox");
-    QCOMPARE(comboBoxEntries(*filter),
-             QStringList({text("All groups int 0"), text("Ordinary groups int 1"), text("System groups int 2")}));
-    QTest::keyClick(filter, Qt::Key_Down);
-    QCOMPARE(shownRows(*page.view), QStringList({text("ada|1000|No"), text("club|2000|No")}));
-    QTest::keyClick(filter, Qt::Key_Down);
-    QCOMPARE(shownRows(*page.view), QStringList({text("root|0|Yes"), text("staff|50|Yes")}));
+    const QStringList expected{
+        text("All groups: ada club root staff"), text("Ordinary groups: ada club"), text("System groups: root staff")};
+    QCOMPARE(filter->count(), expected.size());
+    for (const QString &names : expected) {
+        QCOMPARE(filter->currentText() + text(": ") + page.names(), names);
+        QTest::keyClick(filter, Qt::Key_Down);
+    }
 }
 
-void GroupsPageTest::filtersByName()
+void GroupsPageTest::searchesInAllFields_data()
+{
+    QTest::addColumn<QString>("search");
+    QTest::addColumn<QString>("names");
+
+    QTest::newRow("name") << text("CLU") << text("club");
+    QTest::newRow("gid") << text("2000") << text("club");
+    QTest::newRow("member") << text("ghost") << text("club");
+    QTest::newRow("primary member") << text("eve") << text("staff");
+}
+
+void GroupsPageTest::searchesInAllFields()
+{
+    QFETCH(QString, search);
+    QFETCH(QString, names);
+
+    Page page;
+    QTest::keyClicks(part<QLineEdit>(page.page, "searchField"), search);
+    QCOMPARE(page.names(), names);
+    QCOMPARE(part<QLabel>(page.page, "count")->text(), text("1 of 4 groups"));
+}
+
+void GroupsPageTest::tellsThatNothingMatches()
 {
     Page page;
-    QTest::keyClicks(part<QLineEdit>(page.page, "filterLineEdit"), text("A"));
-    QCOMPARE(shownRows(*page.view), QStringList({text("ada|1000|No"), text("staff|50|Yes")}));
+    QCOMPARE(part<QLabel>(page.page, "count")->text(), text("4 groups"));
+    QTest::keyClicks(part<QLineEdit>(page.page, "searchField"), text("nothing"));
+    QCOMPARE(part<QLabel>(page.page, "noMatch")->text(), text("No group matches."));
+    QVERIFY(part<QLabel>(page.page, "noMatch")->isVisible());
 }
 
 void GroupsPageTest::showsGroup()
@@ -151,11 +197,11 @@ void GroupsPageTest::showsGroup()
     QCOMPARE(page.title(), text("staff"));
     QVERIFY(!part<QLabel>(page.page, "picture")->pixmap(Qt::ReturnByValue).isNull());
     QCOMPARE(fieldText(page.page, "GID:"), text("50"));
-    QVERIFY(part<QLabel>(page.page, "systemMark")->isVisible());
+    QCOMPARE(part<QLabel>(page.page, "remarks")->text(), text("System group: the GID is below 1000"));
     QTRY_VERIFY(!page.page.findChild<Details *>()->verticalScrollBar()->isVisible());
     page.select("club");
     QCOMPARE(fieldText(page.page, "GID:"), text("2000"));
-    QVERIFY(!part<QLabel>(page.page, "systemMark")->isVisible());
+    QCOMPARE(part<QLabel>(page.page, "remarks")->text(), QString());
 }
 
 void GroupsPageTest::tellsSystemGroupsBySign()
@@ -169,14 +215,33 @@ void GroupsPageTest::tellsSystemGroupsBySign()
     QVERIFY(picture->pixmap(Qt::ReturnByValue).isNull());
 }
 
-void GroupsPageTest::tellsHowUsersAreMembers()
+void GroupsPageTest::tellsMembersFromPrimaryMembers()
 {
     Page page;
     page.select("staff");
     QCOMPARE(shownRows(*page.members),
-             QStringList({text("ada|Member"), text("bob|Primary group"), text("eve|Primary group")}));
+             QStringList({text("ada|Ada Byron|1000|Yes|No"), text("bob||1001|Yes|Yes"), text("eve||1002|No|Yes")}));
     page.select("club");
-    QCOMPARE(shownRows(*page.members), QStringList({text("ada|Member"), text("ghost|Member")}));
+    QCOMPARE(shownRows(*page.members), QStringList({text("ada|Ada Byron|1000|Yes|No"), text("ghost|||Yes|No")}));
+}
+
+void GroupsPageTest::leadsToMembers()
+{
+    Page page;
+    page.select("club");
+    QStringList links;
+    connect(
+        &page.page, &AccountPage::followed, this, [&links](const AccountLink &link) { links.append(link.toUrl()); });
+    clickText(*page.members, text("ghost"));
+    QTest::keyClick(page.members, Qt::Key_Return);
+    QCOMPARE(links, QStringList());
+    QVERIFY(!page.members->actions().constFirst()->isEnabled());
+    clickText(*page.members, text("ada"));
+    QTest::keyClick(page.members, Qt::Key_Return);
+    QCOMPARE(links, QStringList(text("user:ada")));
+    QVERIFY(page.members->actions().constFirst()->isEnabled());
+    page.members->actions().constFirst()->trigger();
+    QCOMPARE(links.size(), 2);
 }
 
 void GroupsPageTest::countsMembers()
@@ -226,15 +291,14 @@ void GroupsPageTest::keepsCurrentGroupOnReload()
     Sandbox::setAccounts(usersFile, "staff:x:51:ada\n");
     page.reload();
     QCOMPARE(fieldText(page.page, "GID:"), text("51"));
-    QCOMPARE(shownRows(*page.members), QStringList(text("ada|Member")));
+    QCOMPARE(shownRows(*page.members), QStringList(text("ada|Ada Byron|1000|Yes|No")));
 }
 
 void GroupsPageTest::reportsFilesThatCannotBeRead()
 {
     QFile::setPermissions(groupPath(), {});
     Page page;
-    const auto *message = page.view->parentWidget()->findChild<KMessageWidget *>();
-    QVERIFY(message);
+    const auto *message = part<KMessageWidget>(page.page, "listError");
     QVERIFY(message->isVisible());
     QCOMPARE(message->text(), text("<qt>Cannot read '/etc/group': Permission denied</qt>"));
     QCOMPARE(page.title(), text("No group is selected"));

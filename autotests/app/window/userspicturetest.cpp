@@ -11,9 +11,11 @@
 #include "limitsfixtures.h"
 #include "peakmemory.h"
 #include "picturefiles.h"
+#include "recordview.h"
 #include "sandbox.h"
 #include "systemcalls.h"
 #include "userspage.h"
+#include "windowparts.h"
 
 #include <QDir>
 #include <QFile>
@@ -22,7 +24,6 @@
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTreeView>
 
 #include <memory>
 
@@ -51,7 +52,14 @@ struct Page {
     {
         page.resize(900, 600);
         page.show();
-        store.readUsers();
+        read();
+    }
+
+    void read()
+    {
+        if (!readAccounts(store)) {
+            qFatal("The accounts were not read");
+        }
     }
 
     void select(const char *name) const
@@ -78,7 +86,7 @@ struct Page {
 
     AccountStore store;
     UsersPage page{&store};
-    QTreeView *view = part<QTreeView>(page, "accountsView");
+    RecordView *view = page.list()->view();
     QLabel *label = part<QLabel>(page, "picture");
 };
 }
@@ -145,8 +153,8 @@ void UsersPictureTest::showsOwnPicture()
     QCOMPARE(page.color(), QColor(Qt::red));
 
     writePicture(home("bob") + QLatin1String("/.face"), Qt::blue);
-    page.store.readUsers();
-    QCOMPARE(page.color(), QColor(Qt::blue));
+    page.read();
+    QTRY_COMPARE_WITH_TIMEOUT(page.color(), QColor(Qt::blue), patience);
 }
 
 void UsersPictureTest::showsDetailsBeforePicture()
@@ -173,7 +181,7 @@ void UsersPictureTest::showsNoPictureOfNobody()
     QCOMPARE(page.color(), QColor(Qt::red));
     page.select("bob");
     page.select("ada");
-    QTest::keyClicks(part<QLineEdit>(page.page, "filterLineEdit"), QStringLiteral("no such user"));
+    QTest::keyClicks(part<QLineEdit>(page.page, "searchField"), QStringLiteral("no such user"));
     QCOMPARE(part<QLabel>(page.page, "title")->text(), QStringLiteral("No user is selected"));
     QTest::qWait(200);
     QVERIFY(page.shown().isNull());

@@ -6,16 +6,20 @@
 #include "windowfixture.h"
 
 #include "accountfixtures.h"
+#include "accountpage.h"
 #include "dialogparts.h"
 #include "limitsfixtures.h"
 #include "mainwindow.h"
+#include "recordview.h"
 
 #include <QFile>
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTabWidget>
 #include <QTest>
-#include <QTreeView>
+#include <QTimer>
+
+#include <algorithm>
 
 QString settingsPath()
 {
@@ -40,13 +44,24 @@ bool waitUntilRead(MainWindow &window)
     return reloaded.isValid() && reloaded.wait(240000);
 }
 
+bool waitUntilShown(const QWidget &window)
+{
+    const auto timers = window.findChildren<QTimer *>();
+    const auto isDelay = [](const QTimer *timer) { return timer->isActive() && timer->isSingleShot(); };
+    return QTest::qWaitFor([&] { return std::none_of(timers.begin(), timers.end(), isDelay); });
+}
+
 bool open(MainWindow &window)
 {
     window.show();
-    return waitUntilRead(window) && QTest::qWaitForWindowActive(&window);
+    return waitUntilRead(window) && QTest::qWaitForWindowActive(&window) && waitUntilShown(window);
 }
 
-QTreeView *accountsView(const MainWindow &window)
+RecordView *accountsView(const MainWindow &window)
 {
-    return part<QTreeView>(*window.pages()->currentWidget(), "accountsView");
+    const auto *page = qobject_cast<AccountPage *>(window.pages()->currentWidget());
+    if (!page) {
+        qFatal("The page has no list of accounts");
+    }
+    return page->list()->view();
 }

@@ -9,10 +9,8 @@
 #include <QString>
 
 class MainWindow;
-class QTreeView;
-
-/** How many letters lead to parts of each page. */
-constexpr int mnemonicCounts[] = {3, 4, 2, 14, 8};
+class QWidget;
+class RecordView;
 
 /** Where the window keeps what it remembers. */
 QString settingsPath();
@@ -22,10 +20,13 @@ void prepareWindow();
 
 bool waitUntilRead(MainWindow &window);
 
+/** Waits for what is shown of an account a moment later than the rest. */
+bool waitUntilShown(const QWidget &window);
+
 /** Shows the window, with the focus, after everything was read. */
 bool open(MainWindow &window);
 
 /** The list of the current page. */
-QTreeView *accountsView(const MainWindow &window);
+RecordView *accountsView(const MainWindow &window);
 
 #endif

@@ -5,6 +5,8 @@
 
 #include "windowparts.h"
 
+#include "accountstore.h"
+
 #include <KSqueezedTextLabel>
 
 #include <QAbstractButton>
@@ -14,6 +16,9 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTextDocumentFragment>
 #include <QTreeView>
 
 namespace
@@ -57,14 +62,20 @@ void addClippedTitles(QStringList &clipped, const QTreeView &view)
 {
     const QHeaderView &header = *view.header();
     for (int i = 0; i < header.count(); ++i) {
-        const bool isInView = header.sectionViewportPosition(i) >= 0
-            && header.sectionViewportPosition(i) + header.sectionSizeHint(i) <= header.viewport()->width();
-        if (header.sectionSize(i) < header.sectionSizeHint(i) || !isInView) {
+        // What is beside the part in view can be scrolled to.
+        if (!header.isSectionHidden(i) && header.sectionSize(i) < header.sectionSizeHint(i)) {
             clipped.append(view.accessibleName() + QLatin1Char(' ')
                            + header.model()->headerData(i, Qt::Horizontal).toString());
         }
     }
 }
+}
+
+bool readAccounts(AccountStore &store)
+{
+    QSignalSpy ended(&store, &AccountStore::ended);
+    store.read();
+    return ended.isValid() && ended.wait(240000);
 }
 
 QString fieldText(const QWidget &page, const char *title)
@@ -77,7 +88,9 @@ QString fieldText(const QWidget &page, const char *title)
         if (const auto *line = qobject_cast<const KSqueezedTextLabel *>(label->buddy())) {
             return line->fullText();
         }
-        return qobject_cast<const QLabel *>(label->buddy())->text();
+        const auto *field = qobject_cast<const QLabel *>(label->buddy());
+        return field->textFormat() == Qt::RichText ? QTextDocumentFragment::fromHtml(field->text()).toPlainText()
+                                                   : field->text();
     }
     qFatal("The page has no %s", title);
 }
@@ -96,11 +109,14 @@ QLabel *labelOf(const QWidget &buddy)
 QStringList shownRows(const QAbstractItemView &view)
 {
     const QAbstractItemModel &model = *view.model();
+    const auto *tree = qobject_cast<const QTreeView *>(&view);
     QStringList rows;
     for (int row = 0; row < model.rowCount(); ++row) {
         QStringList cells;
         for (int column = 0; column < model.columnCount(); ++column) {
-            cells.append(model.index(row, column).data().toString());
+            if (!tree || !tree->isColumnHidden(column)) {
+                cells.append(model.index(row, column).data().toString());
+            }
         }
         rows.append(cells.join(QLatin1Char('|')));
     }

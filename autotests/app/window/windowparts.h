@@ -8,9 +8,13 @@
 
 #include <QStringList>
 
+class AccountStore;
 class QAbstractItemView;
 class QLabel;
 class QWidget;
+
+/** Reads the accounts to the end; false when that takes too long. */
+bool readAccounts(AccountStore &store);
 
 /** The text of the field whose title is @p title; ends the test when there is none. */
 QString fieldText(const QWidget &page, const char *title);
@@ -18,7 +22,7 @@ QString fieldText(const QWidget &page, const char *title);
 /** The label that leads to @p buddy; ends the test when there is none. */
 QLabel *labelOf(const QWidget &buddy);
 
-/** The rows of a flat view, the texts of their cells joined by bars. */
+/** The rows of a flat view: the texts of the columns that are shown, joined by bars. */
 QStringList shownRows(const QAbstractItemView &view);
 
 /** The tool tips of a row, one for each column. */

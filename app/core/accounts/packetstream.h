@@ -1,0 +1,42 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef PACKETSTREAM_H
+#define PACKETSTREAM_H
+
+#include <QByteArray>
+
+#include <optional>
+
+/** A piece of data with a number that tells what is in it. */
+struct Packet {
+    quint8 type = 0;
+    QByteArray data;
+};
+
+/** Packets one after the other, as bytes in a pipe: type, length, data. */
+class PacketStream
+{
+public:
+    /** The bytes of @p packet. */
+    static QByteArray toBytes(const Packet &packet);
+
+    /** Adds bytes that have arrived. */
+    void append(const QByteArray &bytes);
+
+    /** Takes the next packet out; none before all of it has arrived. */
+    std::optional<Packet> take();
+
+    /** Whether bytes have arrived that are not from toBytes(). Nothing can be taken out from then on. */
+    bool isBroken() const;
+
+private:
+    QByteArray m_bytes;
+    /** Where the next packet begins. */
+    int m_position = 0;
+    bool m_broken = false;
+};
+
+#endif

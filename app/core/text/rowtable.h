@@ -1,0 +1,40 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef ROWTABLE_H
+#define ROWTABLE_H
+
+#include <QStringList>
+#include <QVariant>
+#include <QVector>
+
+/** Rows of a list, to be copied or written to a file. */
+struct RowTable {
+    struct Cell {
+        /** What the list shows. */
+        QString text;
+        /** What that means: a text, a list of texts, a number or a truth value. */
+        QVariant value;
+    };
+
+    /** A word for each column, and what stands above it. */
+    QStringList ids;
+    QStringList titles;
+    QVector<QVector<Cell>> rows;
+
+    /** A line for each row, with tabs between the cells. */
+    QString toText() const;
+
+    /**
+     * Lines as in RFC 4180, the titles first. Texts that a spreadsheet would take for a formula begin with an
+     * apostrophe: other users have chosen them.
+     */
+    QString toCsv() const;
+
+    /** An array with an object for each row. */
+    QByteArray toJson() const;
+};
+
+#endif

@@ -1,0 +1,18 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef RANKING_H
+#define RANKING_H
+
+#include <QVariant>
+#include <QVector>
+
+/**
+ * The place of each of @p values in their order, the same for equal ones. Numbers and truth values are
+ * compared as such, anything else as text: as the language has it, and the numbers in it by their size.
+ */
+QVector<int> ranksOf(const QVector<QVariant> &values);
+
+#endif

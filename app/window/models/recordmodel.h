@@ -1,0 +1,118 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef RECORDMODEL_H
+#define RECORDMODEL_H
+
+#include "searchwords.h"
+
+#include <KLazyLocalizedString>
+
+#include <QAbstractTableModel>
+#include <QSet>
+#include <QTimer>
+
+/**
+ * A table of records, those that a search and a filter leave, in the order of a column.
+ *
+ * Records are numbered as they were given; rows are counted as they are shown. No record takes more than
+ * some numbers beside itself, and texts are made when they are shown.
+ */
+class RecordModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    enum Role {
+        ValueRole = Qt::UserRole, ///< what a cell holds: a text, a list of texts, a number or a truth value
+        NewsRole, ///< whether the record is marked as one that has just changed
+    };
+
+    struct Column {
+        /** A word for settings and for files. */
+        const char *id;
+        KLazyLocalizedString title;
+        /** How a truth value is shown. */
+        KLazyLocalizedString yes = {};
+        KLazyLocalizedString no = {};
+    };
+
+    explicit RecordModel(const QVector<Column> &columns, QObject *parent = nullptr);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+    /** Sorts by the values of @p column: numbers as numbers, texts as the language has it; equal ones by the first. */
+    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+
+    const QVector<Column> &columns() const;
+
+    /** Shows the records in which each of the words occurs, wherever. Resets the model. */
+    void setSearch(const SearchWords &search);
+    const SearchWords &search() const;
+
+    /** Shows the records that pass @p filter, whatever that means for them; 0 is for all. Resets the model. */
+    void setFilter(int filter);
+    int filter() const;
+
+    /** The number of records, shown or not. */
+    virtual int recordCount() const = 0;
+
+    /** What a record is called. Others may be called the same. */
+    virtual QString name(int record) const = 0;
+
+    /** The record of a row, -1 for an invalid index. */
+    int recordAt(const QModelIndex &index) const;
+
+    /** The first shown record that is called so; invalid when there is none. */
+    QModelIndex find(const QString &name) const;
+
+    /** Whether a record is called so, shown or not. */
+    bool hasRecord(const QString &name) const;
+
+    /** Marks the records that are called so, for some seconds. */
+    void setNews(const QSet<QString> &names);
+
+protected:
+    virtual QVariant value(int record, int column) const = 0;
+    virtual bool passes(int record, int filter) const = 0;
+    virtual bool contains(int record, const SearchWords::Word &word) const = 0;
+    virtual QVariant icon(int record) const = 0;
+
+    /** Replaces the records within @p replace. Resets the model. */
+    template<typename Replace>
+    void replaceRecords(Replace replace)
+    {
+        beginResetModel();
+        replace();
+        m_ranks = QVector<QVector<int>>(m_columns.size());
+        fill();
+        endResetModel();
+    }
+
+private:
+    void fill();
+    void sortRows(QVector<int> &rows);
+    const QVector<int> &ranks(int column);
+    QString text(const QModelIndex &index) const;
+    void endNews();
+
+    const QVector<Column> m_columns;
+    SearchWords m_search;
+    int m_filter = 0;
+    int m_sortColumn = 0;
+    Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
+    /** The record of each row. */
+    QVector<int> m_rows;
+    /** For each column that was sorted by: the place of each record, equal for equal values. */
+    QVector<QVector<int>> m_ranks;
+    QSet<QString> m_news;
+    QTimer m_endOfNews;
+};
+
+#endif

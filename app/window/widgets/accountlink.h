@@ -1,0 +1,26 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef ACCOUNTLINK_H
+#define ACCOUNTLINK_H
+
+#include <QString>
+
+/** A place in the window: a user, a group, or the rules of a limit. */
+struct AccountLink {
+    enum class Kind { User, Group, Limit };
+
+    Kind kind = Kind::User;
+    QString name;
+
+    /** The link as it stands in rich text. */
+    QString toUrl() const;
+    static AccountLink fromUrl(const QString &url);
+
+    /** Rich text of the link, which shows the name. */
+    QString toRichText() const;
+};
+
+#endif

@@ -1,0 +1,58 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "partsplitter.h"
+
+#include <QEvent>
+
+PartSplitter::PartSplitter(Qt::Orientation orientation, QWidget *parent)
+    : QSplitter(orientation, parent)
+{
+    connect(this, &QSplitter::splitterMoved, this, [this] { m_moved = true; });
+}
+
+QSize PartSplitter::sizeHint() const
+{
+    // Qt forgets the handles.
+    const int handles = handleWidth() * (count() - 1);
+    return QSplitter::sizeHint() + (orientation() == Qt::Horizontal ? QSize(handles, 0) : QSize(0, handles));
+}
+
+QByteArray PartSplitter::saveBorders() const
+{
+    return m_moved ? saveState() : QByteArray();
+}
+
+void PartSplitter::restoreBorders(const QByteArray &state)
+{
+    if (restoreState(state)) {
+        m_moved = true;
+    }
+}
+
+bool PartSplitter::event(QEvent *event)
+{
+    const bool done = QSplitter::event(event);
+    if (!m_moved && (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize)) {
+        fitParts();
+    }
+    return done;
+}
+
+void PartSplitter::fitParts()
+{
+    const bool horizontal = orientation() == Qt::Horizontal;
+    int left = (horizontal ? width() : height()) - handleWidth() * (count() - 1);
+    QList<int> sizes;
+    for (int part = 0; part < count(); ++part) {
+        const QSize hint = widget(part)->sizeHint();
+        const int wanted = horizontal ? hint.width() : hint.height();
+        sizes.append(part == count() - 1 ? qMax(0, left) : wanted);
+        left -= wanted;
+    }
+    if (sizes != this->sizes()) {
+        setSizes(sizes);
+    }
+}

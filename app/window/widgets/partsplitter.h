@@ -1,0 +1,37 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef PARTSPLITTER_H
+#define PARTSPLITTER_H
+
+#include <QSplitter>
+
+/**
+ * Parts with borders that the operator can move. Until somebody does, each part but the last is as large as
+ * it wants to be, also when it comes to want something else.
+ */
+class PartSplitter : public QSplitter
+{
+    Q_OBJECT
+
+public:
+    explicit PartSplitter(Qt::Orientation orientation, QWidget *parent = nullptr);
+
+    QSize sizeHint() const override;
+
+    /** The borders that the operator has moved; empty for none. */
+    QByteArray saveBorders() const;
+    void restoreBorders(const QByteArray &state);
+
+protected:
+    bool event(QEvent *event) override;
+
+private:
+    void fitParts();
+
+    bool m_moved = false;
+};
+
+#endif

@@ -1,0 +1,273 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "recordview.h"
+
+#include "flattree.h"
+#include "hitdelegate.h"
+#include "recordmodel.h"
+
+#include <KLocalizedString>
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QMenu>
+#include <QScrollBar>
+#include <QSettings>
+
+#include <algorithm>
+
+namespace
+{
+/** How wide a column becomes by itself, at most. In characters. */
+constexpr int maxCharacters = 28;
+
+/** How wide a list wants to be. In characters. */
+constexpr int wantedCharacters = 56;
+}
+
+RecordView::RecordView(RecordModel *model, QWidget *parent)
+    : QTreeView(parent)
+    , m_model(model)
+{
+    setUpFlatTree(*this);
+    setSelectionMode(ExtendedSelection);
+    setItemDelegate(new HitDelegate(this));
+    // Before the base class forgets its rows.
+    connect(model, &QAbstractItemModel::modelAboutToBeReset, this, &RecordView::remember);
+    setModel(model);
+    setSortingEnabled(true);
+    sortByColumn(0, Qt::AscendingOrder);
+    header()->setStretchLastSection(false);
+    header()->setSectionsMovable(true);
+    header()->setContextMenuPolicy(Qt::ActionsContextMenu);
+    addColumnActions();
+    fitColumns();
+    connect(model, &QAbstractItemModel::modelReset, this, &RecordView::restore);
+    connect(this, &QAbstractItemView::activated, this, [this](const QModelIndex &index) {
+        Q_EMIT recordActivated(m_model->recordAt(index));
+    });
+}
+
+QSize RecordView::sizeHint() const
+{
+    return {wantedCharacters * fontMetrics().averageCharWidth(), QTreeView::sizeHint().height()};
+}
+
+RecordModel *RecordView::recordModel() const
+{
+    return m_model;
+}
+
+int RecordView::currentRecord() const
+{
+    return m_model->recordAt(currentIndex());
+}
+
+QVector<int> RecordView::selectedRecords() const
+{
+    QModelIndexList rows = selectionModel()->selectedRows();
+    std::sort(rows.begin(), rows.end());
+    QVector<int> records;
+    records.reserve(rows.size());
+    for (const QModelIndex &row : qAsConst(rows)) {
+        records.append(m_model->recordAt(row));
+    }
+    return records;
+}
+
+void RecordView::setCurrentName(const QString &name)
+{
+    m_currentName = name;
+    const QModelIndex index = m_model->find(name);
+    if (index.isValid()) {
+        // Whatever keys are held down.
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        scrollTo(index);
+    }
+}
+
+const QString &RecordView::currentName() const
+{
+    return m_currentName;
+}
+
+void RecordView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTreeView::currentChanged(current, previous);
+    if (m_restoring) {
+        return;
+    }
+    const int record = m_model->recordAt(current);
+    if (record != -1) {
+        m_currentName = m_model->name(record);
+    }
+    if (current.row() != previous.row() || !previous.isValid()) {
+        Q_EMIT currentRecordChanged(record);
+    }
+}
+
+void RecordView::remember()
+{
+    m_restoring = true;
+    m_currentRow = qMax(0, currentIndex().row());
+    m_selectedNames.clear();
+    const QVector<int> selected = selectedRecords();
+    for (const int record : selected) {
+        m_selectedNames.insert(m_model->name(record));
+    }
+    const int top = m_model->recordAt(indexAt(QPoint()));
+    m_topName = top == -1 || verticalScrollBar()->value() == 0 ? QString() : m_model->name(top);
+}
+
+void RecordView::restore()
+{
+    fitColumns();
+    QModelIndex current = m_model->find(m_currentName);
+    const bool hidden = !current.isValid() && m_model->rowCount() < m_model->recordCount();
+    if (!current.isValid() && m_model->rowCount() > 0) {
+        // The next one in the place of one that is gone, but the best hit of a search.
+        current = m_model->index(hidden ? 0 : qMin(m_currentRow, m_model->rowCount() - 1), 0);
+    }
+    const bool scrolls = hasAutoScroll();
+    setAutoScroll(false);
+    selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    restoreSelection();
+    setAutoScroll(scrolls);
+    const QModelIndex top = m_topName.isNull() ? QModelIndex() : m_model->find(m_topName);
+    if (top.isValid()) {
+        scrollTo(top, PositionAtTop);
+    } else {
+        scrollTo(current);
+    }
+    m_restoring = false;
+    if (!hidden && current.isValid()) {
+        m_currentName = m_model->name(m_model->recordAt(current));
+    }
+    Q_EMIT currentRecordChanged(m_model->recordAt(current));
+}
+
+void RecordView::fitColumns()
+{
+    if (m_hasWidths) {
+        return;
+    }
+    m_hasWidths = m_model->rowCount() > 0;
+    const int maxWidth = maxCharacters * fontMetrics().averageCharWidth();
+    for (int column = 0; column < m_model->columnCount(); ++column) {
+        const int width = qMin(sizeHintForColumn(column), maxWidth);
+        header()->resizeSection(column, qMax(width, header()->sectionSizeHint(column)));
+    }
+}
+
+void RecordView::restoreSelection()
+{
+    QItemSelection selection;
+    for (int row = 0; row < m_model->rowCount() && !m_selectedNames.isEmpty(); ++row) {
+        const QModelIndex index = m_model->index(row, 0);
+        if (m_selectedNames.contains(m_model->name(m_model->recordAt(index)))) {
+            selection.select(index, index.siblingAtColumn(m_model->columnCount() - 1));
+        }
+    }
+    if (selection.size() < 2 && currentIndex().isValid()) {
+        selection = QItemSelection(currentIndex().siblingAtColumn(0),
+                                   currentIndex().siblingAtColumn(m_model->columnCount() - 1));
+    }
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+void RecordView::keyboardSearch(const QString &search)
+{
+    // It looks in the column of the current cell, which may have been clicked.
+    selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(0), QItemSelectionModel::NoUpdate);
+    QTreeView::keyboardSearch(search);
+}
+
+void RecordView::contextMenuEvent(QContextMenuEvent *event)
+{
+    const QList<QAction *> own = actions();
+    if (own.isEmpty()) {
+        return;
+    }
+    QMenu menu(this);
+    menu.addActions(own);
+    menu.addSeparator();
+    menu.addMenu(i18nc("@title:menu of a list", "C&olumns"))->addActions(m_columnActions);
+    QPoint position = event->globalPos();
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        position = viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft());
+    }
+    menu.exec(position);
+}
+
+void RecordView::addColumnActions()
+{
+    for (int column = 0; column < m_model->columnCount(); ++column) {
+        const QString title = m_model->headerData(column, Qt::Horizontal).toString();
+        auto *action = new QAction(title, this);
+        action->setCheckable(true);
+        action->setChecked(true);
+        action->setEnabled(column > 0); // without a name a row says nothing
+        connect(action, &QAction::triggered, this, [this, column](bool shown) { setColumnHidden(column, !shown); });
+        header()->addAction(action);
+        m_columnActions.append(action);
+    }
+}
+
+void RecordView::updateColumnActions()
+{
+    for (int column = 0; column < m_columnActions.size(); ++column) {
+        m_columnActions.at(column)->setChecked(!isColumnHidden(column));
+    }
+}
+
+QList<QAction *> RecordView::columnActions() const
+{
+    return m_columnActions;
+}
+
+void RecordView::setShownColumns(const QVector<int> &columns)
+{
+    for (int column = 0; column < m_model->columnCount(); ++column) {
+        setColumnHidden(column, !columns.contains(column));
+    }
+    updateColumnActions();
+}
+
+QVector<int> RecordView::shownColumns() const
+{
+    QVector<int> columns;
+    for (int place = 0; place < header()->count(); ++place) {
+        const int column = header()->logicalIndex(place);
+        if (!isColumnHidden(column)) {
+            columns.append(column);
+        }
+    }
+    return columns;
+}
+
+QString RecordView::settingsKey(const char *name) const
+{
+    return objectName() + QLatin1Char('/') + QLatin1String(name);
+}
+
+void RecordView::saveState(QSettings &settings) const
+{
+    settings.setValue(settingsKey("header"), header()->saveState());
+    settings.setValue(settingsKey("current"), m_currentName);
+}
+
+void RecordView::restoreState(const QSettings &settings)
+{
+    const QByteArray state = settings.value(settingsKey("header")).toByteArray();
+    if (header()->restoreState(state)) {
+        m_hasWidths = true;
+        setColumnHidden(0, false);
+        updateColumnActions();
+        sortByColumn(header()->sortIndicatorSection(), header()->sortIndicatorOrder());
+    }
+    setCurrentName(settings.value(settingsKey("current")).toString());
+}

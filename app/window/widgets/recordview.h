@@ -1,0 +1,90 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef RECORDVIEW_H
+#define RECORDVIEW_H
+
+#include <QTreeView>
+
+class QSettings;
+class RecordModel;
+
+/**
+ * The rows of a RecordModel. The operator chooses columns, their places and widths, and the order.
+ *
+ * Which records are current and selected, and what is at the top, stays when the model is filled again.
+ */
+class RecordView : public QTreeView
+{
+    Q_OBJECT
+
+public:
+    /** @param model outlives the view */
+    explicit RecordView(RecordModel *model, QWidget *parent = nullptr);
+
+    /** Wide enough for some columns. */
+    QSize sizeHint() const override;
+
+    RecordModel *recordModel() const;
+
+    /** The current record; -1 when there is none. */
+    int currentRecord() const;
+
+    /** The selected records in the order of their rows. */
+    QVector<int> selectedRecords() const;
+
+    /** Makes the record that is called so the current one, now or as soon as it is shown. */
+    void setCurrentName(const QString &name);
+
+    /** The name that was last chosen, whether it is shown at the moment or not. */
+    const QString &currentName() const;
+
+    /** Shows these columns only, until the operator chooses others. */
+    void setShownColumns(const QVector<int> &columns);
+
+    /** Sections in the order in which they are shown, without the hidden ones. */
+    QVector<int> shownColumns() const;
+
+    /** An action for each column, to show and hide it. */
+    QList<QAction *> columnActions() const;
+
+    void keyboardSearch(const QString &search) override;
+
+    void saveState(QSettings &settings) const;
+    void restoreState(const QSettings &settings);
+
+Q_SIGNALS:
+    /** Another record is current, or the same one was read again; -1 for none. */
+    void currentRecordChanged(int record);
+
+    /** A row was double-clicked or the Enter key pressed on it. */
+    void recordActivated(int record);
+
+protected:
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+
+private:
+    void remember();
+    void restore();
+    void restoreSelection();
+    void addColumnActions();
+    void updateColumnActions();
+    void fitColumns();
+    QString settingsKey(const char *name) const;
+
+    RecordModel *const m_model;
+    QList<QAction *> m_columnActions;
+    QString m_currentName;
+    int m_currentRow = 0;
+    QSet<QString> m_selectedNames;
+    QString m_topName;
+    /** Whether the model is being filled again, so that nobody has chosen what becomes current. */
+    bool m_restoring = false;
+    /** Whether columns have the widths that somebody chose, or that fit their first contents. */
+    bool m_hasWidths = false;
+};
+
+#endif

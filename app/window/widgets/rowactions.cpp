@@ -1,0 +1,166 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "rowactions.h"
+
+#include "recordmodel.h"
+#include "recordview.h"
+#include "rowtable.h"
+
+#include <KLocalizedString>
+
+#include <QAction>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <numeric>
+
+namespace
+{
+void copy(const QString &text, const char *mimeType = nullptr, const QByteArray &data = {})
+{
+    auto *mimeData = new QMimeData;
+    mimeData->setText(text);
+    if (mimeType) {
+        mimeData->setData(QString::fromLatin1(mimeType), data);
+    }
+    QGuiApplication::clipboard()->setMimeData(mimeData);
+}
+
+QByteArray contentFor(const QString &path, const RowTable &rows)
+{
+    if (path.endsWith(QLatin1String(".json"), Qt::CaseInsensitive)) {
+        return rows.toJson();
+    }
+    if (path.endsWith(QLatin1String(".txt"), Qt::CaseInsensitive)) {
+        return rows.toText().toUtf8() + '\n';
+    }
+    return rows.toCsv().toUtf8();
+}
+}
+
+RowActions::RowActions(RecordView *view)
+    : QObject(view)
+    , m_view(view)
+{
+    QAction *text = add(i18nc("@action:inmenu rows of a list", "&Copy"), "edit-copy", &RowActions::copyText);
+    text->setShortcut(QKeySequence::Copy);
+    text->setShortcutContext(Qt::WidgetShortcut);
+    QAction *csv = add(i18nc("@action:inmenu rows of a list", "Copy as C&SV"), "edit-copy", &RowActions::copyCsv);
+    QAction *json = add(i18nc("@action:inmenu rows of a list", "Copy as &JSON"), "edit-copy", &RowActions::copyJson);
+    m_copyActions = {text, csv, json};
+    QAction *all = add(i18nc("@action:inmenu rows of a list", "Select &All"), "edit-select-all", nullptr);
+    all->setShortcut(QKeySequence::SelectAll);
+    all->setShortcutContext(Qt::WidgetShortcut);
+    connect(all, &QAction::triggered, view, &QAbstractItemView::selectAll);
+    add(i18nc("@action:inmenu all rows of a list", "&Export…"), "document-export", &RowActions::exportRows);
+    view->addActions(m_actions);
+    connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &RowActions::updateActions);
+    connect(view->model(), &QAbstractItemModel::modelReset, this, &RowActions::updateActions);
+    updateActions();
+}
+
+QAction *RowActions::add(const QString &text, const char *icon, void (RowActions::*run)())
+{
+    auto *action = new QAction(QIcon::fromTheme(QLatin1String(icon)), text, this);
+    if (run) {
+        connect(action, &QAction::triggered, this, run);
+    }
+    m_actions.append(action);
+    return action;
+}
+
+QList<QAction *> RowActions::actions() const
+{
+    return m_actions;
+}
+
+void RowActions::updateActions()
+{
+    for (QAction *action : qAsConst(m_copyActions)) {
+        action->setEnabled(m_view->selectionModel()->hasSelection());
+    }
+}
+
+RowTable RowActions::rows(const QVector<int> &rows) const
+{
+    const RecordModel &model = *m_view->recordModel();
+    const QVector<int> columns = m_view->shownColumns();
+    RowTable table;
+    for (const int column : columns) {
+        table.ids.append(QString::fromLatin1(model.columns().at(column).id));
+        table.titles.append(model.headerData(column, Qt::Horizontal).toString());
+    }
+    for (const int row : rows) {
+        QVector<RowTable::Cell> cells;
+        for (const int column : columns) {
+            const QModelIndex index = model.index(row, column);
+            cells.append({index.data().toString(), index.data(RecordModel::ValueRole)});
+        }
+        table.rows.append(cells);
+    }
+    return table;
+}
+
+RowTable RowActions::selectedRows() const
+{
+    const QModelIndexList selected = m_view->selectionModel()->selectedRows();
+    QVector<int> numbers;
+    std::transform(selected.begin(), selected.end(), std::back_inserter(numbers), [](const QModelIndex &index) {
+        return index.row();
+    });
+    std::sort(numbers.begin(), numbers.end());
+    return rows(numbers);
+}
+
+RowTable RowActions::allRows() const
+{
+    QVector<int> numbers(m_view->model()->rowCount());
+    std::iota(numbers.begin(), numbers.end(), 0);
+    return rows(numbers);
+}
+
+void RowActions::copyText()
+{
+    copy(selectedRows().toText());
+}
+
+void RowActions::copyCsv()
+{
+    const QString csv = selectedRows().toCsv();
+    copy(csv, "text/csv", csv.toUtf8());
+}
+
+void RowActions::copyJson()
+{
+    const QByteArray json = selectedRows().toJson();
+    copy(QString::fromUtf8(json), "application/json", json);
+}
+
+void RowActions::exportRows()
+{
+    const QString path = QFileDialog::getSaveFileName(
+        m_view->window(),
+        i18nc("@title:window", "Export the List"),
+        m_view->accessibleName() + QLatin1String(".csv"),
+        i18nc("@item:inlistbox types of files", "CSV files (*.csv)") + QLatin1String(";;")
+            + i18nc("@item:inlistbox types of files", "JSON files (*.json)") + QLatin1String(";;")
+            + i18nc("@item:inlistbox types of files", "Text files (*.txt)"));
+    if (path.isEmpty()) {
+        return;
+    }
+    const QByteArray content = contentFor(path, allRows());
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit()) {
+        QMessageBox::warning(m_view->window(),
+                             i18nc("@title:window", "Export the List"),
+                             i18n("Cannot write '%1': %2", path, file.errorString()));
+    }
+}

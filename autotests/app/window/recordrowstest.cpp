@@ -1,0 +1,239 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "samplelist.h"
+#include "windowparts.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMenu>
+#include <QMimeData>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTimer>
+
+using namespace SampleList;
+
+namespace
+{
+/** Does @p work, which opens a file dialog, and chooses @p path in that. */
+template<typename Work>
+void chooseFile(const QString &path, Work work)
+{
+    QTimer timer; // fires in the event loop of the dialog
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        if (auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget())) {
+            timer.stop();
+            dialog->selectFile(path);
+            QMetaObject::invokeMethod(dialog, "accept");
+        }
+    });
+    timer.start(0);
+    work();
+}
+}
+
+/** What the rows of a list are good for: copies, columns, actions. */
+class RecordRowsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void copiesSelectedRows();
+    void copiesColumnsInTheirOrder();
+    void copiesNothingWithoutSelection();
+    void exportsAllShownRows_data();
+    void exportsAllShownRows();
+    void hidesColumnsByMenu();
+    void offersActionsInContextMenu();
+    void makesRoomForContents();
+    void remembersState();
+    void survivesOtherSettings();
+};
+
+void RecordRowsTest::copiesSelectedRows()
+{
+    List list;
+    list.view->setShownColumns({UserModel::NameColumn, UserModel::UidColumn, UserModel::KindColumn});
+    list.view->setCurrentName(text("root"));
+    list.addToSelection("ada");
+    QVERIFY(QTest::qWaitForWindowActive(&list.list));
+    list.view->setFocus();
+    QTest::keyClick(list.view, Qt::Key_C, Qt::ControlModifier);
+    const QClipboard &clipboard = *QGuiApplication::clipboard();
+    QCOMPARE(clipboard.text(), text("ada\t1001\tOrdinary user\nroot\t0\tSystem account"));
+
+    list.action("Copy as CSV")->trigger();
+    const QString csv = text("Login,UID,Kind\r\nada,1001,Ordinary user\r\nroot,0,System account\r\n");
+    QCOMPARE(clipboard.text(), csv);
+    QCOMPARE(QString::fromUtf8(clipboard.mimeData()->data(text("text/csv"))), csv);
+
+    list.action("Copy as JSON")->trigger();
+    const QJsonArray rows = QJsonDocument::fromJson(clipboard.mimeData()->data(text("application/json"))).array();
+    QCOMPARE(rows.size(), 2);
+    QCOMPARE(rows.at(0).toObject(),
+             QJsonObject({{text("name"), text("ada")}, {text("uid"), 1001}, {text("system"), false}}));
+}
+
+void RecordRowsTest::copiesColumnsInTheirOrder()
+{
+    List list;
+    list.view->setShownColumns({UserModel::NameColumn, UserModel::UidColumn});
+    list.view->header()->moveSection(list.view->header()->visualIndex(UserModel::UidColumn), 0);
+    list.view->setCurrentName(text("ada"));
+    list.action("Copy")->trigger();
+    QCOMPARE(QGuiApplication::clipboard()->text(), text("1001\tada"));
+}
+
+void RecordRowsTest::copiesNothingWithoutSelection()
+{
+    List list;
+    QVERIFY(list.action("Copy")->isEnabled());
+    list.view->clearSelection();
+    QVERIFY(!list.action("Copy")->isEnabled());
+    list.action("Select All")->trigger();
+    QVERIFY(list.action("Copy as JSON")->isEnabled());
+    QCOMPARE(list.selected(), text("ada bob carl dora root"));
+    QTest::keyClicks(list.search, text("nobody"));
+    QVERIFY(!list.action("Copy as CSV")->isEnabled());
+}
+
+void RecordRowsTest::exportsAllShownRows_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content");
+
+    const QByteArray csv = "Login,UID\r\nada,1001\r\nbob,1002\r\n";
+    QTest::newRow("CSV") << text("users.csv") << csv;
+    QTest::newRow("unknown") << text("users") << csv;
+    QTest::newRow("text") << text("users.TXT") << QByteArray("ada\t1001\nbob\t1002\n");
+    QTest::newRow("JSON") << text("users.json")
+                          << QByteArray("[\n    {\n        \"name\": \"ada\",\n        \"uid\": 1001\n    },\n"
+                                        "    {\n        \"name\": \"bob\",\n        \"uid\": 1002\n    }\n]\n");
+}
+
+void RecordRowsTest::exportsAllShownRows()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, content);
+
+    const QTemporaryDir directory;
+    List list;
+    list.view->setShownColumns({UserModel::NameColumn, UserModel::UidColumn});
+    QTest::keyClicks(list.search, text("b"));
+    QTest::keyClick(list.search, Qt::Key_Escape);
+    list.model.setUsers(users({"root", "ada", "bob"}));
+    QTest::keyClick(list.filter, Qt::Key_Down);
+    const QString path = directory.filePath(name);
+    chooseFile(path, [&] { list.action("Export\u2026")->trigger(); });
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), content);
+}
+
+void RecordRowsTest::hidesColumnsByMenu()
+{
+    List list;
+    list.view->setShownColumns({UserModel::NameColumn, UserModel::UidColumn});
+    const QList<QAction *> actions = list.view->columnActions();
+    QCOMPARE(actions.size(), list.model.columnCount());
+    QVERIFY(!actions.at(UserModel::NameColumn)->isEnabled());
+    QVERIFY(actions.at(UserModel::UidColumn)->isChecked());
+    QVERIFY(!actions.at(UserModel::ShellColumn)->isChecked());
+    actions.at(UserModel::ShellColumn)->trigger();
+    actions.at(UserModel::UidColumn)->trigger();
+    QCOMPARE(list.view->shownColumns(), QVector<int>({UserModel::NameColumn, UserModel::ShellColumn}));
+    QCOMPARE(list.view->header()->actions(), actions);
+}
+
+void RecordRowsTest::offersActionsInContextMenu()
+{
+    List list;
+    QStringList titles;
+    QTimer::singleShot(0, &list.list, [&titles] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        const QList<QAction *> actions = menu ? menu->actions() : QList<QAction *>();
+        for (const QAction *action : actions) {
+            if (!action->isSeparator()) {
+                titles.append(action->text().remove(QLatin1Char('&')));
+            }
+        }
+        if (menu) {
+            menu->close();
+        }
+    });
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QCoreApplication::sendEvent(list.view, &event);
+    QCOMPARE(titles,
+             QStringList({text("Copy"),
+                          text("Copy as CSV"),
+                          text("Copy as JSON"),
+                          text("Select All"),
+                          QStringLiteral(u"Export\u2026"),
+                          text("Columns")}));
+}
+
+void RecordRowsTest::makesRoomForContents()
+{
+    UserModel model;
+    RecordView view(&model);
+    model.setUsers({user(text("a-rather-long-name"), 1), user(text("x").repeated(500), 2)});
+    const QFontMetrics metrics = view.fontMetrics();
+    QVERIFY(view.columnWidth(0) > metrics.horizontalAdvance(text("a-rather-long-name")));
+    QVERIFY(view.columnWidth(0) < metrics.horizontalAdvance(text("x").repeated(100)));
+    view.setColumnWidth(0, 77);
+    model.setUsers({user(text("ada"), 1)});
+    QCOMPARE(view.columnWidth(0), 77);
+}
+
+void RecordRowsTest::remembersState()
+{
+    const QTemporaryDir directory;
+    QSettings settings(directory.filePath(text("window.ini")), QSettings::IniFormat);
+    {
+        List list;
+        QTest::keyClick(list.filter, Qt::Key_Down);
+        list.view->setShownColumns({UserModel::NameColumn, UserModel::HomeColumn, UserModel::UidColumn});
+        list.view->setColumnWidth(UserModel::HomeColumn, 123);
+        list.view->header()->moveSection(list.view->header()->visualIndex(UserModel::HomeColumn), 1);
+        list.view->sortByColumn(UserModel::UidColumn, Qt::DescendingOrder);
+        list.view->setCurrentName(text("bob"));
+        list.list.saveState(settings);
+    }
+    UserModel model;
+    RecordList list(text("userList"), &model, texts());
+    list.restoreState(settings);
+    model.setUsers(users({"root", "ada", "bob", "carl"}));
+    QCOMPARE(part<QComboBox>(list, "filterComboBox")->currentIndex(), 1);
+    QCOMPARE(list.view()->shownColumns(),
+             QVector<int>({UserModel::NameColumn, UserModel::HomeColumn, UserModel::UidColumn}));
+    QCOMPARE(list.view()->columnWidth(UserModel::HomeColumn), 123);
+    QCOMPARE(shownRows(*list.view()).join(QLatin1Char(' ')), text("carl|1003| bob|1002| ada|1001|"));
+    QCOMPARE(model.name(list.view()->currentRecord()), text("bob"));
+    QVERIFY(!list.view()->columnActions().at(UserModel::FullNameColumn)->isChecked());
+}
+
+void RecordRowsTest::survivesOtherSettings()
+{
+    const QTemporaryDir directory;
+    QSettings settings(directory.filePath(text("window.ini")), QSettings::IniFormat);
+    settings.setValue(text("userList/filter"), 99);
+    settings.setValue(text("userListView/header"), QByteArray("nonsense"));
+    List list;
+    const QVector<int> columns = list.view->shownColumns();
+    list.list.restoreState(settings);
+    QCOMPARE(list.filter->currentIndex(), 0);
+    QCOMPARE(list.view->shownColumns(), columns);
+    QCOMPARE(list.names().size(), 5);
+}
+
+QTEST_MAIN(RecordRowsTest)
+
+#include "recordrowstest.moc"
