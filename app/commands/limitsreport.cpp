@@ -205,7 +205,7 @@ int LimitsReport::showAccounts(const QString &place) const
     QStringList names;
     const QVector<PamLimits::Account> accounts = m_limits.database().all();
     for (const int line : lines) {
-        const QList<QByteArray> found = decidedBy(line, m_limits, accounts);
+        const QList<QByteArray> found = decidedBy(line, m_limits, accounts, accounts.size());
         for (const QByteArray &name : found) {
             names.append(LimitWords::fromFile(name));
         }
@@ -239,7 +239,7 @@ int LimitsReport::showFindings() const
         }
     }
     usage.finish();
-    const QVector<PamLimits::Finding> findings = PamLimits::findings(m_limits, usage);
+    const QVector<PamLimits::Finding> findings = PamLimits::Findings(m_limits, usage).all();
     const int status = findings.isEmpty() ? Success : Failure;
     if (m_asJson) {
         const int printed = printJson(LimitsJson::findings(findings));

@@ -82,9 +82,13 @@ bool AccountStore::isReading() const
 
 void AccountStore::readLimits()
 {
-    m_limitsError.clear();
-    m_limits.readLimitsConf(m_limitsError);
-    m_limitsFindings = checkLimits();
+    m_limits = PamLimits::SessionLimits::read();
+    QStringList lines;
+    const QStringList errors = m_limits.errors();
+    for (const QString &error : errors) {
+        lines.append(i18n("Cannot read %1", error));
+    }
+    m_limitsError = lines.join(QLatin1Char('\n'));
     Q_EMIT limitsRead();
 }
 
@@ -151,14 +155,9 @@ const QString &AccountStore::accountsError() const
     return m_accountsError;
 }
 
-const LimitsParser &AccountStore::limits() const
+const PamLimits::SessionLimits &AccountStore::limits() const
 {
     return m_limits;
-}
-
-const QList<LimitsFinding> &AccountStore::limitsFindings() const
-{
-    return m_limitsFindings;
 }
 
 const QString &AccountStore::limitsError() const

@@ -9,9 +9,7 @@
 #include "accountreader.h"
 #include "accountrecords.h"
 #include "filewatcher.h"
-#include "limitschecker.h"
-
-#include <LimitsParser>
+#include "sessionlimits.h"
 
 #include <QObject>
 #include <QSet>
@@ -58,10 +56,8 @@ public:
     /** Why accounts could not be read when that was last tried; empty when they could. */
     const QString &accountsError() const;
 
-    const LimitsParser &limits() const;
-
-    /** What is odd about the limits files. */
-    const QList<LimitsFinding> &limitsFindings() const;
+    /** What pam_limits gives sessions. */
+    const PamLimits::SessionLimits &limits() const;
 
     /** Why not all limits files could be read; empty when they could. */
     const QString &limitsError() const;
@@ -90,8 +86,7 @@ private:
     QSet<QString> m_changedGroups;
     QTime m_lastRead;
     QString m_accountsError;
-    LimitsParser m_limits;
-    QList<LimitsFinding> m_limitsFindings;
+    PamLimits::SessionLimits m_limits;
     QString m_limitsError;
     bool m_hasAdministratorsGroup = true;
     bool m_hasUsers = false;

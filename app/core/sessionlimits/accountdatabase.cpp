@@ -97,11 +97,20 @@ std::optional<PamLimits::Account> PamLimits::AccountDatabase::find(const QByteAr
         return {};
     }
     Account account{entry->pw_name, entry->pw_uid, entry->pw_gid, {}};
-    account.groups = groupsOf(account.name, account.gid);
+    addGroups(account);
     return account;
 }
 
 QVector<PamLimits::Account> PamLimits::AccountDatabase::all() const
+{
+    QVector<Account> accounts = allWithoutGroups();
+    for (Account &account : accounts) {
+        addGroups(account);
+    }
+    return accounts;
+}
+
+QVector<PamLimits::Account> PamLimits::AccountDatabase::allWithoutGroups() const
 {
     QVector<Account> accounts;
     QSet<QByteArray> names;
@@ -113,10 +122,12 @@ QVector<PamLimits::Account> PamLimits::AccountDatabase::all() const
             accounts.append({name, entry->pw_uid, entry->pw_gid, {}});
         }
     }
-    for (Account &account : accounts) {
-        account.groups = groupsOf(account.name, account.gid);
-    }
     return accounts;
+}
+
+void PamLimits::AccountDatabase::addGroups(Account &account) const
+{
+    account.groups = groupsOf(account.name, account.gid);
 }
 
 std::optional<quint32> PamLimits::AccountDatabase::gidOf(const QByteArray &group) const

@@ -30,6 +30,11 @@ public:
     /** All accounts of /etc/passwd, in its order. */
     QVector<Account> all() const;
 
+    /** The same without their groups, which take the most time. */
+    QVector<Account> allWithoutGroups() const;
+
+    void addGroups(Account &account) const;
+
     /** The gid of a group; none when there is no such group. */
     std::optional<quint32> gidOf(const QByteArray &group) const;
 
@@ -39,7 +44,7 @@ private:
     void readGroups();
     QVector<quint32> groupsOf(const QByteArray &user, quint32 gid) const;
 
-    const bool m_hasFilesOnly;
+    bool m_hasFilesOnly;
     QHash<QByteArray, quint32> m_gids;
     QSet<quint32> m_known;
     QHash<QByteArray, QVector<quint32>> m_memberships;

@@ -9,7 +9,6 @@ namespace
 {
 using PamLimits::Half;
 using PamLimits::Item;
-using PamLimits::ItemKind;
 
 /** Where the rule for @p item is kept: both items for logins share a place. */
 int placeOf(Item item)

@@ -21,19 +21,6 @@ using PamLimits::Line;
 using PamLimits::LineKind;
 using PamLimits::SessionLimits;
 
-/** Why nobody is meant by a domain; empty when somebody may be. */
-QString nobodyMeant(const Domain &domain, const PamLimits::AccountDatabase &database)
-{
-    if (domain.range != Domain::Range::None || domain.text == "*" || domain.text == "%") {
-        return {};
-    }
-    const QString name = LimitWords::fromFile(domain.name());
-    if (domain.prefix == Domain::Prefix::None) {
-        return database.find(domain.text) ? QString() : i18n("is for nobody: there is no user '%1'", name);
-    }
-    return database.gidOf(domain.name()) ? QString() : i18n("is for nobody: there is no group '%1'", name);
-}
-
 QString neverDecides(const SessionLimits &limits, const LimitUsage::Line &use)
 {
     if (use.decides > 0 || use.matches == 0 || use.against < 0) {
@@ -83,9 +70,40 @@ bool isOdd(const PamLimits::File &file, bool hasRules)
 }
 }
 
-QStringList PamLimits::statementsOf(const SessionLimits &limits, const LimitUsage &usage, int place)
+PamLimits::Findings::Findings(const SessionLimits &limits, const LimitUsage &usage)
+    : m_limits(limits)
+    , m_usage(usage)
 {
-    const Rules &rules = limits.rules();
+}
+
+QString PamLimits::Findings::nobodyMeant(int domain) const
+{
+    const auto known = m_nobodyMeant.constFind(domain);
+    if (known != m_nobodyMeant.constEnd()) {
+        return *known;
+    }
+    const QString found = findNobodyMeant(m_limits.rules().domains().at(domain));
+    m_nobodyMeant.insert(domain, found);
+    return found;
+}
+
+QString PamLimits::Findings::findNobodyMeant(const Domain &domain) const
+{
+    if (domain.range != Domain::Range::None || domain.text == "*" || domain.text == "%") {
+        return {};
+    }
+    const AccountDatabase &database = m_limits.database();
+    const QString name = LimitWords::fromFile(domain.name());
+    if (domain.prefix != Domain::Prefix::None) {
+        return database.gidOf(domain.name()) ? QString() : i18n("is for nobody: there is no group '%1'", name);
+    }
+    const bool isKnown = m_usage.hasAccount(domain.text) || database.find(domain.text);
+    return isKnown ? QString() : i18n("is for nobody: there is no user '%1'", name);
+}
+
+QStringList PamLimits::Findings::statementsOf(int place) const
+{
+    const Rules &rules = m_limits.rules();
     const Line &line = rules.lines().at(place);
     if (!rules.fileOf(line).isRead()) {
         return {};
@@ -94,11 +112,11 @@ QStringList PamLimits::statementsOf(const SessionLimits &limits, const LimitUsag
     if (!problem.isEmpty()) {
         return {i18n("PAM ignores this line: %1", problem)};
     }
-    const LimitUsage::Line &use = usage.at(place);
+    const LimitUsage::Line &use = m_usage.at(place);
     QStringList statements{
-        nobodyMeant(rules.domainOf(line), limits.database()),
-        refused(limits, line),
-        neverDecides(limits, use),
+        nobodyMeant(int(line.domain)),
+        refused(m_limits, line),
+        neverDecides(m_limits, use),
         lockedOut(use, line),
         parserProblem(rules, line),
     };
@@ -106,9 +124,9 @@ QStringList PamLimits::statementsOf(const SessionLimits &limits, const LimitUsag
     return statements;
 }
 
-QVector<PamLimits::Finding> PamLimits::findings(const SessionLimits &limits, const LimitUsage &usage)
+QVector<PamLimits::Finding> PamLimits::Findings::all() const
 {
-    const Rules &rules = limits.rules();
+    const Rules &rules = m_limits.rules();
     QVector<Finding> findings;
     int place = 0;
     for (int file = 0; file < rules.files().size(); ++file) {
@@ -117,7 +135,7 @@ QVector<PamLimits::Finding> PamLimits::findings(const SessionLimits &limits, con
         for (; place < rules.lines().size() && rules.lines().at(place).file == file; ++place) {
             const Line &line = rules.lines().at(place);
             hasRules = hasRules || line.kind == LineKind::Rule || line.kind == LineKind::Exemption;
-            const QStringList statements = statementsOf(limits, usage, place);
+            const QStringList statements = statementsOf(place);
             for (const QString &statement : statements) {
                 ofLines.append(
                     {rules.fileOf(line).path, int(line.number), LimitWords::fromFile(rules.textOf(line)), statement});

@@ -20,11 +20,27 @@ struct Finding {
     QString statement;
 };
 
-/** What there is to say of the line at @p place; empty for nothing. */
-QStringList statementsOf(const SessionLimits &limits, const LimitUsage &usage, int place);
+/** Tells what there is to say of lines and files. */
+class Findings
+{
+public:
+    Findings(const SessionLimits &limits, const LimitUsage &usage);
 
-/** All findings, in the order of the files and lines. */
-QVector<Finding> findings(const SessionLimits &limits, const LimitUsage &usage);
+    /** What there is to say of the line at @p place; empty for nothing. */
+    QStringList statementsOf(int place) const;
+
+    /** Everything, in the order of the files and lines. */
+    QVector<Finding> all() const;
+
+private:
+    QString nobodyMeant(int domain) const;
+    QString findNobodyMeant(const Domain &domain) const;
+
+    const SessionLimits &m_limits;
+    const LimitUsage &m_usage;
+    /** What was found of domains, by their places. */
+    mutable QHash<int, QString> m_nobodyMeant;
+};
 
 /** What programs that read @p line with LimitsParser do not see or see in another way; empty when they see what PAM
  * does. */

@@ -28,6 +28,7 @@ PamLimits::LimitUsage::LimitUsage(const SessionLimits &limits)
 
 void PamLimits::LimitUsage::add(const Account &account)
 {
+    m_names.insert(account.name);
     QVector<Outcome> outcomes;
     const Answer answer = m_limits.answer(account, &outcomes);
     for (const Outcome &outcome : qAsConst(outcomes)) {
@@ -75,12 +76,18 @@ const PamLimits::LimitUsage::Line &PamLimits::LimitUsage::at(int place) const
     return m_lines.at(place);
 }
 
-QList<QByteArray> PamLimits::decidedBy(int place, const SessionLimits &limits, const QVector<Account> &accounts)
+bool PamLimits::LimitUsage::hasAccount(const QByteArray &name) const
+{
+    return m_names.contains(name);
+}
+
+QList<QByteArray>
+PamLimits::decidedBy(int place, const SessionLimits &limits, const QVector<Account> &accounts, int count)
 {
     QList<QByteArray> names;
-    for (const Account &account : accounts) {
-        if (limits.decides(place, account)) {
-            names.append(account.name);
+    for (auto account = accounts.begin(); account != accounts.end() && names.size() < count; ++account) {
+        if (limits.decides(place, *account)) {
+            names.append(account->name);
         }
     }
     return names;

@@ -38,15 +38,23 @@ public:
 
     const Line &at(int place) const;
 
+    /** Whether an account with this name was counted. */
+    bool hasAccount(const QByteArray &name) const;
+
 private:
     void addOutcome(const Outcome &outcome);
 
-    const SessionLimits &m_limits;
+    SessionLimits m_limits;
     QVector<Line> m_lines;
+    QSet<QByteArray> m_names;
 };
 
-/** The names of those of @p accounts for which the line at @p place decides something. */
-QList<QByteArray> decidedBy(int place, const SessionLimits &limits, const QVector<Account> &accounts);
+/**
+ * The names of those of @p accounts for which the line at @p place decides something.
+ *
+ * @param count how many are enough
+ */
+QList<QByteArray> decidedBy(int place, const SessionLimits &limits, const QVector<Account> &accounts, int count);
 }
 
 #endif

@@ -7,9 +7,9 @@
 
 #include "groupdetails.h"
 #include "groupmodel.h"
-#include "limitsview.h"
 #include "memberlist.h"
 #include "recordview.h"
+#include "sessionlimitsview.h"
 
 #include <KLocalizedString>
 
@@ -53,7 +53,7 @@ GroupsPage::GroupsPage(AccountStore *store, GroupModel *model, QWidget *parent)
     , m_model(model)
     , m_details(new GroupDetails(this))
     , m_members(new MemberList(this))
-    , m_limits(new LimitsView(this))
+    , m_limits(new SessionLimitsView(this))
 {
     m_model->setParent(this);
     arrange({createGroupPart(), m_limits});
@@ -105,7 +105,7 @@ void GroupsPage::showLimits()
 {
     const int record = list()->view()->currentRecord();
     if (record != -1) {
-        const GroupRecord &group = m_model->group(record);
-        m_limits->show(LimitRule::Group{group.name, group.gid}, store()->limits(), store()->limitsError());
+        const auto member = PamLimits::Account::memberOf(m_model->group(record).gid);
+        m_limits->show(store()->limits(), member, store()->limitsError());
     }
 }

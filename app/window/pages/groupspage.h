@@ -10,7 +10,7 @@
 
 class GroupDetails;
 class GroupModel;
-class LimitsView;
+class SessionLimitsView;
 class MemberList;
 
 /** The groups of the machine, and all there is to know of one of them. */
@@ -34,7 +34,7 @@ private:
     GroupModel *const m_model;
     GroupDetails *const m_details;
     MemberList *const m_members;
-    LimitsView *const m_limits;
+    SessionLimitsView *const m_limits;
 };
 
 #endif

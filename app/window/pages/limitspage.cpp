@@ -7,100 +7,111 @@
 
 #include "accountstore.h"
 #include "lefttoright.h"
+#include "limitlinesmodel.h"
+#include "limitwords.h"
 #include "messages.h"
 #include "pagelayout.h"
-#include "plaintext.h"
-#include "table.h"
-
-#include <LimitsParser>
 
 #include <KLocalizedString>
 
+#include <QComboBox>
+#include <QElapsedTimer>
 #include <QFormLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
-#include <QTextDocumentFragment>
+#include <QTimer>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 namespace
 {
-enum RuleColumn { DomainColumn, TypeColumn, ItemColumn, ValueColumn, LimitColumn };
+/** How long accounts are counted at a stretch, in milliseconds: the window stays usable. */
+constexpr int slice = 15;
 
-/** The explanation of a type is rich text, but a type without one is explained by itself. */
-QString typeExplanation(const QString &type)
-{
-    const QString explanation = LimitsParser::typeToolTip(type);
-    return explanation == type ? PlainText::toRichText(type) : explanation;
-}
+/** How many accounts are named for which a line decides. */
+constexpr int maxNames = 12;
 
-QTreeWidgetItem *ruleRow(const LimitsParser::Field &rule)
-{
-    const QString value = rule.value.toString();
-    const QString type = typeExplanation(rule.type);
-    const QString item = LimitsParser::itemToolTip(rule.item);
-    QTreeWidgetItem *row = Table::row({
-        {rule.domain, LimitsParser::domainToolTip(rule.domain)},
-        {rule.type, {}},
-        {rule.item, item},
-        {value, item},
-        {LimitsParser::valueToString(rule.value, rule.item), item},
-    });
-    row->setToolTip(TypeColumn, type); // with the line ends of its author
-    row->setData(TypeColumn, Qt::AccessibleDescriptionRole, QTextDocumentFragment::fromHtml(type).toPlainText());
-    return row;
-}
+constexpr int placeCharacters = 32;
+constexpr int textCharacters = 36;
 }
 
 LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
     : QWidget(parent)
     , m_store(store)
     , m_error(Messages::create(KMessageWidget::Error, this))
-    , m_rules(new Table(i18nc("@title of a list", "&Rules in the order in which they are read"),
-                        {
-                            i18nc("@title:column whom a limit is for", "Domain"),
-                            i18nc("@title:column soft or hard limit", "Type"),
-                            i18nc("@title:column what is limited", "Item"),
-                            i18nc("@title:column of a limit", "Value"),
-                            i18nc("@title:column a value with its unit", "Limit"),
-                        },
-                        this))
-    , m_findings(new Table(i18nc("@title of a list", "&Lines that do not mean what they seem to"),
-                           {
-                               i18nc("@title:column", "File"),
-                               i18nc("@title:column of a file", "Line"),
-                               i18nc("@title:column of a line", "Text"),
-                               i18nc("@title:column", "Reason"),
-                           },
-                           this))
-    , m_findingsTitle(m_findings->createTitleLabel())
-    , m_noFindings(Messages::create(KMessageWidget::Positive, this))
+    , m_filter(new QComboBox(this))
+    , m_model(new LimitLinesModel(this))
+    , m_lines(new QTreeView(this))
+    , m_counting(new QTimer(this))
 {
     m_error->setObjectName(QStringLiteral("limitsError"));
-    m_rules->setObjectName(QStringLiteral("rulesTable"));
-    m_findings->setObjectName(QStringLiteral("findingsTable"));
-    m_noFindings->setObjectName(QStringLiteral("noFindings"));
-
+    addTable();
+    auto *title = new QLabel(i18nc("@title of a list", "&Lines in the order in which they are read"), this);
+    title->setAlignment(LeftToRight::lineStart());
+    title->setBuddy(m_lines);
+    m_lines->setAccessibleName(KLocalizedString::removeAcceleratorMarker(title->text()));
     auto *explanations = new QFormLayout;
-    m_domain = addExplanation(explanations, i18nc("@label whom a limit is for", "Domain:"));
-    m_type = addExplanation(explanations, i18nc("@label soft or hard limit", "Type:"));
-    m_item = addExplanation(explanations, i18nc("@label what is limited", "Item:"));
+    m_meaning = addExplanation(explanations, "lineMeaning", i18nc("@label of a line", "Meaning:"));
+    m_problem = addExplanation(explanations, "lineProblem", i18nc("@label of a line", "Problem:"));
+    m_decides = addExplanation(explanations, "lineDecides", i18nc("@label accounts", "Decides for:"));
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_error);
-    layout->addWidget(m_rules->createTitleLabel());
-    layout->addWidget(m_rules, 2);
+    layout->addWidget(createFilter());
+    layout->addWidget(title);
+    layout->addWidget(m_lines, 1);
     layout->addLayout(explanations);
-    layout->addSpacing(2 * layout->spacing());
-    layout->addWidget(m_findingsTitle);
-    layout->addWidget(m_findings, 1);
-    layout->addWidget(m_noFindings);
 
-    connect(m_rules, &QTreeWidget::currentItemChanged, this, &LimitsPage::explain);
+    connect(m_counting, &QTimer::timeout, this, &LimitsPage::countSomeAccounts);
     connect(m_store, &AccountStore::limitsRead, this, &LimitsPage::showAll);
+    connect(m_store, &AccountStore::usersRead, this, &LimitsPage::startCounting);
 }
 
-QLabel *LimitsPage::addExplanation(QFormLayout *layout, const QString &title)
+QWidget *LimitsPage::createFilter()
+{
+    m_filter->setObjectName(QStringLiteral("lineFilter"));
+    m_filter->setAccessibleName(i18nc("@label:listbox which lines are shown", "Show"));
+    m_filter->view()->setAccessibleName(m_filter->accessibleName());
+    m_filter->addItem(i18nc("@item:inlistbox", "All lines"), LimitLinesModel::AllLines);
+    m_filter->addItem(i18nc("@item:inlistbox", "Lines that PAM applies"), LimitLinesModel::AppliedLines);
+    m_filter->addItem(i18nc("@item:inlistbox", "Lines with problems"), LimitLinesModel::ProblemLines);
+    connect(m_filter, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int index) {
+        m_model->setFilter(LimitLinesModel::Filter(m_filter->itemData(index).toInt()));
+        explain();
+    });
+    auto *label = new QLabel(i18nc("@label:listbox which lines are shown", "&Show:"), this);
+    label->setBuddy(m_filter);
+    auto *row = new QWidget(this);
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins({});
+    layout->addWidget(label);
+    layout->addWidget(m_filter);
+    layout->addStretch();
+    return row;
+}
+
+void LimitsPage::addTable()
+{
+    m_lines->setObjectName(QStringLiteral("linesTable"));
+    m_lines->setItemDelegate(new LeftToRight::Delegate(m_lines));
+    m_lines->setRootIsDecorated(false);
+    m_lines->setItemsExpandable(false);
+    m_lines->setUniformRowHeights(true);
+    m_lines->setAllColumnsShowFocus(true);
+    m_lines->setAlternatingRowColors(true);
+    m_lines->setModel(m_model);
+    const int width = fontMetrics().averageCharWidth();
+    m_lines->setColumnWidth(LimitLinesModel::PlaceColumn, placeCharacters * width);
+    m_lines->setColumnWidth(LimitLinesModel::TextColumn, textCharacters * width);
+    connect(m_lines->selectionModel(), &QItemSelectionModel::selectionChanged, this, &LimitsPage::explain);
+}
+
+QLabel *LimitsPage::addExplanation(QFormLayout *layout, const char *name, const QString &title)
 {
     auto *label = new QLabel(this);
+    label->setObjectName(QString::fromLatin1(name));
+    label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
     PageLayout::addRow(layout, title, label);
@@ -109,48 +120,67 @@ QLabel *LimitsPage::addExplanation(QFormLayout *layout, const QString &title)
 
 void LimitsPage::showAll()
 {
+    m_counting->stop();
+    m_usage.reset();
     Messages::show(*m_error, m_store->limitsError());
-    showRules();
-    showFindings();
+    m_model->setLimits(m_store->limits());
+    m_lines->setCurrentIndex(m_model->index(0, 0));
+    explain();
 }
 
-void LimitsPage::showRules()
+void LimitsPage::startCounting()
 {
-    QList<QTreeWidgetItem *> rows;
-    const QList<LimitsParser::Field> rules = m_store->limits().fields();
-    for (const LimitsParser::Field &rule : rules) {
-        rows.append(ruleRow(rule));
+    m_model->setUsage(nullptr);
+    m_usage = std::make_shared<PamLimits::LimitUsage>(m_store->limits());
+    m_accounts = m_store->limits().database().allWithoutGroups();
+    m_counted = 0;
+    m_counting->start();
+}
+
+void LimitsPage::countSomeAccounts()
+{
+    QElapsedTimer time;
+    time.start();
+    for (; m_counted < m_accounts.size() && !time.hasExpired(slice); ++m_counted) {
+        m_store->limits().database().addGroups(m_accounts[m_counted]);
+        m_usage->add(m_accounts.at(m_counted));
     }
-    m_rules->setRows(rows);
-    m_rules->setCurrentItem(m_rules->topLevelItem(0));
-    explain(m_rules->currentItem());
-}
-
-void LimitsPage::showFindings()
-{
-    QList<QTreeWidgetItem *> rows;
-    const QList<LimitsFinding> &findings = m_store->limitsFindings();
-    for (const LimitsFinding &finding : findings) {
-        const QString text = finding.visibleText();
-        const QString reasons = finding.allReasons();
-        rows.append(Table::row({
-            {finding.file, finding.file},
-            {QString::number(finding.line), {}},
-            {text, text},
-            {reasons, reasons},
-        }));
+    if (m_counted == m_accounts.size()) {
+        finishCounting();
     }
-    m_findings->setRows(rows);
-    m_findings->setVisible(!rows.isEmpty());
-    m_findingsTitle->setVisible(!rows.isEmpty());
-    const bool allIsWell = rows.isEmpty() && m_store->limitsError().isEmpty();
-    Messages::show(*m_noFindings, allIsWell ? i18n("Every line is taken as it is written.") : QString());
 }
 
-void LimitsPage::explain(const QTreeWidgetItem *rule)
+void LimitsPage::finishCounting()
 {
-    // For those who do not use the mouse, which shows the tool tips.
-    m_domain->setText(rule ? rule->toolTip(DomainColumn) : QString());
-    m_type->setText(rule ? rule->toolTip(TypeColumn) : QString());
-    m_item->setText(rule ? rule->toolTip(ItemColumn) : QString());
+    m_counting->stop();
+    m_usage->finish();
+    m_model->setUsage(m_usage);
+    explain();
+}
+
+void LimitsPage::explain()
+{
+    const QModelIndexList rows = m_lines->selectionModel()->selectedRows();
+    const int line = rows.isEmpty() ? -1 : m_model->lineAt(rows.first().row());
+    m_meaning->setText(line < 0 ? QString() : m_model->meaningOf(line));
+    m_problem->setText(line < 0 ? QString() : m_model->problemsOf(line).join(QLatin1Char('\n')));
+    m_decides->setText(line < 0 ? QString() : accountsOf(line));
+}
+
+QString LimitsPage::accountsOf(int line) const
+{
+    if (!m_usage || m_counting->isActive()) {
+        return QStringLiteral("\u2026");
+    }
+    const int count = m_usage->at(line).decides;
+    if (count == 0) {
+        return i18nc("@info no account", "nobody");
+    }
+    QStringList names;
+    const QList<QByteArray> found = decidedBy(line, m_store->limits(), m_accounts, qMin(count, maxNames));
+    for (const QByteArray &name : found) {
+        names.append(LimitWords::fromFile(name));
+    }
+    const QString more = count > names.size() ? QStringLiteral(" \u2026 (%1)").arg(count) : QString();
+    return names.join(QLatin1String(", ")) + more;
 }

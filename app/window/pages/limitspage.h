@@ -6,16 +6,22 @@
 #ifndef LIMITSPAGE_H
 #define LIMITSPAGE_H
 
+#include "limitusage.h"
+
 #include <QWidget>
+
+#include <memory>
 
 class AccountStore;
 class KMessageWidget;
+class LimitLinesModel;
+class QComboBox;
 class QFormLayout;
 class QLabel;
-class QTreeWidgetItem;
-class Table;
+class QTimer;
+class QTreeView;
 
-/** The rules of the limits files as they were read, and what is odd about the files. */
+/** The lines of the limits files, what PAM makes of them, and whom they decide for. */
 class LimitsPage : public QWidget
 {
     Q_OBJECT
@@ -24,21 +30,29 @@ public:
     explicit LimitsPage(AccountStore *store, QWidget *parent = nullptr);
 
 private:
-    QLabel *addExplanation(QFormLayout *layout, const QString &title);
+    QLabel *addExplanation(QFormLayout *layout, const char *name, const QString &title);
+    QWidget *createFilter();
+    void addTable();
     void showAll();
-    void showRules();
-    void showFindings();
-    void explain(const QTreeWidgetItem *rule);
+    void startCounting();
+    void countSomeAccounts();
+    void finishCounting();
+    void explain();
+    QString accountsOf(int line) const;
 
     AccountStore *const m_store;
     KMessageWidget *const m_error;
-    Table *const m_rules;
-    Table *const m_findings;
-    QLabel *const m_findingsTitle;
-    KMessageWidget *const m_noFindings;
-    QLabel *m_domain = nullptr;
-    QLabel *m_type = nullptr;
-    QLabel *m_item = nullptr;
+    QComboBox *const m_filter;
+    LimitLinesModel *const m_model;
+    QTreeView *const m_lines;
+    QTimer *const m_counting;
+    QLabel *m_meaning = nullptr;
+    QLabel *m_problem = nullptr;
+    QLabel *m_decides = nullptr;
+    /** The accounts for which lines may decide, how many of them are counted, and what that found. */
+    QVector<PamLimits::Account> m_accounts;
+    int m_counted = 0;
+    std::shared_ptr<PamLimits::LimitUsage> m_usage;
 };
 
 #endif

@@ -5,8 +5,9 @@
 
 #include "userspage.h"
 
-#include "limitsview.h"
+#include "recordtext.h"
 #include "recordview.h"
+#include "sessionlimitsview.h"
 #include "userdetails.h"
 #include "usermodel.h"
 
@@ -14,6 +15,20 @@
 
 namespace
 {
+/** The account @p name for the lookup of its limits. Its file may hold the name in UTF-8 or in Latin-1. */
+std::optional<PamLimits::Account> sessionAccount(const PamLimits::SessionLimits &limits, const QString &name)
+{
+    std::optional<PamLimits::Account> account;
+    const QStringList candidates = RecordText::encode(name);
+    for (const QString &candidate : candidates) {
+        account = limits.database().find(candidate.toLatin1());
+        if (account) {
+            break;
+        }
+    }
+    return account;
+}
+
 QString noMatch(const AccountStore &store, const UserModel &model)
 {
     if (model.filter() == UserModel::Administrators && !store.hasAdministratorsGroup()) {
@@ -62,7 +77,7 @@ UsersPage::UsersPage(AccountStore *store, UserModel *model, QWidget *parent)
     : AccountPage(store, AccountLink::Kind::User, createList(store, model), parent)
     , m_model(model)
     , m_details(new UserDetails(this))
-    , m_limits(new LimitsView(this))
+    , m_limits(new SessionLimitsView(this))
 {
     m_model->setParent(this);
     arrange({m_details, m_limits});
@@ -93,8 +108,12 @@ void UsersPage::showLimits()
 {
     const int record = list()->view()->currentRecord();
     if (record != -1) {
-        const UserRecord &user = m_model->user(record);
-        m_limits->show(
-            LimitRule::User{user.name, user.groups, user.uid, user.gid}, store()->limits(), store()->limitsError());
+        const PamLimits::SessionLimits &limits = store()->limits();
+        const auto account = sessionAccount(limits, m_model->user(record).name);
+        if (account) {
+            m_limits->show(limits, *account, store()->limitsError());
+        } else {
+            m_limits->clear();
+        }
     }
 }

@@ -8,7 +8,7 @@
 
 #include "accountpage.h"
 
-class LimitsView;
+class SessionLimitsView;
 class UserDetails;
 class UserModel;
 
@@ -30,7 +30,7 @@ private:
 
     UserModel *const m_model;
     UserDetails *const m_details;
-    LimitsView *const m_limits;
+    SessionLimitsView *const m_limits;
 };
 
 #endif

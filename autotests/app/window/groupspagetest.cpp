@@ -109,7 +109,7 @@ private Q_SLOTS:
     void leadsToMembers();
     void countsMembers();
     void showsLimitsOfGroup();
-    void tellsWhichRangeApplies();
+    void leavesOutRangesOfPrimaryGroups();
     void keepsCurrentGroupOnReload();
     void reportsFilesThatCannotBeRead();
     void worksWithoutGroups();
@@ -262,22 +262,23 @@ void GroupsPageTest::showsLimitsOfGroup()
     page.select("staff");
     QCOMPARE(shownRows(*page.limits),
              QStringList({
-                 text("core|0|0 KB|*|Maximum core file size."),
-                 text("maxlogins|3|3|%staff|Maximum number of logins for this user."),
-                 text("memlock|64|64 KB|@staff|Maximum locked-in-memory address space."),
+                 QStringLiteral("core|0|\u2013|* limits.conf:1|Maximum core file size."),
+                 text("maxlogins|3|3|%staff limits.conf:3|Maximum number of logins for this user."),
+                 text("memlock|64|64|@staff limits.conf:2|Maximum locked-in-memory address space."),
              }));
     page.select("ada");
-    QCOMPARE(shownRows(*page.limits), QStringList(text("core|0|0 KB|*|Maximum core file size.")));
+    QCOMPARE(shownRows(*page.limits),
+             QStringList(QStringLiteral("core|0|\u2013|* limits.conf:1|Maximum core file size.")));
 }
 
-void GroupsPageTest::tellsWhichRangeApplies()
+void GroupsPageTest::leavesOutRangesOfPrimaryGroups()
 {
-    Sandbox::write(limitsPath(), "* - nproc 3\n@0: - nproc 3\n//:// - nproc 3\n@//:// - nproc 3\n");
+    Sandbox::write(limitsPath(), "* - nproc 3\n@0: - nproc 4\n@:50 - nproc 5\n");
     Page page;
     page.select("root");
-    QCOMPARE(shownRows(*page.limits), QStringList(text("nproc|3|3|@//://|Maximum number of processes.")));
+    QCOMPARE(shownRows(*page.limits), QStringList(text("nproc|3|3|* limits.conf:1|Maximum number of processes.")));
     page.select("staff");
-    QCOMPARE(shownRows(*page.limits), QStringList(text("nproc|3|3|*|Maximum number of processes.")));
+    QCOMPARE(shownRows(*page.limits), QStringList(text("nproc|5|5|@:50 limits.conf:3|Maximum number of processes.")));
 }
 
 void GroupsPageTest::keepsCurrentGroupOnReload()

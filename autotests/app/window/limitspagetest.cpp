@@ -11,21 +11,30 @@
 
 #include <KMessageWidget>
 
+#include <QAbstractItemModelTester>
+#include <QComboBox>
 #include <QLabel>
 #include <QTest>
 #include <QTreeView>
 
 namespace
 {
-const char rules[] = "* soft core 0\n"
-                     "@staff - memlock unlimited\n"
+const char rules[] = "# comment\n"
+                     "* soft core 0\n"
+                     "\n"
+                     "@staff\t- memlock unlimited\n"
                      "<i>x</i> hard nproc 7\n"
-                     "ada both <b>y</b> 1\n"
-                     "bob hard chroot /srv\n";
+                     "ada both data 1\n"
+                     "* soft core 1\n";
 
 QString text(const char *latin1)
 {
     return QString::fromLatin1(latin1);
+}
+
+QString line(int number)
+{
+    return text("/etc/security/limits.conf:%1").arg(number);
 }
 
 /** The page with its parts at hand, after everything was read. */
@@ -34,18 +43,46 @@ struct Page {
     {
         page.resize(900, 600);
         page.show();
-        store.readLimits();
+        read();
     }
 
-    bool shows(const char *message) const
+    void read()
     {
-        return part<KMessageWidget>(page, message)->isVisible();
+        store.readLimits();
+        store.readUsers();
+    }
+
+    /** Waits until it is known for whom the lines decide. */
+    bool isCounted() const
+    {
+        return QTest::qWaitFor([this] { return label("lineDecides") != QStringLiteral("\u2026"); }, 30000);
+    }
+
+    QString label(const char *name) const
+    {
+        return part<QLabel>(page, name)->text();
+    }
+
+    /** The first columns of the rows. */
+    QStringList lines() const
+    {
+        QStringList lines;
+        for (const QString &row : shownRows(*table)) {
+            lines.append(row.section(QLatin1Char('|'), 0, 0));
+        }
+        return lines;
+    }
+
+    void select(int row) const
+    {
+        table->setCurrentIndex(table->model()->index(row, 0));
     }
 
     AccountStore store;
     LimitsPage page{&store};
-    QTreeView *rules = part<QTreeView>(page, "rulesTable");
-    QTreeView *findings = part<QTreeView>(page, "findingsTable");
+    QTreeView *table = part<QTreeView>(page, "linesTable");
+    QComboBox *filter = part<QComboBox>(page, "lineFilter");
+    QAbstractItemModelTester tester{table->model()};
 };
 }
 
@@ -55,108 +92,115 @@ class LimitsPageTest : public QObject
 
 private Q_SLOTS:
     void init();
-    void listsRulesInOrder();
-    void explainsCells();
-    void takesUnknownWordsForPlainText();
-    void explainsCurrentRule();
-    void listsFindings();
-    void tellsThatNothingIsOdd();
+    void listsLinesOfAllFiles();
+    void showsLinesByFilter();
+    void explainsSelectedLine();
+    void namesManyAccounts();
+    void explainsLineThatDoesNothing();
+    void showsToolTipsAsPlainText();
     void reportsFileThatCannotBeRead();
-    void readsAnew();
+    void readsAgain();
+    void holdsManyLines();
 };
 
 void LimitsPageTest::init()
 {
+    Sandbox::setNameService("files");
+    Sandbox::setAccounts("root:x:0:0::/:\nada:x:1000:1000::/:\nbob:x:1001:50::/:\n",
+                         "root:x:0:\nada:x:1000:\nstaff:x:50:\normel-admin:x:27:\n");
     clearLimits();
     Sandbox::write(limitsPath(), rules);
 }
 
-void LimitsPageTest::listsRulesInOrder()
+void LimitsPageTest::listsLinesOfAllFiles()
 {
-    Sandbox::write(dropInPath(text("later.conf")), "* hard nproc 9\n");
+    Sandbox::write(dropInPath(text("later.conf")), "bob - nproc 9\nada -\n");
+    Sandbox::write(dropInPath(text("old")), "* hard nproc 9\n");
     const Page page;
-    QCOMPARE(shownRows(*page.rules),
-             QStringList({
-                 text("*|soft|core|0|0 KB"),
-                 text("@staff|-|memlock|-1|-1 KB"),
-                 text("<i>x</i>|hard|nproc|7|7"),
-                 text("ada|both|<b>y</b>|1|1"),
-                 text("bob|hard|chroot|/srv|/srv"),
-                 text("*|hard|nproc|9|9"),
-             }));
+    QVERIFY(page.isCounted());
+    QCOMPARE(
+        shownRows(*page.table),
+        QStringList({
+            line(2)
+                + text("|* soft core 0|never decides anything: overridden by /etc/security/limits.d/later.conf:2 "
+                       "and other lines"),
+            line(4)
+                + text("|@staff\\t- memlock unlimited|PAM applies this; programs that read it through LimitsParser "
+                       "do not see it: columns that are not separated by spaces"),
+            line(5) + text("|<i>x</i> hard nproc 7|is for nobody: there is no user '<i>x</i>'"),
+            line(6) + text("|ada both data 1|PAM ignores this line: the type 'both' is none of soft, hard and -"),
+            line(7) + text("|* soft core 1|All users: Maximum core file size."),
+            text("/etc/security/limits.d/later.conf:1|bob - nproc 9|"
+                 "User name: \"bob\": Maximum number of processes."),
+            text("/etc/security/limits.d/later.conf:2|ada -|PAM applies this; programs that read it through "
+                 "LimitsParser do not see it: an exemption from all limits"),
+            text("/etc/security/limits.d/old:1|* hard nproc 9|"
+                 "PAM does not read this file: its name does not end in .conf"),
+        }));
 }
 
-void LimitsPageTest::explainsCells()
+void LimitsPageTest::showsLinesByFilter()
 {
+    Sandbox::write(dropInPath(text("old")), "* hard nproc 9\n");
     const Page page;
-    const QString item = text("<qt>Maximum core file size.</qt>");
-    QCOMPARE(toolTips(*page.rules, 0),
-             QStringList({text("<qt>All users</qt>"),
-                          text("This is the soft resource limit.<br>This type of limits is used by default and can be "
-                               "changed by the user."),
-                          item,
-                          item,
-                          item}));
-    QCOMPARE(page.rules->model()->index(0, 1).data(Qt::AccessibleDescriptionRole).toString(),
-             text("This is the soft resource limit.\nThis type of limits is used by default and can be "
-                  "changed by the user."));
+    QVERIFY(page.isCounted());
+    page.filter->setCurrentText(text("Lines that PAM applies"));
+    QCOMPARE(page.lines(), QStringList({line(2), line(4), line(5), line(7)}));
+    page.filter->setCurrentText(text("Lines with problems"));
+    QCOMPARE(page.lines(), QStringList({line(2), line(4), line(5), line(6), text("/etc/security/limits.d/old:1")}));
+    page.filter->setCurrentText(text("All lines"));
+    QCOMPARE(page.lines().size(), 6);
 }
 
-void LimitsPageTest::takesUnknownWordsForPlainText()
+void LimitsPageTest::explainsSelectedLine()
 {
     const Page page;
-    QCOMPARE(toolTips(*page.rules, 2).at(0), text("<qt>User name: &quot;&lt;i&gt;x&lt;/i&gt;&quot;</qt>"));
-    QCOMPARE(toolTips(*page.rules, 3).mid(1, 2),
-             QStringList({text("<qt>both</qt>"), text("<qt>&lt;b&gt;y&lt;/b&gt;</qt>")}));
+    QVERIFY(page.table->selectionModel()->isRowSelected(0, QModelIndex()));
+    QVERIFY(page.isCounted());
+    page.table->setFocus();
+    QTest::keyClick(page.table, Qt::Key_Down);
+    QCOMPARE(page.label("lineMeaning"), text("Group name: \"staff\": Maximum locked-in-memory address space."));
+    QVERIFY(page.label("lineProblem").startsWith(text("PAM applies this; programs that read it")));
+    QCOMPARE(page.label("lineDecides"), text("bob"));
+    page.select(4);
+    QCOMPARE(page.label("lineMeaning"), text("All users: Maximum core file size."));
+    QCOMPARE(page.label("lineProblem"), QString());
+    QCOMPARE(page.label("lineDecides"), text("ada, bob"));
 }
 
-void LimitsPageTest::explainsCurrentRule()
+void LimitsPageTest::namesManyAccounts()
 {
-    Page page;
-    QVERIFY(page.rules->selectionModel()->isRowSelected(0, QModelIndex()));
-    QCOMPARE(fieldText(page.page, "Domain:"), text("<qt>All users</qt>"));
-    page.rules->setFocus();
-    QTest::keyClick(page.rules, Qt::Key_Down);
-    QCOMPARE(fieldText(page.page, "Domain:"), text("<qt>Group name: &quot;staff&quot;</qt>"));
-    QVERIFY(fieldText(page.page, "Type:").startsWith(text("Enforcing both soft and hard")));
-    QCOMPARE(fieldText(page.page, "Item:"), text("<qt>Maximum locked-in-memory address space.</qt>"));
-
-    clearLimits();
-    page.store.readLimits();
-    QCOMPARE(shownRows(*page.rules), QStringList());
-    QCOMPARE(fieldText(page.page, "Domain:"), QString());
-}
-
-void LimitsPageTest::listsFindings()
-{
-    Sandbox::write(limitsPath(), "* soft core 0\nada\thard\tnproc\t5\n1:2 both core 1\n");
+    QByteArray users;
+    for (int i = 0; i < 20; ++i) {
+        users += "u" + QByteArray::number(i) + ":x:" + QByteArray::number(2000 + i) + ":50::/:\n";
+    }
+    Sandbox::setAccounts(users, "staff:x:50:\normel-admin:x:27:\n");
     const Page page;
-    QCOMPARE(shownRows(*page.findings),
-             QStringList({
-                 text("/etc/security/limits.conf|2|ada\\thard\\tnproc\\t5|"
-                      "tabs between columns, only spaces separate them"),
-                 text("/etc/security/limits.conf|3|1:2 both core 1|"
-                      "a numeric range in the domain applies to nobody, the type is none of soft, hard and -"),
-             }));
-    QCOMPARE(toolTips(*page.findings, 1),
-             QStringList({text("<qt>/etc/security/limits.conf</qt>"),
-                          QString(),
-                          text("<qt>1:2 both core 1</qt>"),
-                          text("<qt>a numeric range in the domain applies to nobody, "
-                               "the type is none of soft, hard and -</qt>")}));
-    QVERIFY(page.findings->isVisible() && labelOf(*page.findings)->isVisible());
-    QVERIFY(!page.shows("noFindings"));
-    QVERIFY(!page.shows("limitsError"));
+    QVERIFY(page.isCounted());
+    page.select(4);
+    QCOMPARE(page.label("lineDecides"), QStringLiteral("u0, u1, u2, u3, u4, u5, u6, u7, u8, u9, u10, u11 \u2026 (20)"));
 }
 
-void LimitsPageTest::tellsThatNothingIsOdd()
+void LimitsPageTest::explainsLineThatDoesNothing()
 {
-    Sandbox::write(limitsPath(), "* soft core 0\n");
     const Page page;
-    QVERIFY(!page.findings->isVisible() && !labelOf(*page.findings)->isVisible());
-    QVERIFY(page.shows("noFindings"));
-    QCOMPARE(part<KMessageWidget>(page.page, "noFindings")->text(),
-             text("<qt>Every line is taken as it is written.</qt>"));
+    QVERIFY(page.isCounted());
+    page.select(3);
+    QCOMPARE(page.label("lineMeaning"), QString());
+    QCOMPARE(page.label("lineProblem"), text("PAM ignores this line: the type 'both' is none of soft, hard and -"));
+    QCOMPARE(page.label("lineDecides"), text("nobody"));
+}
+
+void LimitsPageTest::showsToolTipsAsPlainText()
+{
+    const Page page;
+    QVERIFY(page.isCounted());
+    QCOMPARE(toolTips(*page.table, 2),
+             QStringList({text("<qt>/etc/security/limits.conf:5</qt>"),
+                          text("<qt>&lt;i&gt;x&lt;/i&gt; hard nproc 7</qt>"),
+                          text("<qt>is for nobody: there is no user '&lt;i&gt;x&lt;/i&gt;'</qt>")}));
+    page.select(2);
+    QCOMPARE(part<QLabel>(page.page, "lineProblem")->textFormat(), Qt::PlainText);
 }
 
 void LimitsPageTest::reportsFileThatCannotBeRead()
@@ -164,27 +208,38 @@ void LimitsPageTest::reportsFileThatCannotBeRead()
     Sandbox::write(dropInPath(text("a.conf")), "* hard nproc 9\n");
     QFile::setPermissions(dropInPath(text("a.conf")), {});
     const Page page;
-    LimitsParser limits;
-    QString error;
-    QVERIFY(!limits.readLimitsConf(error));
-    QVERIFY(error.contains(dropInPath(text("a.conf"))));
-    QVERIFY(page.shows("limitsError"));
-    QCOMPARE(part<KMessageWidget>(page.page, "limitsError")->text(),
-             QStringLiteral("<qt>%1</qt>").arg(error.toHtmlEscaped()));
-    QCOMPARE(shownRows(*page.rules).size(), 5);
+    const auto *message = part<KMessageWidget>(page.page, "limitsError");
+    QVERIFY(message->isVisible());
+    QCOMPARE(message->text(), text("<qt>Cannot read /etc/security/limits.d/a.conf: Permission denied</qt>"));
+    QCOMPARE(page.lines().size(), 5);
 }
 
-void LimitsPageTest::readsAnew()
+void LimitsPageTest::readsAgain()
 {
-    QFile::setPermissions(limitsPath(), {});
     Page page;
-    QCOMPARE(shownRows(*page.rules), QStringList());
-    QVERIFY(page.shows("limitsError"));
-    QVERIFY(!page.shows("noFindings"));
-    QFile::setPermissions(limitsPath(), QFile::ReadOwner | QFile::WriteOwner);
-    page.store.readLimits();
-    QCOMPARE(shownRows(*page.rules).size(), 5);
-    QVERIFY(!page.shows("limitsError"));
+    QVERIFY(page.isCounted());
+    Sandbox::write(limitsPath(), "* hard nproc 9\n");
+    page.read();
+    QCOMPARE(page.lines(), QStringList(line(1)));
+    QVERIFY(page.isCounted());
+    QCOMPARE(page.label("lineDecides"), text("ada, bob"));
+    QVERIFY(!part<KMessageWidget>(page.page, "limitsError")->isVisible());
+
+    clearLimits();
+    page.read();
+    QCOMPARE(page.lines(), QStringList());
+    QCOMPARE(page.label("lineDecides"), QString());
+}
+
+void LimitsPageTest::holdsManyLines()
+{
+    constexpr int count = 100000;
+    Sandbox::write(limitsPath(), QByteArray("* soft core 0\n").repeated(count));
+    const Page page;
+    QCOMPARE(page.table->model()->rowCount(), count);
+    QVERIFY(page.isCounted());
+    page.filter->setCurrentText(text("Lines with problems"));
+    QCOMPARE(page.table->model()->rowCount(), count - 1);
 }
 
 QTEST_MAIN(LimitsPageTest)

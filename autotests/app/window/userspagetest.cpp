@@ -86,7 +86,7 @@ struct Page {
         return names;
     }
 
-    /** The limits of a user: "item=value domain" for each. */
+    /** The limits of a user: "item=soft hard source" for each. */
     QString rules(const char *user) const
     {
         select(user);
@@ -94,7 +94,7 @@ struct Page {
         const QStringList rows = shownRows(*limits);
         for (const QString &row : rows) {
             const QStringList cells = row.split(QLatin1Char('|'));
-            rules.append(cells.at(0) + QLatin1Char('=') + cells.at(1) + QLatin1Char(' ') + cells.at(3));
+            rules.append(cells.at(0) + QLatin1Char('=') + cells.mid(1, 3).join(QLatin1Char(' ')));
         }
         return rules.join(QLatin1String(", "));
     }
@@ -129,8 +129,9 @@ private Q_SLOTS:
     void showsDashesForWhatIsMissing();
     void tellsWhatKindOfAccountItIs();
     void showsLimitsWithExplanations();
+    void explainsSelectedLimit();
+    void tellsThatSessionHasNoLimits();
     void tellsWhichRuleApplies();
-    void tellsWhichRangeApplies();
     void tellsThatNoLimitApplies();
     void tellsThatLimitsAreIncomplete();
     void followsKeyboard();
@@ -340,48 +341,74 @@ void UsersPageTest::showsLimitsWithExplanations()
     page.select("bob");
     QCOMPARE(shownRows(*page.limits),
              QStringList({
-                 QStringLiteral("core|0|0 KB|*|Maximum core file size."),
-                 QStringLiteral("memlock|64|64 KB|@audio|Maximum locked-in-memory address space."),
-                 QStringLiteral("nproc|-1|-1|bob|Maximum number of processes."),
+                 QStringLiteral("core|0|\u2013|* limits.conf:1|Maximum core file size."),
+                 QStringLiteral("memlock|64|64|@audio limits.conf:2|Maximum locked-in-memory address space."),
+                 QStringLiteral("nproc|\u2013|unlimited|bob limits.conf:3|Maximum number of processes."),
              }));
-    const QString toolTip = QStringLiteral("<qt>Maximum core file size.</qt>");
-    QCOMPARE(toolTips(*page.limits, 0),
-             QStringList({toolTip, toolTip, toolTip, QStringLiteral("<qt>All users</qt>"), toolTip}));
+    const QString description = QStringLiteral("<qt>Maximum core file size.</qt>");
+    const QString line = QStringLiteral("<qt>/etc/security/limits.conf:1  * soft core 0<br>    decides</qt>");
+    QCOMPARE(toolTips(*page.limits, 0), QStringList({description, line, line, line, description}));
 
     page.select("lost");
-    QCOMPARE(shownRows(*page.limits), QStringList(QStringLiteral("core|0|0 KB|*|Maximum core file size.")));
+    QCOMPARE(page.rules("lost"), QStringLiteral("core=0 \u2013 * limits.conf:1"));
+}
+
+void UsersPageTest::explainsSelectedLimit()
+{
+    Sandbox::write(limitsPath(), "* soft nproc 9\n@audio - nproc 8\nbob hard nproc 7\n* - nproc 6\n* - as 5\n");
+    Page page;
+    page.select("bob");
+    const auto *explanation = part<QLabel>(page.page, "limitExplanation");
+    QVERIFY(!explanation->isVisible());
+    page.limits->setCurrentIndex(page.limits->model()->index(1, 0));
+    QVERIFY(explanation->isVisible());
+    QCOMPARE(explanation->text().split(QLatin1Char('\n')),
+             QStringList({
+                 QStringLiteral("/etc/security/limits.conf:1  * soft nproc 9"),
+                 QStringLiteral("    a domain of higher rank decides: /etc/security/limits.conf:2"),
+                 QStringLiteral("/etc/security/limits.conf:2  @audio - nproc 8"),
+                 QStringLiteral("    lowered to the hard limit: /etc/security/limits.conf:3"),
+                 QStringLiteral("    a domain of higher rank decides: /etc/security/limits.conf:3"),
+                 QStringLiteral("/etc/security/limits.conf:3  bob hard nproc 7"),
+                 QStringLiteral("    decides"),
+                 QStringLiteral("/etc/security/limits.conf:4  * - nproc 6"),
+                 QStringLiteral("    a domain of higher rank decides: /etc/security/limits.conf:2"),
+                 QStringLiteral("    lost together with the soft limit: /etc/security/limits.conf:2"),
+             }));
+    page.select("ada");
+    QVERIFY(!explanation->isVisible());
+}
+
+void UsersPageTest::tellsThatSessionHasNoLimits()
+{
+    Sandbox::write(limitsPath(), "* - nproc 9\nbob -\nada - maxlogins 0\n");
+    Page page;
+    const auto *message = part<KMessageWidget>(page.page, "sessionFailure");
+    page.select("bob");
+    QVERIFY(message->isVisible());
+    QCOMPARE(message->text(), QStringLiteral("<qt>No limits are set: bob /etc/security/limits.conf:2</qt>"));
+    QCOMPARE(shownRows(*page.limits), QStringList());
+    page.select("ada");
+    QCOMPARE(message->text(),
+             QStringLiteral("<qt>No session can be opened: /etc/security/limits.conf:3 allows no login</qt>"));
+    page.select("lost");
+    QVERIFY(!message->isVisible());
 }
 
 void UsersPageTest::tellsWhichRuleApplies()
 {
     Sandbox::setAccounts(QByteArray(usersFile) + "toor:x:0:0::/:/bin/sh\n", groupsFile);
     Sandbox::write(limitsPath(),
-                   "* - core 1\n* - nproc 1\n* - maxlogins 1\n* - locks 1\n"
-                   "%audio - maxlogins 2\n%audio - locks 2\n"
-                   "@audio - nproc 3\n@ormel-admin - nproc 4\n"
-                   "//:// - nproc 5\n1000:2000 - nproc 6\n@//:// - stack 7\n"
+                   "* - core 1\n"
+                   "@audio - nproc 3\n"
+                   "1000:2000 hard nproc 6\n"
+                   "0:0 soft cpu 7\n"
                    "ada hard core 1\n");
     Page page;
-    QCOMPARE(page.rules("ada"), QStringLiteral("core=1 ada, locks=1 *, maxlogins=2 %audio, nproc=4 @ormel-admin"));
-    QCOMPARE(page.rules("bob"), QStringLiteral("core=1 *, locks=1 *, maxlogins=2 %audio, nproc=3 @audio"));
-    QCOMPARE(toolTips(*page.limits, 3).at(3), QStringLiteral("<qt>Group name: &quot;audio&quot;</qt>"));
-    QCOMPARE(page.rules("lost"), QStringLiteral("core=1 *, locks=1 *, maxlogins=1 *, nproc=1 *"));
-    QCOMPARE(page.rules("toor"), QStringLiteral("core=1 *, locks=1 *, maxlogins=1 *, nproc=5 //://, stack=7 @//://"));
-}
-
-void UsersPageTest::tellsWhichRangeApplies()
-{
-    Sandbox::setAccounts("root:x:0:0::/:/bin/sh\ntoor:x:0:0::/:/bin/sh\nada:x:1000:0::/:/bin/sh\n",
-                         "root:x:0:\nwheel:x:10:toor\n");
-    Sandbox::write(limitsPath(),
-                   "1000:2000 - nproc 3\n@//:// - nproc 3\n//x:// - nproc 3\n//dd://d - nproc 3\n//:// - nproc 3\n"
-                   "* - cpu 5\n@0: - cpu 5\n@//://x - cpu 5\n"
-                   "//:// - data 7\n@wheel - data 7\n"
-                   "* - core 1\n1000: - core 1\nroot - core 1\n//:// - core 1\n");
-    Page page;
-    QCOMPARE(page.rules("ada"), QStringLiteral("core=1 *, cpu=5 @//://x, nproc=3 @//://"));
-    QCOMPARE(page.rules("root"), QStringLiteral("core=1 root"));
-    QCOMPARE(page.rules("toor"), QStringLiteral("core=1 //://, cpu=5 @//://x, data=7 @wheel, nproc=3 //dd://d"));
+    const QString place = QStringLiteral("limits.conf");
+    QCOMPARE(page.rules("ada"),
+             QStringLiteral("core=1 1 * %1:1, ada %1:5, nproc=3 6 @audio %1:2, 1000:2000 %1:3").arg(place));
+    QCOMPARE(page.rules("toor"), QStringLiteral("cpu=7 \u2013 0:0 %1:4").arg(place));
 }
 
 void UsersPageTest::tellsThatNoLimitApplies()

@@ -162,8 +162,7 @@ void WindowAccessTest::leadsToPartsByMnemonics()
         {Qt::Key_1, Qt::Key_L, "limitsTable"},
         {Qt::Key_2, Qt::Key_M, "membersView"},
         {Qt::Key_2, Qt::Key_L, "limitsTable"},
-        {Qt::Key_3, Qt::Key_R, "rulesTable"},
-        {Qt::Key_3, Qt::Key_L, "findingsTable"},
+        {Qt::Key_3, Qt::Key_L, "linesTable"},
     };
     for (const auto &key : keys) {
         QTest::keyClick(&window, key.page, Qt::AltModifier);

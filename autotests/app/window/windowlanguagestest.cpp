@@ -101,12 +101,6 @@ QString seenRow(const QAbstractItemView &view, int row)
     return cells.join(QLatin1Char('|'));
 }
 
-QString reversed(QString text)
-{
-    std::reverse(text.begin(), text.end());
-    return text;
-}
-
 /** Whether what is drawn on a widget is nearer to its right edge than to its left one. */
 bool drawsAtRight(QWidget &widget)
 {
@@ -217,11 +211,9 @@ void WindowLanguagesTest::hasRoomAndMnemonics()
 void WindowLanguagesTest::keepsOrderOfSigns()
 {
     Sandbox::write(limitsPath(),
-                   "ada - cpu 120\n* - memlock unlimited\nada - chroot /srv/ada\n@staff - nice -5\n"
-                   "* hard rss 5\n");
+                   "ada - cpu 120\n* - memlock unlimited\nada - chroot /\n@staff - nice -5\n"
+                   "* hard rtime 5\n");
     useLanguage(QStringLiteral("ar"));
-    const QString minutes = reversed(QStringLiteral("دقيقة"));
-    const QString kiloBytes = reversed(QStringLiteral("ك.بايت"));
     MainWindow window;
     QSignalSpy reloaded(&window, &MainWindow::reloaded);
     window.show();
@@ -231,20 +223,18 @@ void WindowLanguagesTest::keepsOrderOfSigns()
     const auto *limits = part<QAbstractItemView>(*window.pages()->currentWidget(), "limitsTable");
     QStringList rows;
     for (int row = 0; row < limits->model()->rowCount(); ++row) {
-        rows.append(seenRow(*limits, row));
+        rows.append(seenRow(*limits, row).section(QLatin1Char('|'), 0, 3));
     }
+    const QString place = QStringLiteral("limits.conf:");
     QCOMPARE(rows,
              QStringList({
-                 QStringLiteral("chroot|/srv/ada|/srv/ada|ada|The directory to chroot the user to."),
-                 QStringLiteral("cpu|120|%1 120|ada|Maximum CPU time.").arg(minutes),
-                 QStringLiteral("memlock|-1|%1 -1|*|Maximum locked-in-memory address space.").arg(kiloBytes),
-                 QStringLiteral("nice|-5|-5|@staff|Maximum nice priority allowed to raise to."),
+                 QStringLiteral("chroot|/|/|ada ") + place + QLatin1Char('3'),
+                 QStringLiteral("cpu|120|120|ada ") + place + QLatin1Char('1'),
+                 QStringLiteral("memlock|unlimited|unlimited|* ") + place + QLatin1Char('2'),
+                 QStringLiteral("nice|-5|-5|@staff ") + place + QLatin1Char('4'),
              }));
-    QCOMPARE(seenRow(*part<QAbstractItemView>(window, "rulesTable"), 0),
-             QStringLiteral("ada|-|cpu|120|%1 120").arg(minutes));
-    const QString reason = reversed(QStringLiteral("العنصر غير معروف"));
-    QCOMPARE(seenRow(*part<QAbstractItemView>(window, "findingsTable"), 0),
-             QStringLiteral("/etc/security/limits.conf|5|* hard rss 5|") + reason);
+    QCOMPARE(seenRow(*part<QAbstractItemView>(window, "linesTable"), 4).section(QLatin1Char('|'), 0, 1),
+             QStringLiteral("/etc/security/limits.conf:5|* hard rtime 5"));
 }
 
 void WindowLanguagesTest::beginsLinesAtTheRight()
