@@ -41,13 +41,13 @@ class ProblemsCommandTest : public QObject
 private Q_SLOTS:
     void init();
 
-    void shouldSucceedOnGoodAccounts();
-    void shouldListProblems();
-    void shouldPrintJson();
-    void shouldFailWithUnreadableFile();
-    void shouldPassOverUnreadableShadow();
-    void shouldNotSteerTerminal();
-    void shouldReportOutputThatCannotBeWritten();
+    void succeedsOnGoodAccounts();
+    void listsProblems();
+    void printsJson();
+    void failsWithUnreadableFile();
+    void passesOverUnreadableShadow();
+    void doesNotSteerTerminal();
+    void reportsOutputThatCannotBeWritten();
 };
 
 void ProblemsCommandTest::init()
@@ -64,7 +64,7 @@ void ProblemsCommandTest::init()
     Sandbox::write(QStringLiteral("/etc/gshadow"), "root:*::\n");
 }
 
-void ProblemsCommandTest::shouldSucceedOnGoodAccounts()
+void ProblemsCommandTest::succeedsOnGoodAccounts()
 {
     const Program::Result result = check();
     QCOMPARE(result.output, QByteArray("No problems found.\n"));
@@ -72,7 +72,7 @@ void ProblemsCommandTest::shouldSucceedOnGoodAccounts()
     QCOMPARE(result.status, 0);
 }
 
-void ProblemsCommandTest::shouldListProblems()
+void ProblemsCommandTest::listsProblems()
 {
     Sandbox::setAccounts(goodUsers, "root:x:0:bob\n# comment\nstaff:*:0:alice\n");
     Sandbox::write(QStringLiteral("/etc/gshadow"), "root:*::bob\nstaff:*::alice\n");
@@ -105,7 +105,7 @@ void ProblemsCommandTest::shouldListProblems()
     QCOMPARE(result.status, 1);
 }
 
-void ProblemsCommandTest::shouldPrintJson()
+void ProblemsCommandTest::printsJson()
 {
     Sandbox::setAccounts(QByteArray(goodUsers) + "\n", "root:x:0:bob\n");
     Sandbox::write(QStringLiteral("/etc/gshadow"), "root:*::bob\n");
@@ -131,7 +131,7 @@ void ProblemsCommandTest::shouldPrintJson()
     QVERIFY(!problems.last().toObject().contains(QStringLiteral("user")));
 }
 
-void ProblemsCommandTest::shouldFailWithUnreadableFile()
+void ProblemsCommandTest::failsWithUnreadableFile()
 {
     Sandbox::remove(QStringLiteral("/etc/group"));
     const Program::Result text = check();
@@ -149,7 +149,7 @@ void ProblemsCommandTest::shouldFailWithUnreadableFile()
     QCOMPARE(result.status, 3);
 }
 
-void ProblemsCommandTest::shouldPassOverUnreadableShadow()
+void ProblemsCommandTest::passesOverUnreadableShadow()
 {
     QVERIFY(QFile::setPermissions(QStringLiteral("/etc/shadow"), {}));
     const Program::Result result = check();
@@ -158,7 +158,7 @@ void ProblemsCommandTest::shouldPassOverUnreadableShadow()
     QCOMPARE(result.status, 0);
 }
 
-void ProblemsCommandTest::shouldNotSteerTerminal()
+void ProblemsCommandTest::doesNotSteerTerminal()
 {
     Sandbox::setAccounts(goodUsers, "root:x:0:\nst\x1b[2Jaff\xc2\x9b\xe2\x80\xae:x:50:\n");
     const Program::Result text = check();
@@ -173,7 +173,7 @@ void ProblemsCommandTest::shouldNotSteerTerminal()
     QCOMPARE(problem.value(QStringLiteral("group")).toString(), QStringLiteral(u"st\u001b[2Jaff\u009b\u202e"));
 }
 
-void ProblemsCommandTest::shouldReportOutputThatCannotBeWritten()
+void ProblemsCommandTest::reportsOutputThatCannotBeWritten()
 {
     const QStringList command{QStringLiteral("-c"), QStringLiteral("\"$0\" check >/dev/full"), Program::path()};
     const Program::Result result = Program::run(QStringLiteral("/bin/sh"), command);

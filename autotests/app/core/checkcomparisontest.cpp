@@ -153,16 +153,16 @@ class CheckComparisonTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void shouldFindAllThatPwckAndGrpckFind_data();
-    void shouldFindAllThatPwckAndGrpckFind();
-    void shouldFindMore();
+    void findsAllThatPwckAndGrpckFind_data();
+    void findsAllThatPwckAndGrpckFind();
+    void findsMore();
 
 private:
     int m_complaints = 0;
     int m_problems = 0;
 };
 
-void CheckComparisonTest::shouldFindAllThatPwckAndGrpckFind_data()
+void CheckComparisonTest::findsAllThatPwckAndGrpckFind_data()
 {
     QTest::addColumn<BrokenAccounts>("accounts");
 
@@ -172,7 +172,7 @@ void CheckComparisonTest::shouldFindAllThatPwckAndGrpckFind_data()
     }
 }
 
-void CheckComparisonTest::shouldFindAllThatPwckAndGrpckFind()
+void CheckComparisonTest::findsAllThatPwckAndGrpckFind()
 {
     QFETCH(BrokenAccounts, accounts);
 
@@ -192,7 +192,7 @@ void CheckComparisonTest::shouldFindAllThatPwckAndGrpckFind()
     qInfo("found %d, pwck %d, grpck %d", problems.size(), users.size(), groups.size());
 }
 
-void CheckComparisonTest::shouldFindMore()
+void CheckComparisonTest::findsMore()
 {
     // Neither is silent: both programs run, and what they say is understood.
     QVERIFY2(m_complaints >= 40, qPrintable(QString::number(m_complaints)));

@@ -75,19 +75,19 @@ class MachineCheckTest : public QObject
 private Q_SLOTS:
     void init();
 
-    void shouldFindProblems_data();
-    void shouldFindProblems();
-    void shouldDescribeEachKind();
-    void shouldAskNameService();
-    void shouldTakeOwnHomeForGood();
-    void shouldNotOpenHomes_data();
-    void shouldNotOpenHomes();
-    void shouldTellUnreadableFiles_data();
-    void shouldTellUnreadableFiles();
-    void shouldExpectMissingShadowFiles();
-    void shouldNotWaitForFifoInPlaceOfFile();
-    void shouldReadVeryLongLines();
-    void shouldReadManyAccounts();
+    void findsProblems_data();
+    void findsProblems();
+    void describesEachKind();
+    void asksNameService();
+    void takesOwnHomeForGood();
+    void doesNotOpenHomes_data();
+    void doesNotOpenHomes();
+    void tellsUnreadableFiles_data();
+    void tellsUnreadableFiles();
+    void expectsMissingShadowFiles();
+    void doesNotWaitForFifoInPlaceOfFile();
+    void readsVeryLongLines();
+    void readsManyAccounts();
 };
 
 void MachineCheckTest::init()
@@ -98,7 +98,7 @@ void MachineCheckTest::init()
     BrokenAccounts::all().constFirst().install();
 }
 
-void MachineCheckTest::shouldFindProblems_data()
+void MachineCheckTest::findsProblems_data()
 {
     QTest::addColumn<BrokenAccounts>("accounts");
 
@@ -109,7 +109,7 @@ void MachineCheckTest::shouldFindProblems_data()
     }
 }
 
-void MachineCheckTest::shouldFindProblems()
+void MachineCheckTest::findsProblems()
 {
     QFETCH(BrokenAccounts, accounts);
 
@@ -121,7 +121,7 @@ void MachineCheckTest::shouldFindProblems()
     QCOMPARE(describe(check.unreadFiles), QStringList());
 }
 
-void MachineCheckTest::shouldDescribeEachKind()
+void MachineCheckTest::describesEachKind()
 {
     QStringList ids;
     const QVector<BrokenAccounts> cases = BrokenAccounts::all();
@@ -141,7 +141,7 @@ void MachineCheckTest::shouldDescribeEachKind()
     QCOMPARE(ids.size(), int(Problem::Kind::DifferentMembers) + 1);
 }
 
-void MachineCheckTest::shouldAskNameService()
+void MachineCheckTest::asksNameService()
 {
     BrokenAccounts accounts = BrokenAccounts::all().constFirst();
     accounts.files[QStringLiteral("passwd")] += "bob:x:1001:4711:Bob:/nonexistent:/bin/sh\n";
@@ -156,7 +156,7 @@ void MachineCheckTest::shouldAskNameService()
     QCOMPARE(MachineCheck::run().problems.size(), 3);
 }
 
-void MachineCheckTest::shouldTakeOwnHomeForGood()
+void MachineCheckTest::takesOwnHomeForGood()
 {
     const QString home = QStringLiteral("/tmp/home");
     Sandbox::clear(home);
@@ -164,7 +164,7 @@ void MachineCheckTest::shouldTakeOwnHomeForGood()
     QVERIFY(!describe(MachineCheck::run().problems).join(QLatin1Char(' ')).contains(QLatin1String("home")));
 }
 
-void MachineCheckTest::shouldNotOpenHomes_data()
+void MachineCheckTest::doesNotOpenHomes_data()
 {
     QTest::addColumn<QByteArray>("home");
     QTest::addColumn<QString>("kind");
@@ -179,7 +179,7 @@ void MachineCheckTest::shouldNotOpenHomes_data()
         << QByteArray("/tmp/" + QByteArray("a/").repeated(5000)) << QStringLiteral("missing-home");
 }
 
-void MachineCheckTest::shouldNotOpenHomes()
+void MachineCheckTest::doesNotOpenHomes()
 {
     QFETCH(QByteArray, home);
     QFETCH(QString, kind);
@@ -193,7 +193,7 @@ void MachineCheckTest::shouldNotOpenHomes()
     QVERIFY2(found.contains(QStringLiteral("passwd:1 %1 bob").arg(kind)), qPrintable(found.join(QLatin1Char('\n'))));
 }
 
-void MachineCheckTest::shouldTellUnreadableFiles_data()
+void MachineCheckTest::tellsUnreadableFiles_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("unread");
@@ -204,7 +204,7 @@ void MachineCheckTest::shouldTellUnreadableFiles_data()
     QTest::newRow("gshadow") << path("gshadow") << QStringLiteral("/etc/gshadow expected");
 }
 
-void MachineCheckTest::shouldTellUnreadableFiles()
+void MachineCheckTest::tellsUnreadableFiles()
 {
     QFETCH(QString, file);
     QFETCH(QString, unread);
@@ -216,7 +216,7 @@ void MachineCheckTest::shouldTellUnreadableFiles()
     QCOMPARE(describe(check.problems), QStringList());
 }
 
-void MachineCheckTest::shouldExpectMissingShadowFiles()
+void MachineCheckTest::expectsMissingShadowFiles()
 {
     Sandbox::remove(path("shadow"));
     Sandbox::remove(path("gshadow"));
@@ -227,14 +227,14 @@ void MachineCheckTest::shouldExpectMissingShadowFiles()
     QVERIFY(describe(MachineCheck::run().unreadFiles).contains(QStringLiteral("/etc/passwd")));
 }
 
-void MachineCheckTest::shouldNotWaitForFifoInPlaceOfFile()
+void MachineCheckTest::doesNotWaitForFifoInPlaceOfFile()
 {
     Sandbox::remove(path("group"));
     QCOMPARE(mkfifo("/etc/group", 0644), 0);
     QCOMPARE(describe(MachineCheck::run().unreadFiles), QStringList(QStringLiteral("/etc/group")));
 }
 
-void MachineCheckTest::shouldReadVeryLongLines()
+void MachineCheckTest::readsVeryLongLines()
 {
     const QByteArray name(1000000, 'b');
     BrokenAccounts accounts = BrokenAccounts::all().constFirst();
@@ -251,7 +251,7 @@ void MachineCheckTest::shouldReadVeryLongLines()
              }));
 }
 
-void MachineCheckTest::shouldReadManyAccounts()
+void MachineCheckTest::readsManyAccounts()
 {
     constexpr int count = 100000;
     BrokenAccounts accounts = BrokenAccounts::all().constFirst();
