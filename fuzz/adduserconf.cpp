@@ -28,7 +28,7 @@ QByteArray patternOf(const QByteArray &line, const QByteArray &pattern)
     return line.mid(quote + 1, line.lastIndexOf('"') - quote - 1);
 }
 
-/** The toolkit drops every carriage return of the first line of a text file, at the end of others only. */
+/** Qt drops every carriage return of the first line of a text file, at the end of others only. */
 QString expectedPattern(const QByteArray &file)
 {
     QList<QByteArray> lines = file.split('\n');

@@ -21,7 +21,7 @@
 
 namespace
 {
-/** Passes over what the toolkit says of damaged files, as the warnings about them are not tried here. */
+/** Passes over what Qt says of damaged files, as the warnings about them are not tried here. */
 void printFatalMessage(QtMsgType type, const QMessageLogContext & /*context*/, const QString &text)
 {
     if (type == QtFatalMsg) {

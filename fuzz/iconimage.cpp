@@ -117,7 +117,7 @@ bool hasPixelsOf(const QImage &shown, const QImage &file)
 }
 }
 
-/** Stands in for the toolkit's dialog, which would ask. */
+/** Stands in for Qt's dialog, which would ask. */
 QString QFileDialog::getOpenFileName(QWidget * /*parent*/,
                                      const QString & /*caption*/,
                                      const QString & /*directory*/,

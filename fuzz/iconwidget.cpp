@@ -97,7 +97,7 @@ private:
     {
         const QPoint position = sendMouse(QEvent::MouseButtonPress, command);
         m_model.press(position.x(), position.y());
-        m_held = true; // perhaps: nothing is promised anew before the release
+        m_held = true; // perhaps: nothing is promised again before the release
         m_startsAnew = false;
     }
 

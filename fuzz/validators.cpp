@@ -72,7 +72,7 @@ QValidator::State groupNameState(const QString &text)
     return std::all_of(rest.begin(), rest.end(), isInsideName) ? QValidator::Acceptable : QValidator::Invalid;
 }
 
-/** The toolkit matches nothing in a text with half of a surrogate pair. */
+/** Qt matches nothing in a text with half of a surrogate pair. */
 QValidator::State gecosState(const QString &text)
 {
     return text.isValidUtf16() && text.count(QLatin1Char(',')) <= 4 ? QValidator::Acceptable : QValidator::Invalid;

@@ -119,7 +119,7 @@ public:
     bool take(QWidget &widget, const QString &name)
     {
         QCoreApplication::processEvents();
-        // A part that is laid out anew may have its parent laid out anew.
+        // A part that is laid out again may have its parent laid out again.
         QCoreApplication::processEvents();
         while (isWaiting(widget)) {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);

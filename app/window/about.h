@@ -12,7 +12,7 @@ class QWidget;
 /** What the application tells about itself. */
 namespace About
 {
-/** Makes name, version, icon and the like known to the toolkit. */
+/** Makes name, version, icon and the like known to Qt. */
 void setApplicationData();
 
 /** The dialog with what setApplicationData() told; deletes itself when it is closed. */

@@ -21,7 +21,7 @@ void addRow(QFormLayout *form, const QString &text, const QVector<QWidget *> &wi
 
 /**
  * Makes a label or button with @p text wide enough for it. The letter to press is drawn by itself; in
- * scripts that join letters this takes more room than the toolkit gives it.
+ * scripts that join letters this takes more room than Qt gives it.
  */
 void makeRoomForMnemonic(QWidget *widget, const QString &text);
 

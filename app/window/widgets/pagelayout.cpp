@@ -33,7 +33,7 @@ PartSplitter *PageLayout::split(Qt::Orientation orientation, const QString &obje
     splitter->setChildrenCollapsible(false);
     splitter->setHandleWidth(handleWidth);
     if (orientation == Qt::Horizontal && QGuiApplication::isRightToLeft()) {
-        // The toolkit puts the parts one pixel too far to the right then.
+        // Qt puts the parts one pixel too far to the right then.
         splitter->setContentsMargins(0, 0, 1, 0);
     }
     for (QWidget *part : parts) {
