@@ -11,8 +11,10 @@
 bool FilterComboBox::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::ChildAdded) {
-        const auto *childEvent = static_cast<QChildEvent *>(event);
-        if (auto *list = qobject_cast<QAbstractItemView *>(childEvent->child())) {
+        QObject *child = static_cast<QChildEvent *>(event)->child();
+        // QComboBox adds the view when it is complete.
+        auto *list = qobject_cast<QAbstractItemView *>(child); // clazy:exclude=child-event-qobject-cast
+        if (list) {
             list->setAccessibleName(accessibleName());
         }
     }

@@ -44,6 +44,8 @@ struct UserRecord {
     QString primaryGroup;
     /** The primary group included. */
     QStringList groups;
+    /** The gid of each of the groups. */
+    QVector<quint32> gids;
     uint uid = 0;
     uint gid = 0;
     bool administrator = false;
@@ -64,7 +66,8 @@ struct UserRecord {
                         user.home,
                         user.shell,
                         user.primaryGroup,
-                        user.groups);
+                        user.groups,
+                        user.gids);
     }
 };
 

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <memory>
 
 #include <grp.h>
@@ -53,6 +54,10 @@ UserRecord record(const UserInfo &user)
     record.shell = RecordText::decode(user.shell());
     record.primaryGroup = RecordText::decode(user.primaryGroup().name());
     record.groups = RecordText::decode(user.groupNames());
+    const QList<GroupInfo> &groups = user.groups();
+    std::transform(groups.begin(), groups.end(), std::back_inserter(record.gids), [](const GroupInfo &group) {
+        return group.gid();
+    });
     record.uid = user.uid();
     record.gid = user.gid();
     record.administrator = user.isOrmelAdmin();

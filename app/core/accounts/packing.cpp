@@ -49,6 +49,14 @@ void Packer::pack(const QStringList &texts)
     }
 }
 
+void Packer::pack(const QVector<quint32> &values)
+{
+    pack(quint32(values.size()));
+    for (const quint32 value : values) {
+        pack(value);
+    }
+}
+
 void Unpacker::begin(const QByteArray &bytes)
 {
     m_bytes = bytes;
@@ -105,6 +113,19 @@ void Unpacker::unpack(QStringList &texts)
         QString text;
         unpack(text);
         texts.append(text);
+    }
+}
+
+void Unpacker::unpack(QVector<quint32> &values)
+{
+    const quint32 count = number();
+    m_valid = m_valid && count <= quint32(m_bytes.size() - m_position) / numberSize;
+    values.clear();
+    if (m_valid) {
+        values.reserve(int(count));
+    }
+    for (quint32 i = 0; m_valid && i < count; ++i) {
+        values.append(number());
     }
 }
 

@@ -30,6 +30,7 @@ private:
     void pack(quint32 value);
     void pack(const QString &text);
     void pack(const QStringList &texts);
+    void pack(const QVector<quint32> &values);
 
     QHash<QString, quint32> m_numbers;
     QByteArray m_bytes;
@@ -58,6 +59,7 @@ private:
     void unpack(quint32 &value);
     void unpack(QString &text);
     void unpack(QStringList &texts);
+    void unpack(QVector<quint32> &values);
     quint32 number();
 
     QStringList m_texts;

@@ -30,11 +30,6 @@ public:
     /** All accounts of /etc/passwd, in its order. */
     QVector<Account> all() const;
 
-    /** The same without their groups, which take the most time. */
-    QVector<Account> allWithoutGroups() const;
-
-    void addGroups(Account &account) const;
-
     /** The gid of a group; none when there is no such group. */
     std::optional<quint32> gidOf(const QByteArray &group) const;
 
@@ -42,6 +37,8 @@ public:
 
 private:
     void readGroups();
+    QVector<Account> allWithoutGroups() const;
+    void addGroups(Account &account) const;
     QVector<quint32> groupsOf(const QByteArray &user, quint32 gid) const;
 
     bool m_hasFilesOnly;

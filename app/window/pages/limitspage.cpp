@@ -11,6 +11,7 @@
 #include "limitwords.h"
 #include "messages.h"
 #include "pagelayout.h"
+#include "sessionaccountof.h"
 
 #include <KLocalizedString>
 
@@ -23,6 +24,9 @@
 #include <QTimer>
 #include <QTreeView>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <iterator>
 
 namespace
 {
@@ -104,6 +108,7 @@ void LimitsPage::addTable()
     const int width = fontMetrics().averageCharWidth();
     m_lines->setColumnWidth(LimitLinesModel::PlaceColumn, placeCharacters * width);
     m_lines->setColumnWidth(LimitLinesModel::TextColumn, textCharacters * width);
+    m_lines->resizeColumnToContents(LimitLinesModel::MeaningColumn); // at least its title
     connect(m_lines->selectionModel(), &QItemSelectionModel::selectionChanged, this, &LimitsPage::explain);
 }
 
@@ -120,21 +125,28 @@ QLabel *LimitsPage::addExplanation(QFormLayout *layout, const char *name, const 
 
 void LimitsPage::showAll()
 {
-    m_counting->stop();
-    m_usage.reset();
     Messages::show(*m_error, m_store->limitsError());
     m_model->setLimits(m_store->limits());
     m_lines->setCurrentIndex(m_model->index(0, 0));
-    explain();
+    startCounting();
 }
 
 void LimitsPage::startCounting()
 {
+    if (m_store->users().isEmpty()) { // not read yet
+        m_counting->stop();
+        m_usage.reset();
+        explain();
+        return;
+    }
     m_model->setUsage(nullptr);
     m_usage = std::make_shared<PamLimits::LimitUsage>(m_store->limits());
-    m_accounts = m_store->limits().database().allWithoutGroups();
+    m_accounts.clear();
+    const QVector<UserRecord> &users = m_store->users();
+    std::transform(users.begin(), users.end(), std::back_inserter(m_accounts), sessionAccountOf);
     m_counted = 0;
     m_counting->start();
+    explain();
 }
 
 void LimitsPage::countSomeAccounts()
@@ -142,7 +154,6 @@ void LimitsPage::countSomeAccounts()
     QElapsedTimer time;
     time.start();
     for (; m_counted < m_accounts.size() && !time.hasExpired(slice); ++m_counted) {
-        m_store->limits().database().addGroups(m_accounts[m_counted]);
         m_usage->add(m_accounts.at(m_counted));
     }
     if (m_counted == m_accounts.size()) {

@@ -5,8 +5,8 @@
 
 #include "userspage.h"
 
-#include "recordtext.h"
 #include "recordview.h"
+#include "sessionaccountof.h"
 #include "sessionlimitsview.h"
 #include "userdetails.h"
 #include "usermodel.h"
@@ -15,20 +15,6 @@
 
 namespace
 {
-/** The account @p name for the lookup of its limits. Its file may hold the name in UTF-8 or in Latin-1. */
-std::optional<PamLimits::Account> sessionAccount(const PamLimits::SessionLimits &limits, const QString &name)
-{
-    std::optional<PamLimits::Account> account;
-    const QStringList candidates = RecordText::encode(name);
-    for (const QString &candidate : candidates) {
-        account = limits.database().find(candidate.toLatin1());
-        if (account) {
-            break;
-        }
-    }
-    return account;
-}
-
 QString noMatch(const AccountStore &store, const UserModel &model)
 {
     if (model.filter() == UserModel::Administrators && !store.hasAdministratorsGroup()) {
@@ -108,12 +94,6 @@ void UsersPage::showLimits()
 {
     const int record = list()->view()->currentRecord();
     if (record != -1) {
-        const PamLimits::SessionLimits &limits = store()->limits();
-        const auto account = sessionAccount(limits, m_model->user(record).name);
-        if (account) {
-            m_limits->show(limits, *account, store()->limitsError());
-        } else {
-            m_limits->clear();
-        }
+        m_limits->show(store()->limits(), sessionAccountOf(m_model->user(record)), store()->limitsError());
     }
 }

@@ -198,10 +198,10 @@ void IconCommandsTest::tellsWhenThereIsNoPicture()
     QVERIFY(file.resize(20));
     PickIcon program(arguments());
     program.pressKey("Return");
-    QCOMPARE(program.exitStatus(), 2);
+    QCOMPARE(program.exitStatus(), 1);
     const QString errors = program.errors();
     QVERIFY(errors.contains(QStringLiteral("ormel-users: Cannot read '%1': ").arg(m_picture)));
-    QVERIFY(errors.endsWith(QLatin1String("ormel-users: There is no picture to cut an icon out of.\n")));
+    QVERIFY(errors.endsWith(QLatin1String("ormel-users: No picture was chosen.\n")));
     QVERIFY(!QFile::exists(m_icon));
 }
 
@@ -225,7 +225,7 @@ void IconCommandsTest::refusesPictures()
     const QString path = m_directory.filePath(picture);
     PickIcon program({path, QStringLiteral("--output"), m_icon});
     program.pressKey("Return");
-    QCOMPARE(program.exitStatus(), 2);
+    QCOMPARE(program.exitStatus(), 1);
     const QString message = QStringLiteral("ormel-users: Cannot read '%1': %2\n").arg(path, reason);
     QVERIFY2(program.errors().startsWith(message), qPrintable(message));
 }
@@ -271,7 +271,7 @@ void IconCommandsTest::refusesWrongArguments()
 
     const Program::Result result = Program::run(QStringList(QStringLiteral("pick-icon")) + arguments);
     QCOMPARE(result.status, 2);
-    QVERIFY2(result.errors.startsWith("ormel-users: " + message), result.errors.constData());
+    QVERIFY2(result.errors.startsWith("ormel-users pick-icon: " + message), result.errors.constData());
 }
 
 QTEST_GUILESS_MAIN(IconCommandsTest)

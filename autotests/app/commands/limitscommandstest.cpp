@@ -162,7 +162,9 @@ void LimitsCommandsTest::failsForUnknownNames()
     const Result result = limits(options);
     QCOMPARE(result.status, status);
     QCOMPARE(result.output, QString());
-    QCOMPARE(result.errors.section(QLatin1Char('\n'), 0, 0), QStringLiteral("ormel-users: ") + message);
+    // Wrong use names the command.
+    const QString name = status == 2 ? QStringLiteral("ormel-users limits: ") : QStringLiteral("ormel-users: ");
+    QCOMPARE(result.errors.section(QLatin1Char('\n'), 0, 0), name + message);
 }
 
 void LimitsCommandsTest::marksAnswerWithoutFile_data()

@@ -110,7 +110,7 @@ void AccountStoreTest::readsEverything()
     QCOMPARE(started.size(), 1);
     QCOMPARE(names(store.users()), text("root ada"));
     QCOMPARE(names(store.groups()), text("root staff"));
-    QCOMPARE(store.limits().fields().size(), 1);
+    QCOMPARE(store.limits().rules().lines().size(), 1);
     QCOMPARE(store.accountsError(), QString());
     QVERIFY(!store.hasAdministratorsGroup());
     QVERIFY(store.lastRead().isValid());
@@ -270,10 +270,10 @@ void AccountStoreTest::readsLimitsAgainWhenTheyChange()
     QSignalSpy limitsRead(&store, &AccountStore::limitsRead);
     replace(limitsPath(), "* soft core 0\n* hard core 1\n");
     QVERIFY(limitsRead.wait(patience));
-    QCOMPARE(store.limits().fields().size(), 2);
+    QCOMPARE(store.limits().rules().lines().size(), 2);
     Sandbox::write(dropInPath(text("10.conf")), "* soft nproc 0\n");
     QVERIFY(limitsRead.wait(patience));
-    QCOMPARE(store.limits().fields().size(), 3);
+    QCOMPARE(store.limits().rules().lines().size(), 3);
 }
 
 QTEST_GUILESS_MAIN(AccountStoreTest)

@@ -14,6 +14,7 @@
 #include <QAbstractItemModelTester>
 #include <QComboBox>
 #include <QLabel>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTreeView>
 
@@ -48,8 +49,11 @@ struct Page {
 
     void read()
     {
-        store.readLimits();
-        store.readUsers();
+        QSignalSpy ended(&store, &AccountStore::ended);
+        store.read();
+        if (!ended.wait(30000)) {
+            qFatal("The accounts cannot be read");
+        }
     }
 
     /** Waits until it is known for whom the lines decide. */
