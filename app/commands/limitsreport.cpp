@@ -52,8 +52,8 @@ int printSentence(const QString &sentence)
 /** Why pam_limits ignores a line or what it takes it for. */
 QString meaning(const PamLimits::Rules &rules, const PamLimits::Line &line)
 {
-    const QString ofFile = LimitWords::problem(rules.fileOf(line));
-    const QString ofLine = LimitWords::problem(rules, line);
+    QString ofFile = LimitWords::problem(rules.fileOf(line));
+    QString ofLine = LimitWords::problem(rules, line);
     if (!ofFile.isEmpty()) {
         return ofFile;
     }

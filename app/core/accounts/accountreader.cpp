@@ -21,8 +21,6 @@ constexpr int turn = 5;
 
 /** How long an ended process may take to go. In milliseconds. */
 constexpr int farewell = 1000;
-
-constexpr auto finishedSignal = QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished);
 }
 
 AccountSource AccountSource::ownProgram()
@@ -67,7 +65,7 @@ void AccountReader::start()
     m_process->setStandardInputFile(QProcess::nullDevice());
     m_process->setStandardErrorFile(QProcess::nullDevice());
     connect(m_process, &QProcess::readyReadStandardOutput, this, &AccountReader::receive);
-    connect(m_process, finishedSignal, this, &AccountReader::receive);
+    connect(m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this, &AccountReader::receive);
     connect(m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart) {
             fail(i18n("The accounts could not be read: '%1' cannot be started.", m_source.program));
@@ -100,7 +98,7 @@ void AccountReader::release()
         process->deleteLater();
         return;
     }
-    connect(process, finishedSignal, process, &QObject::deleteLater);
+    connect(process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), process, &QObject::deleteLater);
     process->kill();
 }
 

@@ -122,7 +122,13 @@ void SessionLimitsView::fitSources()
     for (const int column : {ItemColumn, SoftColumn, HardColumn}) {
         room -= m_table->columnWidth(column);
     }
-    m_table->setColumnWidth(SourceColumn, qBound(header.sectionSizeHint(SourceColumn), room, m_sourceWidth));
+    const int least = header.sectionSizeHint(SourceColumn);
+    m_table->setColumnWidth(SourceColumn, qMax(least, qMin(room, m_sourceWidth)));
+    // Where even that is too much, the table scrolls.
+    m_table->header()->setStretchLastSection(room >= least);
+    if (room < least) {
+        m_table->setColumnWidth(DescriptionColumn, header.sectionSizeHint(DescriptionColumn));
+    }
 }
 
 void SessionLimitsView::clear()

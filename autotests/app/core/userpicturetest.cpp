@@ -5,10 +5,10 @@
 
 #include "userpicture.h"
 
-#include "picturechild.h"
 #include "eventloopdelay.h"
 #include "hostilefaces.h"
 #include "peakmemory.h"
+#include "picturechild.h"
 #include "picturefiles.h"
 #include "processortime.h"
 #include "sandbox.h"

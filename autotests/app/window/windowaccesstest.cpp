@@ -227,7 +227,7 @@ void WindowAccessTest::showsRowsWithoutRowsBelow()
 void WindowAccessTest::drawsPicturesAsSharpAsTheScreen()
 {
     const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", text("1"));
-    const IconTheme theme({text("user"), text("user-system"), text("group"), text("group-system")}, 96);
+    const IconTheme theme({text("user"), text("user-system"), text("group"), text("group-system")}, 192);
     MainWindow window;
     QVERIFY(open(window));
     for (const int page : {0, 1}) {

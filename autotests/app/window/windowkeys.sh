@@ -36,18 +36,26 @@ key() {
     xdotool key --delay 60 "$@"
 }
 
-# The title of the active window.
-title() {
-    sleep 0.3
-    xdotool getactivewindow getwindowname
+# activates EXPECTED: the title of the window that becomes the active one.
+activates() {
+    local expected=$1 actual tries
+    for ((tries = 0; tries < 100; ++tries)); do
+        actual=$(xdotool getactivewindow getwindowname 2>/dev/null || true)
+        [ "$actual" != "$expected" ] || break
+        sleep 0.1
+    done
+    check "$expected" "$actual"
 }
 
 # copies EXPECTED: what the field that has the focus gives to the clipboard.
 copies() {
-    local expected=$1 actual
-    key ctrl+a ctrl+c
-    sleep 0.2
-    actual=$(timeout 5 xclip -selection clipboard -out || true)
+    local expected=$1 actual tries
+    for ((tries = 0; tries < 50; ++tries)); do
+        key ctrl+a ctrl+c
+        actual=$(timeout 5 xclip -selection clipboard -out || true)
+        [ "$actual" != "$expected" ] || break
+        sleep 0.1
+    done
     check "$expected" "$actual"
 }
 
@@ -73,10 +81,8 @@ copies "Bob B."
 key shift+Tab Up Tab Tab
 copies "7"
 
-# The name filter leaves one user, without a full name; the sixth field is the home directory.
+# The search leaves one user, without a full name; the first field is the home directory.
 key ctrl+f c a r Tab Tab
-copies "–"
-key Tab Tab Tab Tab Tab
 copies "/home/carol"
 
 # Reload: the user is there with another home.
@@ -89,38 +95,36 @@ copies "/home/caroline"
 key alt+2 ctrl+f v i d Tab Tab
 copies "44"
 
-# Limits: the second rule, and the file of the line that is no rule.
-key alt+3 alt+r Down
-copies "@staff"
-key alt+l
-copies "/etc/security/limits.conf"
+# Limits: the second line.
+key alt+3 alt+l Down
+copies "/etc/security/limits.conf:2"
 
 # The new account, whose first field is the user name, and its two dialogs.
 key alt+4
 key alt+a d a v e
 copies "dave"
 key alt+i
-check "Select User Icon — Ormel Users" "$(title)"
+activates "Select User Icon — Ormel Users"
 key Escape
-check "Ormel Users" "$(title)"
+activates "Ormel Users"
 key alt+g
-check "Select Groups — Ormel Users" "$(title)"
+activates "Select Groups — Ormel Users"
 key Escape
-check "Ormel Users" "$(title)"
+activates "Ormel Users"
 
 # Choose: the members of a group, as they are.
 key alt+5 alt+o s t a f f alt+m
-check "Select Users — Ormel Users" "$(title)"
+activates "Select Users — Ormel Users"
 key Return
-check "Ormel Users" "$(title)"
+activates "Ormel Users"
 key alt+s
 copies "2 users: alice, bob"
 
 # About and back, by the menu.
 key alt+h Return
-check "About Ormel Users" "$(title)"
+activates "About Ormel Users"
 key Escape
-check "Ormel Users" "$(title)"
+activates "Ormel Users"
 
 # The page and the filters are remembered.
 key alt+3 ctrl+q
