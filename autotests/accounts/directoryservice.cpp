@@ -8,14 +8,28 @@
 #include "program.h"
 #include "sandbox.h"
 
+#include <QDir>
+#include <QFile>
 #include <QTest>
 
+#include <algorithm>
 #include <csignal>
 
 #include <dlfcn.h>
 
 namespace
 {
+/** Whether all threads of a process are stopped. */
+bool isStopped(qint64 process)
+{
+    const QDir threads(QStringLiteral("/proc/%1/task").arg(process));
+    const QStringList numbers = threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    return std::all_of(numbers.begin(), numbers.end(), [&threads](const QString &number) {
+        QFile status(threads.filePath(number + QStringLiteral("/stat")));
+        return status.open(QIODevice::ReadOnly) && status.readAll().contains(") T ");
+    });
+}
+
 QString unpacked(const char *path)
 {
     return QStringLiteral(DIRECTORY_SERVICE) + QLatin1String(path);
@@ -129,6 +143,10 @@ void DirectoryService::stopServer()
 void DirectoryService::freezeServer()
 {
     signal(m_server, SIGSTOP);
+    // A thread that is busy stops a moment later, and may still answer.
+    if (!QTest::qWaitFor([this] { return isStopped(m_server.processId()); }, 20000)) {
+        qFatal("The server does not stop");
+    }
 }
 
 void DirectoryService::thawServer()
