@@ -13,7 +13,6 @@
 
 namespace
 {
-using PamLimits::Domain;
 using PamLimits::Finding;
 using PamLimits::Item;
 using PamLimits::LimitUsage;
@@ -82,7 +81,7 @@ QString PamLimits::Findings::nobodyMeant(int domain) const
     if (known != m_nobodyMeant.constEnd()) {
         return *known;
     }
-    const QString found = findNobodyMeant(m_limits.rules().domains().at(domain));
+    QString found = findNobodyMeant(m_limits.rules().domains().at(domain));
     m_nobodyMeant.insert(domain, found);
     return found;
 }
