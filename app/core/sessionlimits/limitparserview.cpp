@@ -14,7 +14,6 @@
 
 namespace
 {
-using PamLimits::Item;
 using PamLimits::ItemKind;
 using PamLimits::Line;
 using PamLimits::LineKind;
