@@ -43,7 +43,7 @@ QByteArray readTyped(const QString &prompt)
         typed = readpassphrase(text.constData(), buffer.data(), buffer.size(), RPP_ECHO_OFF);
         // A signal that the program ignores interrupts the input all the same.
     } while (!typed && errno == EINTR);
-    const QByteArray line = typed && *typed != '\0' ? QByteArray(typed) : QByteArray();
+    QByteArray line = typed && *typed != '\0' ? QByteArray(typed) : QByteArray();
     explicit_bzero(buffer.data(), buffer.size());
     return line;
 }

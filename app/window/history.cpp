@@ -37,7 +37,7 @@ AccountLink History::go(int step, const AccountLink &here)
 {
     m_places[m_current] = here;
     m_current += step;
-    const AccountLink place = m_places.at(m_current);
+    AccountLink place = m_places.at(m_current);
     Q_EMIT changed();
     return place;
 }

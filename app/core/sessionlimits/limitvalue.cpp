@@ -11,7 +11,6 @@
 namespace
 {
 using PamLimits::Item;
-using PamLimits::ItemKind;
 using PamLimits::Number;
 using PamLimits::Text;
 

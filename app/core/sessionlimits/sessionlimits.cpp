@@ -15,8 +15,6 @@
 namespace
 {
 using PamLimits::Item;
-using PamLimits::ItemKind;
-using PamLimits::Value;
 
 /** Standard input, output and error; a program needs one more to load the first library. */
 constexpr quint64 fewestOpenFiles = 4;

@@ -131,7 +131,7 @@ QVariant LimitLinesModel::data(const QModelIndex &index, int role) const
     if (!index.isValid() || place < 0) {
         return {};
     }
-    const QString text = role == Qt::DisplayRole || role == Qt::ToolTipRole ? textOf(place, index.column()) : QString();
+    QString text = role == Qt::DisplayRole || role == Qt::ToolTipRole ? textOf(place, index.column()) : QString();
     if (role == Qt::DisplayRole) {
         return text;
     }

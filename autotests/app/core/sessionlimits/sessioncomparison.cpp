@@ -12,7 +12,6 @@ namespace
 using PamLimits::Answer;
 using PamLimits::Failure;
 using PamLimits::Item;
-using PamLimits::ItemKind;
 using PamLimits::Limit;
 using PamLimits::Rank;
 using PamLimits::Value;
