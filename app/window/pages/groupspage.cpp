@@ -57,7 +57,7 @@ GroupsPage::GroupsPage(AccountStore *store, GroupModel *model, QWidget *parent)
 {
     m_model->setParent(this);
     arrange({createGroupPart(), m_limits});
-    showRecord(-1);
+    GroupsPage::showRecord(-1);
     connect(m_members, &MemberList::followed, this, &AccountPage::followed);
     connect(store, &AccountStore::groupsRead, this, &GroupsPage::showGroups);
     connect(store, &AccountStore::usersRead, this, &GroupsPage::showMembers);

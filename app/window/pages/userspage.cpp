@@ -67,7 +67,7 @@ UsersPage::UsersPage(AccountStore *store, UserModel *model, QWidget *parent)
 {
     m_model->setParent(this);
     arrange({m_details, m_limits});
-    showRecord(-1);
+    UsersPage::showRecord(-1);
     connect(m_details, &Details::followed, this, &AccountPage::followed);
     connect(store, &AccountStore::usersRead, this, &UsersPage::showUsers);
     connect(store, &AccountStore::limitsRead, this, &UsersPage::showLimits);
