@@ -35,6 +35,13 @@ namespace
 {
 constexpr int patience = 120000;
 
+// The address sanitizer reads its options from the environment in each process.
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool isSanitized = true;
+#else
+constexpr bool isSanitized = false;
+#endif
+
 void writePicture(const QString &path, Qt::GlobalColor color)
 {
     Sandbox::write(path, PictureFiles::encoded(PictureFiles::plain({300, 200}, color), "png"));
@@ -257,8 +264,9 @@ void UsersPictureTest::opensFacesOnly()
         const QString path = call.openedPath();
         const bool isOfSomebody = path.startsWith(m_homes->path()) || path.startsWith(hostileTarget());
         const bool isFace = path.endsWith(QLatin1String("/.face")) || path.endsWith(QLatin1String("/.face.icon"));
+        const bool isEnvironment = !isSanitized && path.endsWith(QLatin1String("/environ"));
         if ((isOfSomebody && !isFace && !QFileInfo(path).isDir()) || path == QLatin1String("/dev/zero")
-            || path.endsWith(QLatin1String("/environ"))) {
+            || isEnvironment) {
             opened.append(path);
         }
     }
