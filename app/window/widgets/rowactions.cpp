@@ -67,7 +67,7 @@ RowActions::RowActions(RecordView *view)
     updateActions();
 }
 
-QAction *RowActions::add(const QString &text, const char *icon, void (RowActions::*run)())
+QAction *RowActions::add(const QString &text, const char *icon, void (RowActions::*run)() const)
 {
     auto *action = new QAction(QIcon::fromTheme(QLatin1String(icon)), text, this);
     if (run) {
@@ -127,24 +127,24 @@ RowTable RowActions::allRows() const
     return rows(numbers);
 }
 
-void RowActions::copyText()
+void RowActions::copyText() const
 {
     copy(selectedRows().toText());
 }
 
-void RowActions::copyCsv()
+void RowActions::copyCsv() const
 {
     const QString csv = selectedRows().toCsv();
     copy(csv, "text/csv", csv.toUtf8());
 }
 
-void RowActions::copyJson()
+void RowActions::copyJson() const
 {
     const QByteArray json = selectedRows().toJson();
     copy(QString::fromUtf8(json), "application/json", json);
 }
 
-void RowActions::exportRows()
+void RowActions::exportRows() const
 {
     const QString path = QFileDialog::getSaveFileName(
         m_view->window(),

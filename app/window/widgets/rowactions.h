@@ -29,11 +29,11 @@ public:
     RowTable allRows() const;
 
 private:
-    QAction *add(const QString &text, const char *icon, void (RowActions::*run)());
-    void copyText();
-    void copyCsv();
-    void copyJson();
-    void exportRows();
+    QAction *add(const QString &text, const char *icon, void (RowActions::*run)() const);
+    void copyText() const;
+    void copyCsv() const;
+    void copyJson() const;
+    void exportRows() const;
     void updateActions();
     RowTable rows(const QVector<int> &rows) const;
 
