@@ -61,7 +61,7 @@ void addLine(BrokenAccounts &accounts, const QByteArray &line)
 
 QVector<BrokenAccounts> BrokenAccounts::all()
 {
-    QFile file(QStringLiteral(DATA_DIR "/accounts/broken.txt"));
+    QFile file(QStringLiteral(BROKEN_ACCOUNTS));
     if (!file.open(QIODevice::ReadOnly)) {
         qFatal("Cannot read %s", qPrintable(file.fileName()));
     }

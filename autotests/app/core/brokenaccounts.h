@@ -11,7 +11,7 @@
 #include <QStringList>
 #include <QVector>
 
-/** Account files that something is wrong with, from autotests/data/accounts/broken.txt. */
+/** Account files that something is wrong with, from brokenaccounts.txt. */
 struct BrokenAccounts {
     QByteArray name;
     /** The whole content of passwd, group, shadow and gshadow. */
