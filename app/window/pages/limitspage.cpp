@@ -6,6 +6,7 @@
 #include "limitspage.h"
 
 #include "accountstore.h"
+#include "flattree.h"
 #include "lefttoright.h"
 #include "limitlinesmodel.h"
 #include "limitwords.h"
@@ -99,11 +100,7 @@ void LimitsPage::addTable()
 {
     m_lines->setObjectName(QStringLiteral("linesTable"));
     m_lines->setItemDelegate(new LeftToRight::Delegate(m_lines));
-    m_lines->setRootIsDecorated(false);
-    m_lines->setItemsExpandable(false);
-    m_lines->setUniformRowHeights(true);
-    m_lines->setAllColumnsShowFocus(true);
-    m_lines->setAlternatingRowColors(true);
+    setUpFlatTree(*m_lines);
     m_lines->setModel(m_model);
     const int width = fontMetrics().averageCharWidth();
     m_lines->setColumnWidth(LimitLinesModel::PlaceColumn, placeCharacters * width);

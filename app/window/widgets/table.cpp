@@ -5,6 +5,7 @@
 
 #include "table.h"
 
+#include "flattree.h"
 #include "lefttoright.h"
 #include "plaintext.h"
 
@@ -27,11 +28,7 @@ Table::Table(const QString &title, const QStringList &columns, QWidget *parent)
     setItemDelegate(new LeftToRight::Delegate(this));
     setHeaderLabels(columns);
     setAccessibleName(KLocalizedString::removeAcceleratorMarker(title));
-    setRootIsDecorated(false);
-    setItemsExpandable(false);
-    setUniformRowHeights(true);
-    setAllColumnsShowFocus(true);
-    setAlternatingRowColors(true);
+    setUpFlatTree(*this);
     setRows({});
 }
 
