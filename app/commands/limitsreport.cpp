@@ -205,7 +205,7 @@ int LimitsReport::showAccounts(const QString &place) const
     QStringList names;
     const QVector<PamLimits::Account> accounts = m_limits.database().all();
     for (const int line : lines) {
-        const QList<QByteArray> found = decidedBy(line, m_limits, accounts, accounts.size());
+        const QList<QByteArray> found = decidedBy(line, m_limits, accounts);
         for (const QByteArray &name : found) {
             names.append(LimitWords::fromFile(name));
         }

@@ -9,6 +9,8 @@
 
 #include <KLocalizedString>
 
+#include <QtConcurrent>
+
 namespace
 {
 QStringList accountFiles()
@@ -43,9 +45,10 @@ AccountStore::AccountStore(QObject *parent, const AccountSource &source)
         m_hasAdministratorsGroup = found;
     });
     connect(&m_reader, &AccountReader::finished, this, [this](const QVector<UnreadableFile> &unreadable) {
-        end(toString(unreadable));
+        endAccounts(toString(unreadable));
     });
-    connect(&m_reader, &AccountReader::failed, this, &AccountStore::end);
+    connect(&m_reader, &AccountReader::failed, this, &AccountStore::endAccounts);
+    connect(&m_limitsReader, &QFutureWatcherBase::finished, this, &AccountStore::setLimits);
     connect(&m_accountFiles, &FileWatcher::changed, this, &AccountStore::readWhenIdle);
     connect(&m_limitsFiles, &FileWatcher::changed, this, &AccountStore::readLimits);
 }
@@ -53,9 +56,10 @@ AccountStore::AccountStore(QObject *parent, const AccountSource &source)
 void AccountStore::read()
 {
     m_outdated = false;
+    m_isReading = true;
+    readLimits();
     m_reader.start();
     Q_EMIT started();
-    readLimits();
 }
 
 /** Where the files change all the time, reading would never come to an end if it began again each time. */
@@ -71,18 +75,29 @@ void AccountStore::readWhenIdle()
 void AccountStore::cancel()
 {
     m_reader.cancel();
+    m_limitsReader.setFuture({});
     m_outdated = false;
+    m_isReading = false;
     Q_EMIT ended();
 }
 
 bool AccountStore::isReading() const
 {
-    return m_reader.isReading();
+    return m_isReading;
 }
 
+/** In a thread, since it touches nothing that another thread uses: a slow disk does not stop the window. */
 void AccountStore::readLimits()
 {
-    m_limits = PamLimits::SessionLimits::read();
+    m_limitsReader.setFuture(QtConcurrent::run([] { return PamLimits::SessionLimits::read(); }));
+}
+
+void AccountStore::setLimits()
+{
+    if (m_limitsReader.isCanceled()) {
+        return;
+    }
+    m_limits = m_limitsReader.result();
     QStringList lines;
     const QStringList errors = m_limits.errors();
     for (const QString &error : errors) {
@@ -90,6 +105,7 @@ void AccountStore::readLimits()
     }
     m_limitsError = lines.join(QLatin1Char('\n'));
     Q_EMIT limitsRead();
+    endWhenAllIsRead();
 }
 
 void AccountStore::setGroups(const QVector<GroupRecord> &groups)
@@ -108,12 +124,21 @@ void AccountStore::setUsers(const QVector<UserRecord> &users)
     Q_EMIT usersRead();
 }
 
-void AccountStore::end(const QString &error)
+void AccountStore::endAccounts(const QString &error)
 {
     m_accountsError = error;
     if (error.isEmpty()) {
         m_lastRead = QTime::currentTime();
     }
+    endWhenAllIsRead();
+}
+
+void AccountStore::endWhenAllIsRead()
+{
+    if (!m_isReading || m_reader.isReading() || m_limitsReader.isRunning()) {
+        return;
+    }
+    m_isReading = false;
     Q_EMIT ended();
     if (m_outdated) {
         read();

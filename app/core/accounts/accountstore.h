@@ -11,6 +11,7 @@
 #include "filewatcher.h"
 #include "sessionlimits.h"
 
+#include <QFutureWatcher>
 #include <QObject>
 #include <QSet>
 #include <QTime>
@@ -28,9 +29,6 @@ public:
 
     /** Reads everything; from the beginning when that is going on already. */
     void read();
-
-    /** Reads the limits alone, at once. */
-    void readLimits();
 
     /** Stops reading. What was read before stays. */
     void cancel();
@@ -73,11 +71,15 @@ Q_SIGNALS:
 
 private:
     void readWhenIdle();
+    void readLimits();
+    void setLimits();
     void setGroups(const QVector<GroupRecord> &groups);
     void setUsers(const QVector<UserRecord> &users);
-    void end(const QString &error);
+    void endAccounts(const QString &error);
+    void endWhenAllIsRead();
 
     AccountReader m_reader;
+    QFutureWatcher<PamLimits::SessionLimits> m_limitsReader;
     FileWatcher m_accountFiles;
     FileWatcher m_limitsFiles;
     QVector<UserRecord> m_users;
@@ -91,6 +93,8 @@ private:
     bool m_hasAdministratorsGroup = true;
     bool m_hasUsers = false;
     bool m_hasGroups = false;
+    /** Whether reading began with started() and has not come to ended() yet. */
+    bool m_isReading = false;
     /** Whether the files have changed since reading began. */
     bool m_outdated = false;
 };

@@ -7,6 +7,7 @@
 
 #include <QFile>
 
+#include <cerrno>
 #include <cstdio>
 #include <memory>
 
@@ -53,6 +54,25 @@ bool hasFilesOnly()
     return sourcesOf("group") == files && (initial.isEmpty() || initial == files);
 }
 
+/** Room for an entry of the name service; it grows where an entry needs more. */
+class EntryBuffer
+{
+public:
+    /** What @p read returns when it is given enough room: 0 unless it failed. */
+    template<typename Read>
+    int fill(const Read &read)
+    {
+        int error = 0;
+        while ((error = read(m_bytes.data(), size_t(m_bytes.size()))) == ERANGE) {
+            m_bytes.resize(2 * m_bytes.size());
+        }
+        return error;
+    }
+
+private:
+    QByteArray m_bytes = QByteArray(4096, '\0');
+};
+
 QVector<quint32> askForGroups(const QByteArray &user, quint32 gid)
 {
     constexpr int expected = 64;
@@ -78,15 +98,24 @@ PamLimits::AccountDatabase::AccountDatabase()
 void PamLimits::AccountDatabase::readGroups()
 {
     const FilePointer file = openFile("/etc/group");
-    while (const group *entry = file ? fgetgrent(file.get()) : nullptr) {
-        const QByteArray name(entry->gr_name);
-        if (!m_gids.contains(name)) {
-            m_gids.insert(name, entry->gr_gid);
-        }
-        m_known.insert(entry->gr_gid);
-        for (char **member = entry->gr_mem; *member; ++member) {
-            m_memberships[*member].append(entry->gr_gid);
-        }
+    group entry = {};
+    group *found = nullptr;
+    EntryBuffer buffer;
+    const auto read = [&](char *bytes, size_t size) { return fgetgrent_r(file.get(), &entry, bytes, size, &found); };
+    while (file && buffer.fill(read) == 0) {
+        addGroup(entry);
+    }
+}
+
+void PamLimits::AccountDatabase::addGroup(const group &entry)
+{
+    const QByteArray name(entry.gr_name);
+    if (!m_gids.contains(name)) {
+        m_gids.insert(name, entry.gr_gid);
+    }
+    m_known.insert(entry.gr_gid);
+    for (char **member = entry.gr_mem; *member; ++member) {
+        m_memberships[*member].append(entry.gr_gid);
     }
 }
 
@@ -136,13 +165,22 @@ std::optional<quint32> PamLimits::AccountDatabase::gidOf(const QByteArray &group
         const auto known = m_gids.constFind(group);
         return known == m_gids.constEnd() ? std::nullopt : std::make_optional(*known);
     }
-    const ::group *entry = getgrnam(group.constData());
-    return entry ? std::make_optional(entry->gr_gid) : std::nullopt;
+    ::group entry = {};
+    ::group *found = nullptr;
+    EntryBuffer().fill(
+        [&](char *bytes, size_t size) { return getgrnam_r(group.constData(), &entry, bytes, size, &found); });
+    return found ? std::make_optional(entry.gr_gid) : std::nullopt;
 }
 
 bool PamLimits::AccountDatabase::hasGroup(quint32 gid) const
 {
-    return m_hasFilesOnly ? m_known.contains(gid) : getgrgid(gid) != nullptr;
+    if (m_hasFilesOnly) {
+        return m_known.contains(gid);
+    }
+    group entry = {};
+    group *found = nullptr;
+    EntryBuffer().fill([&](char *bytes, size_t size) { return getgrgid_r(gid, &entry, bytes, size, &found); });
+    return found != nullptr;
 }
 
 QVector<quint32> PamLimits::AccountDatabase::groupsOf(const QByteArray &user, quint32 gid) const

@@ -13,11 +13,15 @@
 
 #include <optional>
 
+struct group;
+
 namespace PamLimits
 {
 /**
  * Accounts as the name service knows them. Where it knows no other source of groups than /etc/group, that
  * is read once; otherwise the name service is asked each time, which takes long for many accounts.
+ *
+ * Groups can be asked for in any thread. find() and all() are for one thread at a time.
  */
 class AccountDatabase
 {
@@ -37,6 +41,7 @@ public:
 
 private:
     void readGroups();
+    void addGroup(const ::group &entry);
     QVector<Account> allWithoutGroups() const;
     void addGroups(Account &account) const;
     QVector<quint32> groupsOf(const QByteArray &user, quint32 gid) const;

@@ -32,10 +32,10 @@ void PamLimits::LimitUsage::add(const Account &account)
     QVector<Outcome> outcomes;
     const Answer answer = m_limits.answer(account, &outcomes);
     for (const Outcome &outcome : qAsConst(outcomes)) {
-        addOutcome(outcome);
+        addOutcome(outcome, account);
     }
     if (answer.exemption >= 0) {
-        ++m_lines[answer.exemption].decides;
+        addDecision(m_lines[answer.exemption], account);
     }
     if (answer.failure.line >= 0) {
         Line &line = m_lines[answer.failure.line];
@@ -44,12 +44,20 @@ void PamLimits::LimitUsage::add(const Account &account)
     }
 }
 
-void PamLimits::LimitUsage::addOutcome(const Outcome &outcome)
+void PamLimits::LimitUsage::addDecision(Line &line, const Account &account)
+{
+    ++line.decides;
+    if (line.decides <= maxNames) {
+        line.decidesFor.append(account.name);
+    }
+}
+
+void PamLimits::LimitUsage::addOutcome(const Outcome &outcome, const Account &account)
 {
     Line &line = m_lines[outcome.line];
     ++line.matches;
     if (outcome.decides()) {
-        ++line.decides;
+        addDecision(line, account);
         return;
     }
     const int against = opponent(outcome);
@@ -81,13 +89,12 @@ bool PamLimits::LimitUsage::hasAccount(const QByteArray &name) const
     return m_names.contains(name);
 }
 
-QList<QByteArray>
-PamLimits::decidedBy(int place, const SessionLimits &limits, const QVector<Account> &accounts, int count)
+QList<QByteArray> PamLimits::decidedBy(int place, const SessionLimits &limits, const QVector<Account> &accounts)
 {
     QList<QByteArray> names;
-    for (auto account = accounts.begin(); account != accounts.end() && names.size() < count; ++account) {
-        if (limits.decides(place, *account)) {
-            names.append(account->name);
+    for (const Account &account : accounts) {
+        if (limits.decides(place, account)) {
+            names.append(account.name);
         }
     }
     return names;

@@ -15,8 +15,9 @@ class LimitUsage
 {
 public:
     struct Line {
-        /** For how many accounts it decides something. */
+        /** For how many accounts it decides something, and the first of them. */
         int decides = 0;
+        QList<QByteArray> decidesFor;
         /** For how many accounts it is meant, of those that were asked. */
         int matches = 0;
         /** The place of a line that it loses against, for the first account; -1 for none. */
@@ -27,6 +28,9 @@ public:
         int lockedOut = 0;
         QByteArray firstLockedOut;
     };
+
+    /** How many accounts are named for a line. */
+    static constexpr int maxNames = 12;
 
     explicit LimitUsage(const SessionLimits &limits);
 
@@ -42,19 +46,16 @@ public:
     bool hasAccount(const QByteArray &name) const;
 
 private:
-    void addOutcome(const Outcome &outcome);
+    void addOutcome(const Outcome &outcome, const Account &account);
+    static void addDecision(Line &line, const Account &account);
 
     SessionLimits m_limits;
     QVector<Line> m_lines;
     QSet<QByteArray> m_names;
 };
 
-/**
- * The names of those of @p accounts for which the line at @p place decides something.
- *
- * @param count how many are enough
- */
-QList<QByteArray> decidedBy(int place, const SessionLimits &limits, const QVector<Account> &accounts, int count);
+/** The names of those of @p accounts for which the line at @p place decides something. */
+QList<QByteArray> decidedBy(int place, const SessionLimits &limits, const QVector<Account> &accounts);
 }
 
 #endif

@@ -12,33 +12,36 @@
 #include "limitwords.h"
 #include "messages.h"
 #include "pagelayout.h"
-#include "sessionaccountof.h"
 
 #include <KLocalizedString>
 
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QTimer>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <QtConcurrent>
 
 #include <algorithm>
-#include <iterator>
 
 namespace
 {
-/** How long accounts are counted at a stretch, in milliseconds: the window stays usable. */
-constexpr int slice = 15;
-
-/** How many accounts are named for which a line decides. */
-constexpr int maxNames = 12;
-
 constexpr int placeCharacters = 32;
 constexpr int textCharacters = 36;
+
+/** The place in @p rules of the line that is at @p oldPlace in @p oldRules; -1 where its file has no such line. */
+int samePlace(const PamLimits::Rules &oldRules, int oldPlace, const PamLimits::Rules &rules)
+{
+    const PamLimits::Line &line = oldRules.lines().at(oldPlace);
+    const QString path = oldRules.fileOf(line).path;
+    const QVector<PamLimits::Line> &lines = rules.lines();
+    const auto found = std::find_if(lines.begin(), lines.end(), [&](const PamLimits::Line &other) {
+        return other.number == line.number && rules.fileOf(other).path == path;
+    });
+    return found == lines.end() ? -1 : int(found - lines.begin());
+}
 }
 
 LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
@@ -48,7 +51,7 @@ LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
     , m_filter(new QComboBox(this))
     , m_model(new LimitLinesModel(this))
     , m_lines(new QTreeView(this))
-    , m_counting(new QTimer(this))
+    , m_cancelled(std::make_shared<std::atomic_bool>())
 {
     m_error->setObjectName(QStringLiteral("limitsError"));
     addTable();
@@ -68,9 +71,15 @@ LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
     layout->addWidget(m_lines, 1);
     layout->addLayout(explanations);
 
-    connect(m_counting, &QTimer::timeout, this, &LimitsPage::countSomeAccounts);
-    connect(m_store, &AccountStore::limitsRead, this, &LimitsPage::showAll);
-    connect(m_store, &AccountStore::usersRead, this, &LimitsPage::startCounting);
+    connect(&m_lineAnalysis, &QFutureWatcherBase::finished, this, &LimitsPage::showLines);
+    connect(&m_userAnalysis, &QFutureWatcherBase::finished, this, &LimitsPage::showUsage);
+    connect(m_store, &AccountStore::limitsRead, this, &LimitsPage::analyseLines);
+    connect(m_store, &AccountStore::usersRead, this, &LimitsPage::analyseUsage);
+}
+
+LimitsPage::~LimitsPage()
+{
+    *m_cancelled = true;
 }
 
 QWidget *LimitsPage::createFilter()
@@ -120,75 +129,76 @@ QLabel *LimitsPage::addExplanation(QFormLayout *layout, const char *name, const 
     return label;
 }
 
-void LimitsPage::showAll()
+void LimitsPage::analyseLines()
 {
+    *m_cancelled = true;
+    m_cancelled = std::make_shared<std::atomic_bool>();
+    m_lineAnalysis.setFuture(
+        QtConcurrent::run(&LimitAnalysis::create, m_store->limits(), QVector<UserRecord>(), m_cancelled));
+}
+
+void LimitsPage::analyseUsage()
+{
+    // Otherwise it follows when the lines are there.
+    if (m_analysis && !m_lineAnalysis.isRunning() && !m_store->users().isEmpty()) {
+        *m_cancelled = true;
+        m_cancelled = std::make_shared<std::atomic_bool>();
+        m_userAnalysis.setFuture(
+            QtConcurrent::run(&LimitAnalysis::create, m_analysis->limits(), m_store->users(), m_cancelled));
+    }
+}
+
+void LimitsPage::showLines()
+{
+    const LimitAnalysis::Pointer old = m_analysis;
+    const int current = currentPlace();
+    m_analysis = m_lineAnalysis.result();
     Messages::show(*m_error, m_store->limitsError());
-    m_model->setLimits(m_store->limits());
-    m_lines->setCurrentIndex(m_model->index(0, 0));
-    startCounting();
+    m_model->setAnalysis(m_analysis);
+    const int place = current < 0 ? -1 : samePlace(old->limits().rules(), current, m_analysis->limits().rules());
+    m_lines->setCurrentIndex(m_model->index(qMax(0, m_model->rowOf(place)), 0));
+    explain();
+    analyseUsage();
 }
 
-void LimitsPage::startCounting()
+void LimitsPage::showUsage()
 {
-    if (m_store->users().isEmpty()) { // not read yet
-        m_counting->stop();
-        m_usage.reset();
+    if (const LimitAnalysis::Pointer analysis = m_userAnalysis.result()) {
+        const int current = currentPlace();
+        m_analysis = analysis;
+        m_model->updateAnalysis(m_analysis);
+        m_lines->setCurrentIndex(m_model->index(qMax(0, m_model->rowOf(current)), 0));
         explain();
-        return;
-    }
-    m_model->setUsage(nullptr);
-    m_usage = std::make_shared<PamLimits::LimitUsage>(m_store->limits());
-    m_accounts.clear();
-    const QVector<UserRecord> &users = m_store->users();
-    std::transform(users.begin(), users.end(), std::back_inserter(m_accounts), sessionAccountOf);
-    m_counted = 0;
-    m_counting->start();
-    explain();
-}
-
-void LimitsPage::countSomeAccounts()
-{
-    QElapsedTimer time;
-    time.start();
-    for (; m_counted < m_accounts.size() && !time.hasExpired(slice); ++m_counted) {
-        m_usage->add(m_accounts.at(m_counted));
-    }
-    if (m_counted == m_accounts.size()) {
-        finishCounting();
     }
 }
 
-void LimitsPage::finishCounting()
+int LimitsPage::currentPlace() const
 {
-    m_counting->stop();
-    m_usage->finish();
-    m_model->setUsage(m_usage);
-    explain();
+    const QModelIndexList rows = m_lines->selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : m_model->lineAt(rows.first().row());
 }
 
 void LimitsPage::explain()
 {
-    const QModelIndexList rows = m_lines->selectionModel()->selectedRows();
-    const int line = rows.isEmpty() ? -1 : m_model->lineAt(rows.first().row());
-    m_meaning->setText(line < 0 ? QString() : m_model->meaningOf(line));
-    m_problem->setText(line < 0 ? QString() : m_model->problemsOf(line).join(QLatin1Char('\n')));
-    m_decides->setText(line < 0 ? QString() : accountsOf(line));
+    const int place = currentPlace();
+    m_meaning->setText(place < 0 ? QString() : m_model->meaningOf(place));
+    m_problem->setText(place < 0 ? QString() : m_analysis->problemsOf(place).join(QLatin1Char('\n')));
+    m_decides->setText(place < 0 ? QString() : accountsOf(place));
 }
 
-QString LimitsPage::accountsOf(int line) const
+QString LimitsPage::accountsOf(int place) const
 {
-    if (!m_usage || m_counting->isActive()) {
+    const PamLimits::LimitUsage::Line *usage = m_analysis->usageOf(place);
+    if (!usage) {
         return QStringLiteral("\u2026");
     }
-    const int count = m_usage->at(line).decides;
-    if (count == 0) {
+    if (usage->decides == 0) {
         return i18nc("@info no account", "nobody");
     }
     QStringList names;
-    const QList<QByteArray> found = decidedBy(line, m_store->limits(), m_accounts, qMin(count, maxNames));
-    for (const QByteArray &name : found) {
+    for (const QByteArray &name : usage->decidesFor) {
         names.append(LimitWords::fromFile(name));
     }
-    const QString more = count > names.size() ? QStringLiteral(" \u2026 (%1)").arg(count) : QString();
+    const QString more = usage->decides > names.size() ? QStringLiteral(" \u2026 (%1)").arg(usage->decides) : QString();
     return names.join(QLatin1String(", ")) + more;
 }

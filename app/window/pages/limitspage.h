@@ -6,11 +6,10 @@
 #ifndef LIMITSPAGE_H
 #define LIMITSPAGE_H
 
-#include "limitusage.h"
+#include "limitanalysis.h"
 
+#include <QFutureWatcher>
 #include <QWidget>
-
-#include <memory>
 
 class AccountStore;
 class KMessageWidget;
@@ -18,7 +17,6 @@ class LimitLinesModel;
 class QComboBox;
 class QFormLayout;
 class QLabel;
-class QTimer;
 class QTreeView;
 
 /** The lines of the limits files, what PAM makes of them, and whom they decide for. */
@@ -28,31 +26,33 @@ class LimitsPage : public QWidget
 
 public:
     explicit LimitsPage(AccountStore *store, QWidget *parent = nullptr);
+    ~LimitsPage() override;
 
 private:
     QLabel *addExplanation(QFormLayout *layout, const char *name, const QString &title);
     QWidget *createFilter();
     void addTable();
-    void showAll();
-    void startCounting();
-    void countSomeAccounts();
-    void finishCounting();
+    void analyseLines();
+    void analyseUsage();
+    void showLines();
+    void showUsage();
+    int currentPlace() const;
     void explain();
-    QString accountsOf(int line) const;
+    QString accountsOf(int place) const;
 
     AccountStore *const m_store;
     KMessageWidget *const m_error;
     QComboBox *const m_filter;
     LimitLinesModel *const m_model;
     QTreeView *const m_lines;
-    QTimer *const m_counting;
     QLabel *m_meaning = nullptr;
     QLabel *m_problem = nullptr;
     QLabel *m_decides = nullptr;
-    /** The accounts for which lines may decide, how many of them are counted, and what that found. */
-    QVector<PamLimits::Account> m_accounts;
-    int m_counted = 0;
-    std::shared_ptr<PamLimits::LimitUsage> m_usage;
+    LimitAnalysis::Pointer m_analysis;
+    /** They look at the lines alone, which is soon done, and then at what they do for the users. */
+    QFutureWatcher<LimitAnalysis::Pointer> m_lineAnalysis;
+    QFutureWatcher<LimitAnalysis::Pointer> m_userAnalysis;
+    LimitAnalysis::Cancelled m_cancelled;
 };
 
 #endif

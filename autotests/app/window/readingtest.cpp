@@ -212,7 +212,6 @@ void ReadingTest::showsGroupsBeforeUsers()
     Window window;
     QStringList read;
     auto *store = window.window.findChild<AccountStore *>();
-    connect(store, &AccountStore::limitsRead, store, [&read] { read.append(text("limits")); });
     connect(store, &AccountStore::groupsRead, store, [&] {
         read.append(text("groups"));
         QCOMPARE(part<RecordView>(window.window, "groupListView")->model()->rowCount(), 3);
@@ -221,7 +220,7 @@ void ReadingTest::showsGroupsBeforeUsers()
     });
     connect(store, &AccountStore::usersRead, store, [&read] { read.append(text("users")); });
     QVERIFY(open(window.window));
-    QCOMPARE(read, QStringList({text("limits"), text("groups"), text("users")}));
+    QCOMPARE(read, QStringList({text("groups"), text("users")}));
 }
 
 void ReadingTest::showsNewUsersLive()

@@ -6,11 +6,9 @@
 #ifndef LIMITLINESMODEL_H
 #define LIMITLINESMODEL_H
 
-#include "limitfindings.h"
+#include "limitanalysis.h"
 
 #include <QAbstractTableModel>
-
-#include <memory>
 
 /**
  * The lines of the limits files. Nothing is kept for a row but the place of its line, as there may
@@ -25,22 +23,23 @@ public:
     enum Filter { AllLines, AppliedLines, ProblemLines };
 
     using QAbstractTableModel::QAbstractTableModel;
-    ~LimitLinesModel() override;
 
-    /** Shows the lines of @p limits. */
-    void setLimits(const PamLimits::SessionLimits &limits);
+    /** Shows lines that were not shown before. */
+    void setAnalysis(const LimitAnalysis::Pointer &analysis);
 
-    /** Sets what the lines do for the accounts, which tells some of the problems; null while that is not known. */
-    void setUsage(std::shared_ptr<const PamLimits::LimitUsage> usage);
+    /** Shows more about the same lines. */
+    void updateAnalysis(const LimitAnalysis::Pointer &analysis);
 
     void setFilter(Filter filter);
 
     /** The place of the line in a row; -1 for none. */
     int lineAt(int row) const;
 
-    /** What the line at @p place is for, and what there is to say of it. */
+    /** The row of the line at @p place; -1 where it is not shown. */
+    int rowOf(int place) const;
+
+    /** What the line at @p place is for. */
     QString meaningOf(int place) const;
-    QStringList problemsOf(int place) const;
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
@@ -52,9 +51,7 @@ private:
     bool isShown(int place) const;
     QString textOf(int place, int column) const;
 
-    PamLimits::SessionLimits m_limits;
-    std::shared_ptr<const PamLimits::LimitUsage> m_usage;
-    std::unique_ptr<PamLimits::Findings> m_findings;
+    LimitAnalysis::Pointer m_analysis;
     Filter m_filter = AllLines;
     QVector<int> m_rows;
 };

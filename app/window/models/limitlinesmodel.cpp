@@ -10,28 +10,24 @@
 
 #include <KLocalizedString>
 
-LimitLinesModel::~LimitLinesModel() = default;
+#include <algorithm>
 
-void LimitLinesModel::setLimits(const PamLimits::SessionLimits &limits)
+void LimitLinesModel::setAnalysis(const LimitAnalysis::Pointer &analysis)
 {
     beginResetModel();
-    m_limits = limits;
-    m_findings.reset();
-    m_usage.reset();
+    m_analysis = analysis;
     fill();
     endResetModel();
 }
 
-void LimitLinesModel::setUsage(std::shared_ptr<const PamLimits::LimitUsage> usage)
+void LimitLinesModel::updateAnalysis(const LimitAnalysis::Pointer &analysis)
 {
-    m_findings.reset();
-    m_usage = std::move(usage);
-    if (m_usage) {
-        m_findings = std::make_unique<PamLimits::Findings>(m_limits, *m_usage);
-    }
     if (m_filter == ProblemLines) {
-        setFilter(m_filter);
-    } else if (!m_rows.isEmpty()) {
+        setAnalysis(analysis);
+        return;
+    }
+    m_analysis = analysis;
+    if (!m_rows.isEmpty()) {
         Q_EMIT dataChanged(index(0, MeaningColumn), index(m_rows.size() - 1, MeaningColumn));
     }
 }
@@ -47,7 +43,7 @@ void LimitLinesModel::setFilter(Filter filter)
 void LimitLinesModel::fill()
 {
     m_rows.clear();
-    const int count = m_limits.rules().lines().size();
+    const int count = m_analysis ? m_analysis->limits().rules().lines().size() : 0;
     for (int place = 0; place < count; ++place) {
         if (isShown(place)) {
             m_rows.append(place);
@@ -57,13 +53,15 @@ void LimitLinesModel::fill()
 
 bool LimitLinesModel::isShown(int place) const
 {
-    if (m_filter == AllLines) {
-        return true;
+    switch (m_filter) {
+    case AppliedLines:
+        return m_analysis->isApplied(place);
+    case ProblemLines:
+        return m_analysis->isProblem(place);
+    case AllLines:
+        break;
     }
-    const PamLimits::Rules &rules = m_limits.rules();
-    const PamLimits::Line &line = rules.lines().at(place);
-    const bool isApplied = rules.isEffective(line) && LimitWords::problem(rules, line).isEmpty();
-    return m_filter == AppliedLines ? isApplied : !isApplied || !problemsOf(place).isEmpty();
+    return true;
 }
 
 int LimitLinesModel::lineAt(int row) const
@@ -71,9 +69,15 @@ int LimitLinesModel::lineAt(int row) const
     return m_rows.value(row, -1);
 }
 
+int LimitLinesModel::rowOf(int place) const
+{
+    const auto row = std::lower_bound(m_rows.begin(), m_rows.end(), place);
+    return row != m_rows.end() && *row == place ? int(row - m_rows.begin()) : -1;
+}
+
 QString LimitLinesModel::meaningOf(int place) const
 {
-    const PamLimits::Rules &rules = m_limits.rules();
+    const PamLimits::Rules &rules = m_analysis->limits().rules();
     const PamLimits::Line &line = rules.lines().at(place);
     if (!rules.isEffective(line)) {
         return {};
@@ -84,24 +88,9 @@ QString LimitLinesModel::meaningOf(int place) const
         : domain + QLatin1String(": ") + LimitWords::description(line.item);
 }
 
-QStringList LimitLinesModel::problemsOf(int place) const
-{
-    const PamLimits::Rules &rules = m_limits.rules();
-    const PamLimits::Line &line = rules.lines().at(place);
-    const QString ofFile = LimitWords::problem(rules.fileOf(line));
-    if (!ofFile.isEmpty()) {
-        return {ofFile};
-    }
-    if (m_findings) {
-        return m_findings->statementsOf(place);
-    }
-    const QString ofLine = LimitWords::problem(rules, line);
-    return ofLine.isEmpty() ? QStringList() : QStringList(i18n("PAM ignores this line: %1", ofLine));
-}
-
 QString LimitLinesModel::textOf(int place, int column) const
 {
-    const PamLimits::Rules &rules = m_limits.rules();
+    const PamLimits::Rules &rules = m_analysis->limits().rules();
     const PamLimits::Line &line = rules.lines().at(place);
     switch (column) {
     case PlaceColumn:
@@ -111,7 +100,7 @@ QString LimitLinesModel::textOf(int place, int column) const
     default:
         break;
     }
-    const QStringList problems = problemsOf(place);
+    const QStringList problems = m_analysis->problemsOf(place);
     return problems.isEmpty() ? meaningOf(place) : problems.join(QLatin1String("; "));
 }
 

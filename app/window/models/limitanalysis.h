@@ -1,0 +1,62 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef LIMITANALYSIS_H
+#define LIMITANALYSIS_H
+
+#include "accountrecords.h"
+#include "limitfindings.h"
+#include "limitusage.h"
+
+#include <QBitArray>
+
+#include <atomic>
+#include <memory>
+
+/** What the lines of the limits files do, found out once. It takes long where there are many lines or users. */
+class LimitAnalysis
+{
+public:
+    using Pointer = std::shared_ptr<const LimitAnalysis>;
+
+    /** Set to give up. */
+    using Cancelled = std::shared_ptr<std::atomic_bool>;
+
+    /**
+     * Looks at each line, and with @p users at what it does for each of them. It may run in any thread.
+     *
+     * @return null when it was cancelled
+     */
+    static Pointer
+    create(const PamLimits::SessionLimits &limits, const QVector<UserRecord> &users, const Cancelled &cancelled);
+
+    const PamLimits::SessionLimits &limits() const;
+
+    /** Whether PAM takes the line at @p place for a rule or an exemption of which it understands everything. */
+    bool isApplied(int place) const;
+
+    /** Whether there is something to say of the line at @p place. */
+    bool isProblem(int place) const;
+
+    /** What there is to say of the line at @p place. */
+    QStringList problemsOf(int place) const;
+
+    /** What the line at @p place does for the users; null while users were not looked at. */
+    const PamLimits::LimitUsage::Line *usageOf(int place) const;
+
+private:
+    explicit LimitAnalysis(const PamLimits::SessionLimits &limits);
+
+    bool countUsers(const QVector<UserRecord> &users, const std::atomic_bool &cancelled);
+    bool sortLines(const std::atomic_bool &cancelled);
+
+    PamLimits::SessionLimits m_limits;
+    std::unique_ptr<PamLimits::LimitUsage> m_usage;
+    std::unique_ptr<PamLimits::Findings> m_findings;
+    QBitArray m_applied;
+    QBitArray m_problems;
+};
+
+#endif
