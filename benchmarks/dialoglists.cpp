@@ -129,13 +129,18 @@ private:
 };
 
 /** The dialogs that were made, which takes long; they go before the application does. */
-std::map<std::pair<int64_t, bool>, std::unique_ptr<List>> lists;
+auto &madeLists()
+{
+    static std::map<std::pair<int64_t, bool>, std::unique_ptr<List>> lists;
+    return lists;
+}
 
 List &listFor(const State &state, bool isPeer)
 {
     prepareAccounts(state);
+    auto &lists = madeLists();
     if (lists.empty()) {
-        qAddPostRoutine([] { lists.clear(); });
+        qAddPostRoutine([] { madeLists().clear(); });
     }
     auto &list = lists[{state.range(0), isPeer}];
     if (!list) {

@@ -148,7 +148,7 @@ void PictureReaderTest::refusesClaimsOfManyPixels()
     QCOMPARE(result.problem, byQt ? Problem::NotAPicture : Problem::TooLarge);
     QVERIFY(result.image.isNull());
 #ifndef __SANITIZE_ADDRESS__ // which takes memory of its own
-    QVERIFY(PeakMemory::bytes() - before < 100 * 1024 * 1024);
+    QVERIFY(PeakMemory::bytes() - before < 100LL * 1024 * 1024);
 #else
     Q_UNUSED(before)
 #endif

@@ -26,7 +26,7 @@ constexpr int mebibyte = 1024 * 1024;
 
 QByteArray image(const QByteArray &reference)
 {
-    return "<image width=\"20\" height=\"20\" xlink:href=\"" + reference + "\"/>";
+    return R"(<image width="20" height="20" xlink:href=")" + reference + R"("/>)";
 }
 
 QByteArray dataOf(const QByteArray &content)
@@ -135,7 +135,7 @@ void SvgTest::doesNotOpenWhatPictureRefersTo_data()
             + PictureFiles::svg(image("&target;"));
     QTest::newRow("SVG within") << PictureFiles::svg(image(dataOf(reference)));
     QTest::newRow("compressed SVG within") << PictureFiles::svg(image(dataOf(PictureFiles::gzipped(reference))));
-    QTest::newRow("style sheet") << "<?xml version=\"1.0\"?><?xml-stylesheet type=\"text/css\" href=\"" + path + "\"?>"
+    QTest::newRow("style sheet") << R"(<?xml version="1.0"?><?xml-stylesheet type="text/css" href=")" + path + R"("?>)"
             + PictureFiles::svg({});
     QTest::newRow("external entity") << "<!DOCTYPE svg [<!ENTITY target SYSTEM \"" + path + "\">]>"
             + PictureFiles::svg("<text>&target;</text>");

@@ -73,7 +73,8 @@ struct Page {
     QStringList lines() const
     {
         QStringList lines;
-        for (const QString &row : shownRows(*table)) {
+        const QStringList rows = shownRows(*table);
+        for (const QString &row : rows) {
             lines.append(row.section(QLatin1Char('|'), 0, 0));
         }
         return lines;

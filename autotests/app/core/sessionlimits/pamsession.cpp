@@ -65,11 +65,15 @@ Limits s_limits;
 rlim_t s_maxOpenFiles = 0;
 int s_utmpEntry = 0;
 /** What the module said and did, a line each. */
-std::string s_record;
+std::string &records()
+{
+    static std::string lines;
+    return lines;
+}
 
 void record(const std::string &line)
 {
-    s_record += line + '\n';
+    records() += line + '\n';
 }
 
 template<typename Function>
@@ -281,7 +285,7 @@ std::string describe(rlim_t limit)
 
 void tell(int result, const Limits &limits)
 {
-    std::cout << s_record << "result " << result << '\n';
+    std::cout << records() << "result " << result << '\n';
     for (size_t i = 0; i < limits.size(); ++i) {
         std::cout << "limit " << limitNames.at(i) << ' ' << describe(limits.at(i).rlim_cur) << ' '
                   << describe(limits.at(i).rlim_max) << '\n';
@@ -318,7 +322,7 @@ void serveRecorded(const char *service)
     initial.at(RLIMIT_NOFILE) = {s_maxOpenFiles, s_maxOpenFiles};
     bool isFirst = true;
     for (std::string user; std::getline(std::cin, user);) {
-        s_record.clear();
+        records().clear();
         s_limits = initial;
         const int result = openSession(service, user);
         if (isFirst) {
