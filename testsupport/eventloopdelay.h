@@ -6,10 +6,10 @@
 #ifndef EVENTLOOPDELAY_H
 #define EVENTLOOPDELAY_H
 
+#include "processortime.h"
+
 #include <QElapsedTimer>
 #include <QTimer>
-
-#include <cstdio>
 
 /**
  * How long the event loop of this thread left a timer waiting, while it lives. What the thread had
@@ -24,7 +24,7 @@ public:
         m_timer.setTimerType(Qt::PreciseTimer);
         m_timer.start(interval);
         m_clock.start();
-        m_queued = queuedTime();
+        m_queued = queuedMilliseconds();
     }
 
     /** The longest so far, in milliseconds. */
@@ -39,22 +39,9 @@ private:
 
     void measure()
     {
-        const qint64 queued = queuedTime();
+        const qint64 queued = queuedMilliseconds();
         m_longest = qMax(m_longest, m_clock.restart() - interval - (queued - m_queued));
         m_queued = queued;
-    }
-
-    /** How long this thread has waited for a processor, in milliseconds. */
-    static qint64 queuedTime()
-    {
-        long long computed = 0;
-        long long queued = 0;
-        FILE *file = fopen("/proc/thread-self/schedstat", "re");
-        if (!file || fscanf(file, "%lld %lld", &computed, &queued) != 2) {
-            qFatal("Cannot read /proc/thread-self/schedstat");
-        }
-        fclose(file);
-        return queued / 1000000;
     }
 
     QTimer m_timer;

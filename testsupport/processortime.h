@@ -6,6 +6,10 @@
 #ifndef PROCESSORTIME_H
 #define PROCESSORTIME_H
 
+#include <QtGlobal>
+
+#include <cstdio>
+#include <ctime>
 #include <sys/resource.h>
 
 /** The processor time of this process (RUSAGE_SELF) or its children (RUSAGE_CHILDREN) in seconds. */
@@ -17,6 +21,27 @@ inline double processorSeconds(int who)
         return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
     };
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+/** The processor time of this process in nanoseconds, for what takes too little time for the above. */
+inline qint64 processorNanoseconds()
+{
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return qint64(time.tv_sec) * 1000000000 + time.tv_nsec;
+}
+
+/** How long this thread has waited for a processor, which other programs had, in milliseconds. */
+inline qint64 queuedMilliseconds()
+{
+    long long computed = 0;
+    long long queued = 0;
+    FILE *file = fopen("/proc/thread-self/schedstat", "re");
+    if (!file || fscanf(file, "%lld %lld", &computed, &queued) != 2) {
+        qFatal("Cannot read /proc/thread-self/schedstat");
+    }
+    fclose(file);
+    return queued / 1000000;
 }
 
 #endif

@@ -7,6 +7,7 @@
 #include "describe.h"
 #include "messagerecorder.h"
 #include "openfiles.h"
+#include "processortime.h"
 #include "sandbox.h"
 #include "standin.h"
 
@@ -310,6 +311,7 @@ void AccountFaultsTest::takesNoLongerThanWhatItAsks()
     QFETCH(Lookup, lookup);
     const QStringList undelayed = lookup();
 
+    const qint64 queued = queuedMilliseconds();
     s_calls = 0;
     s_delay = milliseconds(qEnvironmentVariableIntValue("ORMEL_TEST_DELAY"));
     if (s_delay.count() == 0) {
@@ -321,12 +323,13 @@ void AccountFaultsTest::takesNoLongerThanWhatItAsks()
     const milliseconds elapsed(timer.elapsed());
     const milliseconds sum = s_calls * s_delay;
     s_delay = milliseconds(0);
+    const milliseconds inTurn(queuedMilliseconds() - queued);
 
     QCOMPARE(delayed, undelayed);
     QVERIFY(s_calls > 0);
     qInfo("%d calls that take %d ms: %d ms", s_calls, int(sum.count()), int(elapsed.count()));
     QVERIFY(elapsed >= sum);
-    QVERIFY(elapsed < sum + milliseconds(1000));
+    QVERIFY(elapsed - inTurn < sum + milliseconds(1000));
 }
 
 QTEST_GUILESS_MAIN(AccountFaultsTest)

@@ -8,6 +8,7 @@
 #include "messagerecorder.h"
 #include "modellog.h"
 #include "openfiles.h"
+#include "processortime.h"
 #include "program.h"
 #include "sandbox.h"
 #include "texts.h"
@@ -203,14 +204,16 @@ void NameServiceTest::takesNoLongerThanTheService()
     qputenv("FAULTY_NAME_SERVICE", "slow");
     m_takeCalls();
     QElapsedTimer timer;
+    const qint64 queued = queuedMilliseconds();
     timer.start();
     const QList<UserInfo> users = UserInfo::getUsers();
     const qint64 elapsed = timer.elapsed();
+    const qint64 inTurn = queuedMilliseconds() - queued;
 
     QCOMPARE(describe(users.first().groups()), aliceGroups() + QStringList(QStringLiteral("crew(7000: alice ghost)")));
     // The id as one of the user's groups, then the group by its id and by its name.
     QCOMPARE(m_takeCalls(), 2);
-    QVERIFY2(elapsed >= 300 && elapsed < 1300, QByteArray::number(elapsed).constData());
+    QVERIFY2(elapsed >= 300 && elapsed - inTurn < 1300, QByteArray::number(elapsed).constData());
 }
 
 void NameServiceTest::readsLongLocalLines()

@@ -257,7 +257,7 @@ void ListCommandsTest::printsJsonOfGroups()
 
 void ListCommandsTest::printsJsonOfManyUsers()
 {
-    constexpr int count = 10000;
+    constexpr int count = 1000;
     GeneratedAccounts::write(count);
     const Program::Result result = Program::run({QStringLiteral("users"), QStringLiteral("--json")});
     QCOMPARE(result.status, 0);

@@ -8,6 +8,7 @@
 #include "sandbox.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QSignalSpy>
 #include <QTest>
@@ -145,13 +146,17 @@ void FileWatcherTest::ignoresOtherFiles()
 
 void FileWatcherTest::reportsManyChangesOnce()
 {
-    // 50 a second, for longer than it waits for calm
+    // 50 a second, for longer than it waits for calm, which comes where this process has to wait for a processor
+    int calms = 0;
     for (int i = 0; i < 50; ++i) {
         replace(file("passwd"), QByteArray::number(i));
+        QElapsedTimer pause;
+        pause.start();
         QTest::qWait(20);
+        calms += pause.elapsed() >= 400 ? 1 : 0;
     }
     // Fewer than a report every half second, and one for the last change.
-    QVERIFY2(m_changes->size() <= 2, qPrintable(QString::number(m_changes->size())));
+    QVERIFY2(m_changes->size() <= 2 + calms, qPrintable(QString::number(m_changes->size())));
     QVERIFY(isReportedOnce());
 }
 
