@@ -7,6 +7,7 @@
 
 #include "limitwords.h"
 #include "plaintext.h"
+#include "visibletext.h"
 
 #include <KLocalizedString>
 
@@ -120,11 +121,11 @@ QVariant LimitLinesModel::data(const QModelIndex &index, int role) const
     if (!index.isValid() || place < 0) {
         return {};
     }
-    QString text = role == Qt::DisplayRole || role == Qt::ToolTipRole ? textOf(place, index.column()) : QString();
-    if (role == Qt::DisplayRole) {
-        return text;
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole) {
+        return {};
     }
-    return role == Qt::ToolTipRole ? PlainText::toRichText(text) : QVariant();
+    QString text = VisibleText::fromText(textOf(place, index.column()));
+    return role == Qt::ToolTipRole ? PlainText::toRichText(text) : text;
 }
 
 QVariant LimitLinesModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -12,6 +12,7 @@
 #include "limitwords.h"
 #include "messages.h"
 #include "pagelayout.h"
+#include "visibletext.h"
 
 #include <KLocalizedString>
 
@@ -41,6 +42,12 @@ int samePlace(const PamLimits::Rules &oldRules, int oldPlace, const PamLimits::R
         return other.number == line.number && rules.fileOf(other).path == path;
     });
     return found == lines.end() ? -1 : int(found - lines.begin());
+}
+
+QString visibleLines(QStringList lines)
+{
+    std::transform(lines.begin(), lines.end(), lines.begin(), VisibleText::fromText);
+    return lines.join(QLatin1Char('\n'));
 }
 }
 
@@ -181,8 +188,8 @@ int LimitsPage::currentPlace() const
 void LimitsPage::explain()
 {
     const int place = currentPlace();
-    m_meaning->setText(place < 0 ? QString() : m_model->meaningOf(place));
-    m_problem->setText(place < 0 ? QString() : m_analysis->problemsOf(place).join(QLatin1Char('\n')));
+    m_meaning->setText(place < 0 ? QString() : VisibleText::fromText(m_model->meaningOf(place)));
+    m_problem->setText(place < 0 ? QString() : visibleLines(m_analysis->problemsOf(place)));
     m_decides->setText(place < 0 ? QString() : accountsOf(place));
 }
 
@@ -197,7 +204,7 @@ QString LimitsPage::accountsOf(int place) const
     }
     QStringList names;
     for (const QByteArray &name : usage->decidesFor) {
-        names.append(LimitWords::fromFile(name));
+        names.append(VisibleText::isolated(LimitWords::fromFile(name)));
     }
     const QString more = usage->decides > names.size() ? QStringLiteral(" \u2026 (%1)").arg(usage->decides) : QString();
     return names.join(QLatin1String(", ")) + more;

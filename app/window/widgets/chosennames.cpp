@@ -5,13 +5,20 @@
 
 #include "chosennames.h"
 
+#include "recordtext.h"
+#include "visibletext.h"
+
 #include <KLocalizedString>
+
+#include <algorithm>
 
 namespace
 {
 QString joined(const QStringList &names)
 {
-    return names.join(i18nc("separator in a list of names", ", "));
+    QStringList shown = RecordText::decode(names);
+    std::transform(shown.begin(), shown.end(), shown.begin(), VisibleText::isolated);
+    return shown.join(i18nc("separator in a list of names", ", "));
 }
 }
 

@@ -5,6 +5,8 @@
 
 #include "lefttoright.h"
 
+#include "visibletext.h"
+
 #include <QGuiApplication>
 #include <QRegularExpression>
 
@@ -34,5 +36,5 @@ Qt::Alignment LeftToRight::lineStart()
 
 QString LeftToRight::Delegate::displayText(const QVariant &value, const QLocale & /*locale*/) const
 {
-    return embed(value.toString());
+    return embed(VisibleText::fromText(value.toString()));
 }

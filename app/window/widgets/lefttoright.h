@@ -24,7 +24,10 @@ QString embed(const QString &text);
 /** Where lines begin, whatever their text; labels look at the text. */
 Qt::Alignment lineStart();
 
-/** Draws cells with their texts embedded. Ids have the digits that they have in the files. */
+/**
+ * Draws cells with their texts embedded, and with signs in the place of characters that act on what is beside them.
+ * Ids have the digits that they have in the files.
+ */
 class Delegate : public QStyledItemDelegate
 {
     Q_OBJECT

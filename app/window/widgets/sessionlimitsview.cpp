@@ -10,6 +10,7 @@
 #include "messages.h"
 #include "plaintext.h"
 #include "table.h"
+#include "visibletext.h"
 
 #include <KLocalizedString>
 
@@ -31,13 +32,13 @@ QString describe(const PamLimits::SessionLimits &limits, const PamLimits::Outcom
     const PamLimits::Line &line = limits.rules().lines().at(outcome.line);
     QStringList fates;
     for (const PamLimits::Outcome::Part &part : outcome.parts) {
-        fates.append(LimitWords::outcome(limits, part));
+        fates.append(VisibleText::fromText(LimitWords::outcome(limits, part)));
     }
     fates.removeAll(QString());
     fates.removeDuplicates();
     const QString place = limits.rules().placeOf(line);
     const QString text = LimitWords::fromFile(limits.rules().textOf(line));
-    return LeftToRight::embed(place + QLatin1String("  ") + text) + QLatin1String("\n    ")
+    return LeftToRight::embed(VisibleText::fromText(place + QLatin1String("  ") + text)) + QLatin1String("\n    ")
         + fates.join(QLatin1String("\n    "));
 }
 
@@ -147,9 +148,9 @@ void SessionLimitsView::show(const PamLimits::SessionLimits &limits,
     QVector<PamLimits::Outcome> outcomes;
     const PamLimits::Answer answer = limits.answer(account, &outcomes);
     Messages::show(*m_error, error);
-    QString failure = LimitWords::failure(limits, answer);
+    QString failure = VisibleText::fromText(LimitWords::failure(limits, answer));
     failure = failure.isEmpty() ? QString() : i18n("No session can be opened: %1", failure);
-    const QString exemption = LimitWords::source(limits.rules(), answer.exemption);
+    const QString exemption = VisibleText::fromText(LimitWords::source(limits.rules(), answer.exemption));
     Messages::show(*m_failure, exemption.isEmpty() ? failure : i18n("No limits are set: %1", exemption));
     showRows(answer, outcomes);
 }

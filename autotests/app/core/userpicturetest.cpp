@@ -21,7 +21,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <cstdio>
+
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace
@@ -63,8 +66,11 @@ private Q_SLOTS:
     void init();
     void findsFirstOfFiles();
     void findsPictureOfNameInUtf8();
+    void findsPictureInHomeOfAnyBytes();
     void fitsPictureIntoSize_data();
     void fitsPictureIntoSize();
+    void fitsPictureIntoPlace_data();
+    void fitsPictureIntoPlace();
     void tellsThatThereIsNone();
     void tellsOnlyOfLastUser();
     void tellsNothingOnceCancelled();
@@ -94,6 +100,13 @@ private:
         QSignalSpy found(&picture, &UserPicture::found);
         picture.find(user(), size);
         return found.isValid() && found.wait(patience) ? found.first().first().value<QImage>() : QImage();
+    }
+
+    /** Writes a picture of 300x200 pixels in place; its path. */
+    QString writtenPicture() const
+    {
+        Sandbox::write(inHome(".face"), png(Qt::red));
+        return inHome(".face");
     }
 
     QScopedPointer<QTemporaryDir> m_home;
@@ -131,6 +144,19 @@ void UserPictureTest::findsPictureOfNameInUtf8()
     QVERIFY(!found.first().first().value<QImage>().isNull());
 }
 
+void UserPictureTest::findsPictureInHomeOfAnyBytes()
+{
+    const QByteArray home = QFile::encodeName(m_home->path()) + "/j\xfc %41\xc3\xbc";
+    QCOMPARE(mkdir(home.constData(), 0700), 0);
+    const QByteArray face = home + "/.face";
+    QCOMPARE(rename(QFile::encodeName(writtenPicture()).constData(), face.constData()), 0);
+    UserPicture picture;
+    QSignalSpy found(&picture, &UserPicture::found);
+    picture.find({"ada", home, getuid()}, {96, 96});
+    QVERIFY(found.wait(patience));
+    QVERIFY(!found.first().first().value<QImage>().isNull());
+}
+
 void UserPictureTest::fitsPictureIntoSize_data()
 {
     QTest::addColumn<QSize>("original");
@@ -155,6 +181,24 @@ void UserPictureTest::fitsPictureIntoSize()
         QCOMPARE(picture.size(), expected);
         QCOMPARE(picture.pixelColor(picture.rect().center()), QColor(Qt::white));
     }
+}
+
+void UserPictureTest::fitsPictureIntoPlace_data()
+{
+    QTest::addColumn<QSize>("place");
+    QTest::addColumn<QSize>("expected");
+
+    QTest::newRow("wide") << QSize(200, 40) << QSize(60, 40);
+    QTest::newRow("high") << QSize(60, 200) << QSize(60, 40);
+}
+
+void UserPictureTest::fitsPictureIntoPlace()
+{
+    QFETCH(QSize, place);
+    QFETCH(QSize, expected);
+
+    writtenPicture();
+    QCOMPARE(find(place).size(), expected);
 }
 
 void UserPictureTest::tellsThatThereIsNone()

@@ -105,6 +105,7 @@ class UsersPictureTest : public QObject
 private Q_SLOTS:
     void init();
     void showsOwnPicture();
+    void showsPictureOfNameAndHomeInUtf8();
     void showsDetailsBeforePicture();
     void showsNoPictureOfNobody();
     void showsIconInsteadOfStockPicture();
@@ -116,7 +117,7 @@ private Q_SLOTS:
 private:
     QString home(const char *name) const
     {
-        const QString home = m_homes->filePath(QString::fromLatin1(name));
+        const QString home = m_homes->filePath(QString::fromUtf8(name));
         QDir().mkpath(home);
         return home;
     }
@@ -163,6 +164,17 @@ void UsersPictureTest::showsOwnPicture()
     writePicture(home("bob") + QLatin1String("/.face"), Qt::blue);
     page.read();
     QTRY_COMPARE_WITH_TIMEOUT(page.color(), QColor(Qt::blue), patience);
+}
+
+void UsersPictureTest::showsPictureOfNameAndHomeInUtf8()
+{
+    const QString inUtf8 = home("j\u00fcrg");
+    Sandbox::clear(QStringLiteral("/var/lib/AccountsService/icons/"));
+    Sandbox::setAccounts(user("j\xc3\xbcrg", inUtf8), "staff:x:50:\n");
+    writePicture(QStringLiteral(u"/var/lib/AccountsService/icons/j\u00fcrg"), Qt::green);
+    QCOMPARE(Page().color(), QColor(Qt::green));
+    writePicture(inUtf8 + QLatin1String("/.face"), Qt::red);
+    QCOMPARE(Page().color(), QColor(Qt::red));
 }
 
 void UsersPictureTest::showsDetailsBeforePicture()
