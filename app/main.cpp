@@ -37,7 +37,7 @@ const Command commands[] = {
     {"groups", "[NAME...]", kli18n("List groups."), Interface::Terminal, groupListOptions, listGroups},
     {"check",
      "",
-     kli18n("List problems with the accounts of this machine."),
+     kli18n("List problems with the accounts and limits of this machine."),
      Interface::Terminal,
      problemsOptions,
      listProblems},

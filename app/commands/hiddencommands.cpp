@@ -6,6 +6,7 @@
 #include "hiddencommands.h"
 
 #include "writeaccounts.h"
+#include "writeproblems.h"
 
 #include <QCoreApplication>
 
@@ -20,6 +21,7 @@ struct HiddenCommand {
 
 const HiddenCommand commands[] = {
     {writeAccountsCommand, writeAccounts},
+    {writeProblemsCommand, writeProblems},
 };
 }
 

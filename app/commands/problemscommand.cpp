@@ -6,6 +6,7 @@
 #include "problemscommand.h"
 
 #include "machinecheck.h"
+#include "problemwords.h"
 #include "visibletext.h"
 
 #include <KLocalizedString>
@@ -24,32 +25,13 @@ QString jsonOption()
     return QStringLiteral("json");
 }
 
-QString word(Problem::Severity severity)
-{
-    switch (severity) {
-    case Problem::Severity::Error:
-        return i18nc("kind of problem", "error");
-    case Problem::Severity::Warning:
-        return i18nc("kind of problem", "warning");
-    case Problem::Severity::Note:
-        break;
-    }
-    return i18nc("kind of problem", "note");
-}
-
-QString jsonWord(Problem::Severity severity)
-{
-    constexpr const char *words[] = {"error", "warning", "note"};
-    return QString::fromLatin1(words[int(severity)]);
-}
-
 QJsonObject toJson(const Problem &problem)
 {
     QJsonObject object{
         {QStringLiteral("id"), problem.id()},
-        {QStringLiteral("severity"), jsonWord(problem.severity())},
+        {QStringLiteral("severity"), ProblemWords::id(problem.severity())},
         {QStringLiteral("file"), problem.file},
-        {QStringLiteral("line"), problem.line},
+        {QStringLiteral("line"), problem.line > 0 ? QJsonValue(problem.line) : QJsonValue()},
         {QStringLiteral("text"), problem.text()},
         {QStringLiteral("meaning"), problem.meaning()},
         {QStringLiteral("remedy"), problem.remedy()},
@@ -90,10 +72,9 @@ int printJson(const MachineCheck &check)
 QString lineOf(const Problem &problem)
 {
     return i18nc("file:line: kind of problem: what was found",
-                 "%1:%2: %3: %4",
-                 problem.file,
-                 QString::number(problem.line),
-                 word(problem.severity()),
+                 "%1: %2: %3",
+                 VisibleText::fromText(problem.place()),
+                 ProblemWords::severity(problem.severity()),
                  VisibleText::fromText(problem.text()));
 }
 

@@ -12,6 +12,8 @@
 #include "history.h"
 #include "limitspage.h"
 #include "newaccountpage.h"
+#include "problemspage.h"
+#include "problemstore.h"
 #include "readingprogress.h"
 #include "recordlist.h"
 #include "rowactions.h"
@@ -46,6 +48,7 @@ QIcon arrow(bool back, const QWidget &widget)
 MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
     , m_store(new AccountStore(this))
+    , m_problems(new ProblemStore(m_store, this))
     , m_pages(new QTabWidget(this))
     , m_history(new History(this))
     , m_pageActions(new QActionGroup(this))
@@ -62,7 +65,9 @@ MainWindow::MainWindow(QWidget *parent)
     connect(m_pages, &QTabWidget::currentChanged, this, &MainWindow::updatePage);
     connect(m_store, &AccountStore::started, this, &MainWindow::updateReading);
     connect(m_store, &AccountStore::ended, this, &MainWindow::updateReading);
-    connect(m_store, &AccountStore::ended, this, &MainWindow::reloaded);
+    connect(m_store, &AccountStore::ended, this, &MainWindow::reportReloaded);
+    connect(m_problems, &ProblemStore::ended, this, &MainWindow::updateProblems);
+    connect(m_problems, &ProblemStore::ended, this, &MainWindow::reportReloaded);
     connect(m_history, &History::changed, this, &MainWindow::updateGoing);
     updatePage();
     updateReading();
@@ -79,8 +84,10 @@ void MainWindow::addPages()
     addPage(m_limitsPage, "limits", i18nc("@title:tab also in a menu", "&Limits"));
     addPage(new NewAccountPage(m_store), "new-account", i18nc("@title:tab also in a menu", "&New Account"));
     addPage(new ChoosePage, "choose", i18nc("@title:tab also in a menu", "&Choose"));
-    for (AccountPage *page : {m_usersPage, m_groupsPage}) {
-        connect(page, &AccountPage::followed, this, &MainWindow::follow);
+    m_problemsPage = new ProblemsPage(m_problems);
+    addPage(m_problemsPage, "problems", i18nc("@title:tab also in a menu", "&Problems"));
+    for (ListPage *page : {m_usersPage, m_groupsPage, m_problemsPage}) {
+        connect(page, &ListPage::followed, this, &MainWindow::follow);
     }
 }
 
@@ -211,9 +218,24 @@ void MainWindow::updateGoing()
     m_forwardAction->setEnabled(m_history->canGoForward());
 }
 
+void MainWindow::updateProblems()
+{
+    const int count = m_problems->seriousCount();
+    const QString title = count == 0 ? i18nc("@title:tab", "Problems")
+                                     : i18nc("@title:tab %1 is a number", "Problems (%1)", QString::number(count));
+    m_pages->setTabText(m_pages->indexOf(m_problemsPage), title);
+}
+
+void MainWindow::reportReloaded()
+{
+    if (!m_store->isReading() && !m_problems->isChecking()) {
+        Q_EMIT reloaded();
+    }
+}
+
 AccountLink MainWindow::place() const
 {
-    const auto *page = qobject_cast<AccountPage *>(m_pages->currentWidget());
+    const auto *page = qobject_cast<ListPage *>(m_pages->currentWidget());
     return page ? page->place() : AccountLink{AccountLink::Kind::Limit, QString()};
 }
 
@@ -227,16 +249,26 @@ void MainWindow::go(const AccountLink &link)
 {
     if (link.kind == AccountLink::Kind::Limit) {
         m_pages->setCurrentWidget(m_limitsPage);
+        m_limitsPage->showLine(link.name);
         return;
     }
-    AccountPage *page = link.kind == AccountLink::Kind::User ? m_usersPage : m_groupsPage;
+    ListPage *page = pageOf(link.kind);
     m_pages->setCurrentWidget(page);
-    if (!page->showAccount(link.name)) {
+    // A problem may be solved by now.
+    if (!page->showEntry(link.name) && page != m_problemsPage) {
         const QString name = VisibleText::isolated(link.name);
         statusBar()->showMessage(page == m_usersPage ? i18n("There is no user '%1' in /etc/passwd.", name)
                                                      : i18n("There is no group '%1' in /etc/group.", name));
     }
     page->list()->focusList();
+}
+
+ListPage *MainWindow::pageOf(AccountLink::Kind kind) const
+{
+    if (kind == AccountLink::Kind::Problem) {
+        return m_problemsPage;
+    }
+    return kind == AccountLink::Kind::User ? m_usersPage : m_groupsPage;
 }
 
 QTabWidget *MainWindow::pages() const
@@ -246,7 +278,7 @@ QTabWidget *MainWindow::pages() const
 
 RecordList *MainWindow::currentList() const
 {
-    const auto *page = qobject_cast<AccountPage *>(m_pages->currentWidget());
+    const auto *page = qobject_cast<ListPage *>(m_pages->currentWidget());
     return page ? page->list() : nullptr;
 }
 

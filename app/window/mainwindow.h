@@ -10,9 +10,11 @@
 
 #include <QMainWindow>
 
-class AccountPage;
 class AccountStore;
 class History;
+class LimitsPage;
+class ListPage;
+class ProblemStore;
 class QAction;
 class QActionGroup;
 class QMenu;
@@ -52,18 +54,23 @@ private:
     void updatePage();
     void updateReading();
     void updateGoing();
+    void updateProblems();
+    void reportReloaded();
     AccountLink place() const;
     void follow(const AccountLink &link);
     void go(const AccountLink &link);
+    ListPage *pageOf(AccountLink::Kind kind) const;
     RecordList *currentList() const;
 
     AccountStore *const m_store;
+    ProblemStore *const m_problems;
     QTabWidget *const m_pages;
     History *const m_history;
     QActionGroup *const m_pageActions;
-    AccountPage *m_usersPage = nullptr;
-    AccountPage *m_groupsPage = nullptr;
-    QWidget *m_limitsPage = nullptr;
+    ListPage *m_usersPage = nullptr;
+    ListPage *m_groupsPage = nullptr;
+    LimitsPage *m_limitsPage = nullptr;
+    ListPage *m_problemsPage = nullptr;
     QMenu *m_editMenu = nullptr;
     QAction *m_cancelAction = nullptr;
     QAction *m_searchAction = nullptr;

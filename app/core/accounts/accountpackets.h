@@ -6,17 +6,20 @@
 #ifndef ACCOUNTPACKETS_H
 #define ACCOUNTPACKETS_H
 
-#include <QtGlobal>
+#include "packetstream.h"
 
-/** What the process that reads the accounts sends, in this order. */
-enum class AccountPacket : quint8 {
-    Hello = 1, ///< a text: what the program is
-    Alive, ///< nothing; between any two others
+/** What the process that reads the accounts sends, in this order, after its hello. */
+namespace AccountPacket
+{
+enum Type : quint8 {
+    Hello = HelloPacket,
+    Alive = AlivePacket,
     Unreadable, ///< UnreadableFiles: why there is less than there should be before the next end
     Groups, ///< GroupRecords, in the order of the file
     GroupsEnd, ///< whether there is an administrators group
     Users, ///< UserRecords, in the order of the file
     UsersEnd, ///< nothing; all was read
 };
+}
 
 #endif

@@ -7,25 +7,7 @@
 #define ACCOUNTREADER_H
 
 #include "accountrecords.h"
-#include "packetstream.h"
-#include "packing.h"
-
-#include <QObject>
-#include <QTimer>
-
-#include <chrono>
-
-class QProcess;
-
-/** A program that writes the packets of writeaccounts.h, and how long it may say nothing. */
-struct AccountSource {
-    QString program;
-    QStringList arguments;
-    std::chrono::milliseconds patience = std::chrono::seconds(15);
-
-    /** This program, in a process of its own. */
-    static AccountSource ownProgram();
-};
+#include "packetprocess.h"
 
 /**
  * Reads the accounts of the machine in a process of its own, so that neither slow disks and name services
@@ -36,8 +18,11 @@ class AccountReader : public QObject
     Q_OBJECT
 
 public:
-    explicit AccountReader(AccountSource source, QObject *parent = nullptr);
-    ~AccountReader() override;
+    /** @param source a program that does what writeAccounts() does */
+    explicit AccountReader(const PacketSource &source, QObject *parent = nullptr);
+
+    /** This program. */
+    static PacketSource ownProgram();
 
     /** Starts to read; from the beginning when that is going on already. */
     void start();
@@ -60,27 +45,11 @@ Q_SIGNALS:
     void failed(const QString &message);
 
 private:
-    void release();
-    void receive();
-    void takePackets();
-    bool take(const Packet &packet);
-    bool isUnpacked() const;
-    template<typename Record>
-    bool unpackInto(QVector<Record> &records);
-    bool endGroups();
-    bool endUsers();
-    void endIfProcessHasEnded();
-    void checkSilence();
-    void fail(const QString &message);
+    bool take(quint8 type, Unpacker &unpack);
+    bool endGroups(Unpacker &unpack);
+    bool endUsers(const Unpacker &unpack);
 
-    const AccountSource m_source;
-    QProcess *m_process = nullptr;
-    QTimer m_silence;
-    /** Takes the packets that were left for later. */
-    QTimer m_later;
-    PacketStream m_stream;
-    Unpacker m_unpack;
-    bool m_greeted = false;
+    PacketProcess m_process;
     QVector<GroupRecord> m_groups;
     QVector<UserRecord> m_users;
     QVector<UnreadableFile> m_unreadable;

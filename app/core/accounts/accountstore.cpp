@@ -33,7 +33,7 @@ QString toString(const QVector<UnreadableFile> &files)
 }
 }
 
-AccountStore::AccountStore(QObject *parent, const AccountSource &source)
+AccountStore::AccountStore(QObject *parent, const PacketSource &source)
     : QObject(parent)
     , m_reader(source)
     , m_accountFiles(accountFiles())

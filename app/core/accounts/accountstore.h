@@ -25,7 +25,7 @@ class AccountStore : public QObject
     Q_OBJECT
 
 public:
-    explicit AccountStore(QObject *parent = nullptr, const AccountSource &source = AccountSource::ownProgram());
+    explicit AccountStore(QObject *parent = nullptr, const PacketSource &source = AccountReader::ownProgram());
 
     /** Reads everything; from the beginning when that is going on already. */
     void read();

@@ -7,6 +7,7 @@
 
 #include "accountchecks.h"
 #include "accountfiles.h"
+#include "limitcheck.h"
 
 #include <cerrno>
 #include <type_traits>
@@ -42,17 +43,21 @@ QList<UnreadFile> unread(const AccountFile<Line> &file)
     return {{QString::fromLatin1(Line::path), qt_error_string(file.error), isExpected}};
 }
 
+bool areReadable(const AccountFiles &files)
+{
+    return files.users.error == 0 && files.groups.error == 0;
+}
+
 QList<Problem> problemsOf(const AccountFiles &files)
 {
     QList<Problem> problems;
     for (const Check check : checks) {
         problems += check(files);
     }
-    if (files.users.error != 0 || files.groups.error != 0) {
-        return problems;
-    }
-    for (const Check check : checksAcrossFiles) {
-        problems += check(files);
+    if (areReadable(files)) {
+        for (const Check check : checksAcrossFiles) {
+            problems += check(files);
+        }
     }
     return problems;
 }
@@ -61,10 +66,10 @@ QList<Problem> problemsOf(const AccountFiles &files)
 MachineCheck MachineCheck::run()
 {
     const AccountFiles files = AccountFiles::read();
-    MachineCheck result;
-    result.problems = problemsOf(files);
+    MachineCheck result = areReadable(files) ? checkLimits() : MachineCheck();
+    result.problems += problemsOf(files);
     sortProblems(result.problems);
-    result.unreadFiles =
-        unread(files.users) + unread(files.groups) + unread(files.userShadow) + unread(files.groupShadow);
+    result.unreadFiles = unread(files.users) + unread(files.groups) + unread(files.userShadow)
+        + unread(files.groupShadow) + result.unreadFiles;
     return result;
 }

@@ -16,14 +16,14 @@ struct UnreadFile {
     bool isExpected = false;
 };
 
-/** What is wrong with the accounts of this machine. */
+/** What is wrong with the accounts and limits of this machine. */
 struct MachineCheck {
     QList<Problem> problems;
     QList<UnreadFile> unreadFiles;
 
     /**
-     * Reads the files and looks at the home directories and shells; the worst problems come first. It
-     * takes long with very many accounts that are not in the files, each of which is looked up.
+     * Reads the files, the limits files among them, and looks at the home directories and shells; the worst problems
+     * come first. It takes long with very many accounts that are not in the files, each of which is looked up.
      */
     static MachineCheck run();
 };

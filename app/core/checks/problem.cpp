@@ -31,6 +31,11 @@ QString Problem::text() const
     return text.toString();
 }
 
+QString Problem::place() const
+{
+    return line > 0 ? file + QLatin1Char(':') + QString::number(line) : file;
+}
+
 QString Problem::meaning() const
 {
     return problemKind(kind).meaning.toString();

@@ -11,7 +11,7 @@
 #include <QStringList>
 
 /**
- * Something about the accounts of the machine that is wrong or worth a look.
+ * Something about the accounts or limits of the machine that is wrong or worth a look.
  *
  * The texts are translated. Names in them are as they stand in the files, and may hold anything.
  */
@@ -50,10 +50,21 @@ struct Problem {
         OrphanShadowLine,
         MissingAdministrator,
         DifferentMembers,
+        IgnoredLimitsFile,
+        FailingLimitsFile,
+        IgnoredLimit,
+        LimitForNobody,
+        RefusedLimit,
+        UselessLimit,
+        LockingLimit,
+        MisreadLimit,
     };
 
-    Kind kind;
+    static constexpr auto lastKind = Kind::MisreadLimit;
+
+    Kind kind = Kind::MalformedLine;
     QString file;
+    /** 0 for the whole file. */
     int line = 0;
     /** The account that the problem belongs to: a user, a group or, for a line that is no account, neither. */
     QString user;
@@ -68,6 +79,9 @@ struct Problem {
 
     /** What was found. */
     QString text() const;
+
+    /** As "/etc/passwd:3". */
+    QString place() const;
 
     /** What that means; the same for each problem of a kind. */
     QString meaning() const;

@@ -19,6 +19,7 @@ constexpr auto rename = kli18n("Rename it with 'usermod --login', or with 'group
 constexpr auto fewerPrograms = kli18n("Programs refuse the name or take it for something else.");
 constexpr auto homeNeeded = kli18n("A desktop session does not start, and a shell starts in the directory /.");
 constexpr auto makeHome = kli18n("Create the directory, or choose another one with 'usermod --home'.");
+constexpr auto limitText = kli18nc("@info a line of a file, or a file, and what is the matter with it", "'%1': %2");
 constexpr auto convert = kli18n("Run pwconv, or grpconv for groups.");
 
 const ProblemKind kinds[] = {
@@ -203,6 +204,55 @@ const ProblemKind kinds[] = {
      kli18n("'%1' is a member of group '%2' in %3, but not in %4."),
      kli18n("Programs disagree about who is in the group."),
      kli18n("Set the members with 'gpasswd --members'.")},
+    {Kind::IgnoredLimitsFile,
+     Severity::Warning,
+     "ignored-limits-file",
+     limitText,
+     kli18n("The rules in it do not count."),
+     kli18n("If they should, make it a file whose name ends in .conf and does not begin with a dot. Otherwise delete "
+            "it.")},
+    {Kind::FailingLimitsFile,
+     Severity::Error,
+     "failing-limits-file",
+     limitText,
+     kli18n("Nobody can log in."),
+     kli18n("Create the file, which may be empty, or delete the link that leads nowhere.")},
+    {Kind::IgnoredLimit,
+     Severity::Warning,
+     "ignored-limit",
+     limitText,
+     kli18n("The limit is not set for anybody."),
+     kli18n("Correct or delete the line.")},
+    {Kind::LimitForNobody,
+     Severity::Warning,
+     "limit-for-nobody",
+     limitText,
+     kli18n("A user or group that is created later with this name gets the limit."),
+     kli18n("Correct the name, or delete the line.")},
+    {Kind::RefusedLimit,
+     Severity::Warning,
+     "refused-limit",
+     limitText,
+     kli18n("The limit is not set for anybody."),
+     kli18n("Choose a smaller number, or raise fs.nr_open with sysctl.")},
+    {Kind::UselessLimit,
+     Severity::Note,
+     "useless-limit",
+     limitText,
+     kli18n("Without the line, all users would get the same limits."),
+     kli18n("Delete the line, or the lines that override it.")},
+    {Kind::LockingLimit,
+     Severity::Error,
+     "locking-limit",
+     limitText,
+     kli18n("These users cannot log in."),
+     kli18n("If that is not on purpose, change the value, or whom the line is for.")},
+    {Kind::MisreadLimit,
+     Severity::Note,
+     "misread-limit",
+     limitText,
+     kli18n("These programs show other limits than those that users get."),
+     kli18n("If you use such programs, write the line in a way that they understand.")},
 };
 }
 

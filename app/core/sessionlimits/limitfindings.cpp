@@ -57,7 +57,14 @@ QString refused(const SessionLimits &limits, const Line &line)
 
 Finding findingAbout(const PamLimits::File &file)
 {
-    return {file.path, 0, {}, LimitWords::problem(file)};
+    const bool fails = file.state == PamLimits::File::State::FailsSession;
+    return {
+        fails ? Finding::Kind::FailingFile : Finding::Kind::IgnoredFile,
+        file.path,
+        0,
+        {},
+        LimitWords::problem(file),
+    };
 }
 
 /** Whether there is something to say of a whole file: of one with another name when it has rules. */
@@ -100,26 +107,49 @@ QString PamLimits::Findings::findNobodyMeant(const Domain &domain) const
     return isKnown ? QString() : i18n("is for nobody: there is no user '%1'", name);
 }
 
-QStringList PamLimits::Findings::statementsOf(int place) const
+QVector<Finding> PamLimits::Findings::findingsOf(int place) const
 {
     const Rules &rules = m_limits.rules();
     const Line &line = rules.lines().at(place);
     if (!rules.fileOf(line).isRead()) {
         return {};
     }
+    const Finding finding{
+        Finding::Kind::IgnoredLine,
+        rules.fileOf(line).path,
+        int(line.number),
+        LimitWords::fromFile(rules.textOf(line)),
+        {},
+    };
+    QVector<Finding> findings;
+    const auto add = [&](Finding::Kind kind, const QString &statement) {
+        if (!statement.isEmpty()) {
+            findings.append(finding);
+            findings.last().kind = kind;
+            findings.last().statement = statement;
+        }
+    };
     const QString problem = LimitWords::problem(rules, line);
     if (!problem.isEmpty()) {
-        return {i18n("PAM ignores this line: %1", problem)};
+        add(Finding::Kind::IgnoredLine, i18n("PAM ignores this line: %1", problem));
+        return findings;
     }
     const LimitUsage::Line &use = m_usage.at(place);
-    QStringList statements{
-        nobodyMeant(int(line.domain)),
-        refused(m_limits, line),
-        neverDecides(m_limits, use),
-        lockedOut(use, line),
-        parserProblem(rules, line),
-    };
-    statements.removeAll(QString());
+    add(Finding::Kind::ForNobody, nobodyMeant(int(line.domain)));
+    add(Finding::Kind::Refused, refused(m_limits, line));
+    add(Finding::Kind::NeverDecides, neverDecides(m_limits, use));
+    add(Finding::Kind::LocksOut, lockedOut(use, line));
+    add(Finding::Kind::ReadDifferently, parserProblem(rules, line));
+    return findings;
+}
+
+QStringList PamLimits::Findings::statementsOf(int place) const
+{
+    QStringList statements;
+    const QVector<Finding> findings = findingsOf(place);
+    for (const Finding &finding : findings) {
+        statements.append(finding.statement);
+    }
     return statements;
 }
 
@@ -134,11 +164,7 @@ QVector<PamLimits::Finding> PamLimits::Findings::all() const
         for (; place < rules.lines().size() && rules.lines().at(place).file == file; ++place) {
             const Line &line = rules.lines().at(place);
             hasRules = hasRules || line.kind == LineKind::Rule || line.kind == LineKind::Exemption;
-            const QStringList statements = statementsOf(place);
-            for (const QString &statement : statements) {
-                ofLines.append(
-                    {rules.fileOf(line).path, int(line.number), LimitWords::fromFile(rules.textOf(line)), statement});
-            }
+            ofLines += findingsOf(place);
         }
         if (isOdd(rules.files().at(file), hasRules)) {
             findings.append(findingAbout(rules.files().at(file)));

@@ -12,6 +12,18 @@ namespace PamLimits
 {
 /** Something in the limits files that is not what it seems to be. */
 struct Finding {
+    enum class Kind : quint8 {
+        IgnoredFile,
+        FailingFile, ///< no session can be opened
+        IgnoredLine,
+        ForNobody, ///< its domain does not exist
+        Refused, ///< by the kernel
+        NeverDecides,
+        LocksOut, ///< no session can be opened for some users
+        ReadDifferently, ///< by LimitsParser
+    };
+
+    Kind kind;
     QString file;
     /** 0 for the whole file. */
     int number = 0;
@@ -33,6 +45,7 @@ public:
     QVector<Finding> all() const;
 
 private:
+    QVector<Finding> findingsOf(int place) const;
     QString nobodyMeant(int domain) const;
     QString findNobodyMeant(const Domain &domain) const;
 

@@ -7,26 +7,37 @@
 
 #include "visibletext.h"
 
+#include <algorithm>
+
 namespace
 {
-QString quoted(const QString &value)
+constexpr QChar quote(u'"');
+
+bool isSpecial(QChar character)
 {
-    const bool isPlain = !value.contains(QLatin1Char('"')) && !value.contains(QLatin1Char(','))
-        && !value.startsWith(QLatin1Char(' ')) && !value.endsWith(QLatin1Char(' '));
-    if (isPlain) {
-        return value;
-    }
-    QString escaped = value;
-    escaped.replace(QLatin1Char('"'), QLatin1String("\"\""));
-    return QLatin1Char('"') + escaped + QLatin1Char('"');
+    return QStringLiteral("\",\n\r").contains(character);
 }
+}
+
+QString csvQuoted(const QString &value)
+{
+    QString escaped = value;
+    escaped.replace(quote, QStringLiteral("\"\""));
+    return quote + escaped + quote;
+}
+
+QString csvField(const QString &value)
+{
+    const bool needsQuotes = value.startsWith(QLatin1Char(' ')) || value.endsWith(QLatin1Char(' '))
+        || std::any_of(value.begin(), value.end(), isSpecial);
+    return needsQuotes ? csvQuoted(value) : value;
 }
 
 QString csvLine(const QStringList &values)
 {
     QStringList cells;
     for (const QString &value : values) {
-        cells.append(quoted(VisibleText::fromText(value)));
+        cells.append(csvField(VisibleText::fromText(value)));
     }
     return cells.join(QLatin1Char(',')) + QLatin1Char('\n');
 }

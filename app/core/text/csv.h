@@ -8,8 +8,14 @@
 
 #include <QStringList>
 
+/** @p value in quotes, as a field of comma-separated values. */
+QString csvQuoted(const QString &value);
+
+/** The same where it needs quotes, otherwise @p value. */
+QString csvField(const QString &value);
+
 /**
- * A line of comma-separated values, with its end: values are quoted where they have to be. Characters
+ * A line of comma-separated values, with its end. Characters
  * that are none are shown by signs, so that the line can be shown on a terminal.
  */
 QString csvLine(const QStringList &values);

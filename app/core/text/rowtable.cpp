@@ -5,6 +5,7 @@
 
 #include "rowtable.h"
 
+#include "csv.h"
 #include "visibletext.h"
 
 #include <QJsonArray>
@@ -13,8 +14,6 @@
 
 namespace
 {
-constexpr QChar quote(u'"');
-
 bool isFormula(const QString &text)
 {
     return !text.isEmpty() && QStringLiteral("=+-@\t\r").contains(text.at(0));
@@ -22,11 +21,7 @@ bool isFormula(const QString &text)
 
 QString toCsvField(const QString &text)
 {
-    QString field = isFormula(text) ? QLatin1Char('\'') + text : text;
-    field.replace(quote, QStringLiteral("\"\""));
-    const bool needsQuotes = field != text || field.contains(QLatin1Char(',')) || field.contains(QLatin1Char('\n'))
-        || field.contains(QLatin1Char('\r')) || field.startsWith(QLatin1Char(' ')) || field.endsWith(QLatin1Char(' '));
-    return needsQuotes ? quote + field + quote : field;
+    return isFormula(text) ? csvQuoted(QLatin1Char('\'') + text) : csvField(text);
 }
 
 QString toCsvLine(const QStringList &texts)

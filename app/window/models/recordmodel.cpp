@@ -7,6 +7,8 @@
 
 #include "ranking.h"
 
+#include <KLocalizedString>
+
 #include <algorithm>
 #include <numeric>
 
@@ -45,6 +47,8 @@ QVariant RecordModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return text(index);
+    case Qt::AccessibleTextRole:
+        return accessibleText(index);
     case Qt::DecorationRole:
         return index.column() == 0 ? icon(record) : QVariant();
     case Qt::TextAlignmentRole:
@@ -70,6 +74,12 @@ QString RecordModel::text(const QModelIndex &index) const
     default:
         return value.toString();
     }
+}
+
+QString RecordModel::accessibleText(const QModelIndex &index) const
+{
+    const QString shown = data(index).toString();
+    return shown.isEmpty() ? i18nc("@info read out for an empty cell", "none") : shown;
 }
 
 QVariant RecordModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -206,6 +216,11 @@ void RecordModel::sortRows(QVector<int> &rows)
     });
 }
 
+QVariant RecordModel::sortValue(int record, int column) const
+{
+    return value(record, column);
+}
+
 const QVector<int> &RecordModel::ranks(int column)
 {
     QVector<int> &ranks = m_ranks[column];
@@ -213,7 +228,7 @@ const QVector<int> &RecordModel::ranks(int column)
         QVector<QVariant> values;
         values.reserve(recordCount());
         for (int record = 0; record < recordCount(); ++record) {
-            values.append(value(record, column));
+            values.append(sortValue(record, column));
         }
         ranks = ranksOf(values);
     }

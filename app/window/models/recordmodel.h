@@ -80,6 +80,10 @@ public:
 
 protected:
     virtual QVariant value(int record, int column) const = 0;
+
+    /** What @p column is sorted by: numbers, truth values or texts. */
+    virtual QVariant sortValue(int record, int column) const;
+
     virtual bool passes(int record, int filter) const = 0;
     virtual bool contains(int record, const SearchWords::Word &word) const = 0;
     virtual QVariant icon(int record) const = 0;
@@ -100,6 +104,7 @@ private:
     void sortRows(QVector<int> &rows);
     const QVector<int> &ranks(int column);
     QString text(const QModelIndex &index) const;
+    QString accessibleText(const QModelIndex &index) const;
     void endNews();
 
     const QVector<Column> m_columns;

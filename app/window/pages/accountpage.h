@@ -6,29 +6,13 @@
 #ifndef ACCOUNTPAGE_H
 #define ACCOUNTPAGE_H
 
-#include "accountlink.h"
 #include "accountstore.h"
-#include "recordlist.h"
-
-#include <QWidget>
+#include "listpage.h"
 
 /** A list of accounts beside all there is to know of the current one. */
-class AccountPage : public QWidget
+class AccountPage : public ListPage
 {
     Q_OBJECT
-
-public:
-    RecordList *list() const;
-
-    /** Where the current account is. */
-    AccountLink place() const;
-
-    /** Makes the account of that name the current one, showing it if it is hidden; false when there is none. */
-    bool showAccount(const QString &name);
-
-Q_SIGNALS:
-    /** The operator wants to go there. */
-    void followed(const AccountLink &link);
 
 protected:
     AccountPage(AccountStore *store, AccountLink::Kind kind, RecordList *list, QWidget *parent);
@@ -38,13 +22,8 @@ protected:
     /** Puts @p parts, one above the other, beside the list. */
     void arrange(const QVector<QWidget *> &parts);
 
-    /** Shows the record of the model, or nothing for -1. */
-    virtual void showRecord(int record) = 0;
-
 private:
     AccountStore *const m_store;
-    const AccountLink::Kind m_kind;
-    RecordList *const m_list;
 };
 
 #endif

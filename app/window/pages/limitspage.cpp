@@ -168,6 +168,28 @@ void LimitsPage::showLines()
     analyseUsage();
 }
 
+bool LimitsPage::showLine(const QString &place)
+{
+    if (!m_analysis) {
+        return false;
+    }
+    const PamLimits::Rules &rules = m_analysis->limits().rules();
+    const QVector<PamLimits::Line> &lines = rules.lines();
+    const auto line = std::find_if(lines.begin(), lines.end(), [&](const PamLimits::Line &line) {
+        return place.endsWith(QString::number(line.number)) && place == rules.placeOf(line);
+    });
+    if (line == lines.end()) {
+        return false;
+    }
+    const int number = int(line - lines.begin());
+    if (m_model->rowOf(number) < 0) {
+        m_filter->setCurrentIndex(0);
+    }
+    m_lines->setCurrentIndex(m_model->index(m_model->rowOf(number), 0));
+    m_lines->setFocus();
+    return true;
+}
+
 void LimitsPage::showUsage()
 {
     if (const LimitAnalysis::Pointer analysis = m_userAnalysis.result()) {

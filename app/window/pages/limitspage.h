@@ -28,6 +28,9 @@ public:
     explicit LimitsPage(AccountStore *store, QWidget *parent = nullptr);
     ~LimitsPage() override;
 
+    /** Makes the line at @p place, as "file:line", the current one; false when there is none. */
+    bool showLine(const QString &place);
+
 private:
     QLabel *addExplanation(QFormLayout *layout, const char *name, const QString &title);
     QWidget *createFilter();

@@ -22,6 +22,7 @@ const struct {
     {AccountLink::Kind::User, QLatin1String("user:")},
     {AccountLink::Kind::Group, QLatin1String("group:")},
     {AccountLink::Kind::Limit, QLatin1String("limit:")},
+    {AccountLink::Kind::Problem, QLatin1String("problem:")},
 };
 }
 

@@ -8,9 +8,9 @@
 
 #include <QString>
 
-/** A place in the window: a user, a group, or the rules of a limit. */
+/** A place in the window: a user, a group, a line of the limits files as "file:line", or a problem. */
 struct AccountLink {
-    enum class Kind { User, Group, Limit };
+    enum class Kind { User, Group, Limit, Problem };
 
     Kind kind = Kind::User;
     QString name;

@@ -34,6 +34,7 @@ RecordList::RecordList(const QString &name, RecordModel *model, const Texts &tex
     , m_rowActions(new RowActions(m_view))
     , m_count(new QLabel(this))
     , m_noMatch(new QLabel)
+    , m_showAll(new QPushButton(i18nc("@action:button no search and no filter any more", "Show All")))
     , m_stack(new QStackedWidget(this))
 {
     setObjectName(name);
@@ -78,14 +79,13 @@ QWidget *RecordList::createNoMatch()
     m_noMatch->setObjectName(QStringLiteral("noMatch"));
     m_noMatch->setAlignment(Qt::AlignCenter);
     m_noMatch->setWordWrap(true);
-    auto *button = new QPushButton(i18nc("@action:button no search and no filter any more", "Show All"));
-    button->setObjectName(QStringLiteral("clearButton"));
-    connect(button, &QPushButton::clicked, this, &RecordList::clearSearch);
+    m_showAll->setObjectName(QStringLiteral("clearButton"));
+    connect(m_showAll, &QPushButton::clicked, this, &RecordList::clearSearch);
     auto *page = new QWidget;
     auto *layout = new QVBoxLayout(page);
     layout->addStretch();
     layout->addWidget(m_noMatch);
-    layout->addWidget(button, 0, Qt::AlignHCenter);
+    layout->addWidget(m_showAll, 0, Qt::AlignHCenter);
     layout->addStretch();
     return page;
 }
@@ -157,8 +157,10 @@ void RecordList::updateCount()
     const int shown = m_model->rowCount();
     const int total = m_model->recordCount();
     m_count->setText(m_texts.count(shown, total));
-    m_noMatch->setText(m_texts.noMatch());
-    const bool noMatch = shown == 0 && total > 0;
+    const QString why = total > 0 ? m_texts.noMatch() : m_texts.none();
+    m_noMatch->setText(why);
+    m_showAll->setVisible(total > 0);
+    const bool noMatch = shown == 0 && !why.isEmpty();
     if (noMatch != (m_stack->currentIndex() == 1)) {
         m_stack->setCurrentIndex(noMatch ? 1 : 0);
     }

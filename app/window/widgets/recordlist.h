@@ -13,6 +13,7 @@
 class KMessageWidget;
 class QComboBox;
 class QLabel;
+class QPushButton;
 class QSettings;
 class QStackedWidget;
 class RecordModel;
@@ -33,6 +34,8 @@ public:
         QStringList filters;
         /** Why no record is shown. */
         std::function<QString()> noMatch;
+        /** What is said when there is nothing to show, search or not; an empty list when that is empty. */
+        std::function<QString()> none = [] { return QString(); };
         /** How many of how many are shown. */
         std::function<QString(int shown, int total)> count;
     };
@@ -73,6 +76,7 @@ private:
     RowActions *const m_rowActions;
     QLabel *const m_count;
     QLabel *const m_noMatch;
+    QPushButton *const m_showAll;
     QStackedWidget *const m_stack;
 };
 

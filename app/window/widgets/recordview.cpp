@@ -24,6 +24,7 @@ namespace
 {
 /** How wide a column becomes by itself, at most. In characters. */
 constexpr int maxCharacters = 28;
+constexpr int maxWideCharacters = 60;
 
 /** How wide a list wants to be. In characters. */
 constexpr int wantedCharacters = 56;
@@ -156,9 +157,9 @@ void RecordView::fitColumns()
         return;
     }
     m_hasWidths = m_model->rowCount() > 0;
-    const int maxWidth = maxCharacters * fontMetrics().averageCharWidth();
     for (int column = 0; column < m_model->columnCount(); ++column) {
-        const int width = qMin(sizeHintForColumn(column), maxWidth);
+        const int characters = column == m_wideColumn ? maxWideCharacters : maxCharacters;
+        const int width = qMin(sizeHintForColumn(column), characters * fontMetrics().averageCharWidth());
         header()->resizeSection(column, qMax(width, header()->sectionSizeHint(column)));
     }
 }
@@ -235,6 +236,11 @@ void RecordView::setShownColumns(const QVector<int> &columns)
         setColumnHidden(column, !columns.contains(column));
     }
     updateColumnActions();
+}
+
+void RecordView::setWideColumn(int column)
+{
+    m_wideColumn = column;
 }
 
 QVector<int> RecordView::shownColumns() const

@@ -44,6 +44,9 @@ public:
     /** Shows these columns only, until the operator chooses others. */
     void setShownColumns(const QVector<int> &columns);
 
+    /** Gives @p column much room at first: it has sentences. */
+    void setWideColumn(int column);
+
     /** Sections in the order in which they are shown, without the hidden ones. */
     QVector<int> shownColumns() const;
 
@@ -77,6 +80,7 @@ private:
 
     RecordModel *const m_model;
     QList<QAction *> m_columnActions;
+    int m_wideColumn = -1;
     QString m_currentName;
     int m_currentRow = 0;
     QSet<QString> m_selectedNames;

@@ -3,6 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "limitsfixtures.h"
 #include "program.h"
 #include "sandbox.h"
 
@@ -44,6 +45,7 @@ private Q_SLOTS:
     void succeedsOnGoodAccounts();
     void listsProblems();
     void printsJson();
+    void joinsFindingsAboutLimits();
     void failsWithUnreadableFile();
     void passesOverUnreadableShadow();
     void doesNotSteerTerminal();
@@ -59,6 +61,7 @@ void ProblemsCommandTest::init()
     for (const QString &file : files) {
         Sandbox::remove(file);
     }
+    clearLimits();
     Sandbox::setAccounts(goodUsers, goodGroups);
     Sandbox::write(QStringLiteral("/etc/shadow"), "root:*:1::::::\n");
     Sandbox::write(QStringLiteral("/etc/gshadow"), "root:*::\n");
@@ -131,8 +134,54 @@ void ProblemsCommandTest::printsJson()
     QVERIFY(!problems.last().toObject().contains(QStringLiteral("user")));
 }
 
+void ProblemsCommandTest::joinsFindingsAboutLimits()
+{
+    Sandbox::write(limitsPath(), "root soft core 1\nbob soft core 0\n");
+    Sandbox::write(dropInPath(QStringLiteral("old")), "root soft core 0\n");
+    const Program::Result text = check();
+    QCOMPARE(
+        lines(text.output),
+        QStringList({
+            QStringLiteral("/etc/security/limits.d/old: warning: 'old': PAM does not read this file: its name does "
+                           "not end in .conf"),
+            QStringLiteral("    The rules in it do not count."),
+            QStringLiteral("    If they should, make it a file whose name ends in .conf and does not begin with a "
+                           "dot. Otherwise delete it."),
+            QStringLiteral("/etc/security/limits.conf:2: warning: 'bob soft core 0': is for nobody: there is no "
+                           "user 'bob'"),
+            QStringLiteral("    A user or group that is created later with this name gets the limit."),
+            QStringLiteral("    Correct the name, or delete the line."),
+        }));
+    QCOMPARE(text.status, 1);
+
+    const Program::Result result = check({QStringLiteral("--json")});
+    const QJsonArray problems = json(result.output).value(QStringLiteral("problems")).toArray();
+    QCOMPARE(problems.size(), 2);
+    const QJsonObject file{
+        {QStringLiteral("id"), QStringLiteral("ignored-limits-file")},
+        {QStringLiteral("severity"), QStringLiteral("warning")},
+        {QStringLiteral("file"), QStringLiteral("/etc/security/limits.d/old")},
+        {QStringLiteral("line"), QJsonValue()},
+        {QStringLiteral("text"), QStringLiteral("'old': PAM does not read this file: its name does not end in .conf")},
+        {QStringLiteral("meaning"), QStringLiteral("The rules in it do not count.")},
+        {QStringLiteral("remedy"),
+         QStringLiteral("If they should, make it a file whose name ends in .conf and does not begin with a dot. "
+                        "Otherwise delete it.")},
+    };
+    QCOMPARE(problems.first().toObject(), file);
+    QCOMPARE(problems.last().toObject().value(QStringLiteral("line")).toInt(), 2);
+}
+
 void ProblemsCommandTest::failsWithUnreadableFile()
 {
+    Sandbox::write(dropInPath(QStringLiteral("secret.conf")), "root soft core 0\n");
+    QVERIFY(QFile::setPermissions(dropInPath(QStringLiteral("secret.conf")), {}));
+    const Program::Result limits = check();
+    QCOMPARE(limits.errors,
+             QByteArray("ormel-users: Cannot read '/etc/security/limits.d/secret.conf': Permission denied\n"));
+    QCOMPARE(limits.output, QByteArray());
+    QCOMPARE(limits.status, 3);
+
     Sandbox::remove(QStringLiteral("/etc/group"));
     const Program::Result text = check();
     QCOMPARE(text.output, QByteArray());

@@ -40,6 +40,7 @@ QStringList pictureNames()
         text("page-groups.png"),
         text("page-limits.png"),
         text("page-new-account.png"),
+        text("page-problems.png"),
         text("page-users.png"),
     };
 }

@@ -15,6 +15,7 @@
 #include "sandbox.h"
 #include "writeaccounts.h"
 
+#include <QProcess>
 #include <QtEndian>
 
 #include <QTest>
@@ -28,21 +29,21 @@ QString text(const char *latin1)
     return QString::fromLatin1(latin1);
 }
 
-AccountSource script(const QString &commands)
+PacketSource script(const QString &commands)
 {
     return {text("/bin/sh"), {text("-c"), commands}, std::chrono::seconds(1)};
 }
 
 /** A program that writes @p output and ends as it should. */
-AccountSource sourceOf(const QByteArray &output)
+PacketSource sourceOf(const QByteArray &output)
 {
     Sandbox::write(text("/tmp/output"), output);
     return script(text("cat /tmp/output"));
 }
 
-QByteArray packet(AccountPacket type, const QByteArray &data = {})
+QByteArray packet(AccountPacket::Type type, const QByteArray &data = {})
 {
-    return PacketStream::toBytes({static_cast<quint8>(type), data});
+    return PacketStream::toBytes({type, data});
 }
 
 template<typename... Values>
@@ -140,7 +141,7 @@ void AccountReaderFaultsTest::failsWhenProgramIsSilent()
     QCOMPARE(log.message, text(silent));
     QVERIFY(log.users.isEmpty());
     // It is gone.
-    QTRY_VERIFY(log.reader.findChildren<QObject *>(QString(), Qt::FindDirectChildrenOnly).isEmpty());
+    QTRY_VERIFY(log.reader.findChildren<QProcess *>().isEmpty());
 }
 
 void AccountReaderFaultsTest::waitsForProgramThatIsAlive()
@@ -175,7 +176,7 @@ void AccountReaderFaultsTest::refusesGarbage_data()
     QTest::newRow("greeting cut short") << packet(AccountPacket::Hello, packed(accountsHello()).chopped(1));
     QTest::newRow("two greetings") << hello() + hello();
     QTest::newRow("text behind the greeting") << hello() + "warning: something\n";
-    QTest::newRow("unknown packet") << hello() + packet(AccountPacket(99));
+    QTest::newRow("unknown packet") << hello() + packet(AccountPacket::Type(99));
     QTest::newRow("endless packet") << hello() + badPacket;
     QTest::newRow("group cut short") << hello() + packet(AccountPacket::Groups, packed(text("staff"), 50U).chopped(1));
     QTest::newRow("group without members") << hello() + packet(AccountPacket::Groups, packed(text("staff"), 50U, true));

@@ -13,6 +13,7 @@
 #include <UserInfo>
 
 #include <QFile>
+#include <QProcess>
 #include <QTest>
 
 namespace
@@ -189,7 +190,7 @@ void AccountReaderTest::reportsNothingAfterCancel()
     log.reader.cancel();
     QVERIFY(!log.reader.isReading());
     log.entries.clear();
-    QTRY_VERIFY(log.reader.children().isEmpty());
+    QTRY_VERIFY(log.reader.findChildren<QProcess *>().isEmpty());
     QCOMPARE(log.entries, QStringList());
     QVERIFY(log.read());
     QCOMPARE(log.users.size(), 500);
@@ -199,7 +200,7 @@ void AccountReaderTest::endsProcessWhenDestroyed()
 {
     const QString mark = text("/tmp/reader-pid");
     Sandbox::remove(mark);
-    const AccountSource source{text("/bin/sh"), {text("-c"), text("echo $$ >/tmp/reader-pid; exec sleep 1000")}};
+    const PacketSource source{text("/bin/sh"), {text("-c"), text("echo $$ >/tmp/reader-pid; exec sleep 1000")}};
     QByteArray pid;
     {
         AccountReader reader(source);

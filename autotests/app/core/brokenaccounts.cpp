@@ -30,6 +30,8 @@ const QMap<QString, QByteArray> goodFiles{
      "daemon:*::\n"
      "alice:!::\n"
      "staff:!::alice\n"},
+    {QStringLiteral("security/limits.conf"), QByteArray()},
+    {QStringLiteral("security/limits.d/old.conf.bak"), QByteArray()},
 };
 
 /** @p line with the bytes that its escapes stand for. */

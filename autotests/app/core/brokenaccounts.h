@@ -11,10 +11,10 @@
 #include <QStringList>
 #include <QVector>
 
-/** Account files that something is wrong with, from brokenaccounts.txt. */
+/** Account and limits files that something is wrong with, from brokenaccounts.txt. */
 struct BrokenAccounts {
     QByteArray name;
-    /** The whole content of passwd, group, shadow and gshadow. */
+    /** The whole content of each, by its path in /etc. */
     QMap<QString, QByteArray> files;
     /** The problems, as "file:line kind account", in the order in which they are reported. */
     QStringList problems;

@@ -47,6 +47,12 @@ QStringList describe(const QList<UnreadFile> &files)
     return lines;
 }
 
+/** A limits file that leads to itself. */
+QString loopPath()
+{
+    return path("security/limits.d/loop.conf");
+}
+
 QStringList sorted(QStringList lines)
 {
     lines.sort();
@@ -78,6 +84,8 @@ private Q_SLOTS:
     void findsProblems_data();
     void findsProblems();
     void describesEachKind();
+    void tellsFilesThatFailSessions();
+    void tellsUnreadableLimits();
     void asksNameService();
     void takesOwnHomeForGood();
     void doesNotOpenHomes_data();
@@ -95,6 +103,7 @@ void MachineCheckTest::init()
     for (const char *name : {"passwd", "group", "shadow", "gshadow"}) {
         Sandbox::remove(path(name));
     }
+    Sandbox::clear(path("security/limits.d"));
     BrokenAccounts::all().constFirst().install();
 }
 
@@ -123,22 +132,50 @@ void MachineCheckTest::findsProblems()
 
 void MachineCheckTest::describesEachKind()
 {
-    QStringList ids;
+    QList<Problem> problems;
     const QVector<BrokenAccounts> cases = BrokenAccounts::all();
     for (const BrokenAccounts &accounts : cases) {
         accounts.install();
-        const QList<Problem> problems = MachineCheck::run().problems;
-        for (const Problem &problem : problems) {
-            ids.append(problem.id());
-            // A placeholder that is left, or a detail too many, is marked by KI18n.
-            QVERIFY2(!problem.text().contains(QLatin1Char('%')), qPrintable(problem.text()));
-            QVERIFY2(!problem.text().contains(QLatin1String("I18N")), qPrintable(problem.text()));
-            QVERIFY(problem.meaning().endsWith(QLatin1Char('.')));
-            QVERIFY(problem.remedy().endsWith(QLatin1Char('.')));
-        }
+        problems += MachineCheck::run().problems;
+    }
+    QVERIFY(QFile::link(loopPath(), loopPath()));
+    problems += MachineCheck::run().problems;
+    QStringList ids;
+    for (const Problem &problem : qAsConst(problems)) {
+        ids.append(problem.id());
+        // A placeholder that is left, or a detail too many, is marked by KI18n.
+        QVERIFY2(!problem.text().contains(QLatin1Char('%')), qPrintable(problem.text()));
+        QVERIFY2(!problem.text().contains(QLatin1String("I18N")), qPrintable(problem.text()));
+        QVERIFY(problem.meaning().endsWith(QLatin1Char('.')));
+        QVERIFY(problem.remedy().endsWith(QLatin1Char('.')));
     }
     ids.removeDuplicates();
-    QCOMPARE(ids.size(), int(Problem::Kind::DifferentMembers) + 1);
+    QCOMPARE(ids.size(), int(Problem::lastKind) + 1);
+}
+
+void MachineCheckTest::tellsFilesThatFailSessions()
+{
+    QVERIFY(QFile::link(loopPath(), loopPath()));
+    const QList<Problem> problems = MachineCheck::run().problems;
+    QCOMPARE(describe(problems), QStringList(QStringLiteral("loop.conf:0 failing-limits-file")));
+    QCOMPARE(problems.constFirst().place(), loopPath());
+    QCOMPARE(problems.constFirst().text(),
+             QStringLiteral("'loop.conf': PAM opens no session for anybody: it cannot open this file: %1")
+                 .arg(qt_error_string(ELOOP)));
+}
+
+void MachineCheckTest::tellsUnreadableLimits()
+{
+    Sandbox::write(path("security/limits.d/secret.conf"), "bob soft core 0\n");
+    QCOMPARE(chmod("/etc/security/limits.d/secret.conf", 0), 0);
+    const MachineCheck check = MachineCheck::run();
+    QCOMPARE(describe(check.unreadFiles), QStringList(path("security/limits.d/secret.conf")));
+    QCOMPARE(describe(check.problems), QStringList());
+
+    QCOMPARE(chmod("/etc/security/limits.d", 0), 0);
+    const QStringList unread = describe(MachineCheck::run().unreadFiles);
+    QCOMPARE(chmod("/etc/security/limits.d", 0755), 0);
+    QCOMPARE(unread, QStringList(path("security/limits.d")));
 }
 
 void MachineCheckTest::asksNameService()

@@ -14,7 +14,7 @@
 class ReadingLog
 {
 public:
-    explicit ReadingLog(const AccountSource &source = AccountSource::ownProgram())
+    explicit ReadingLog(const PacketSource &source = AccountReader::ownProgram())
         : reader(source)
     {
         const auto note = [this](const char *entry) { entries.append(QString::fromLatin1(entry)); };

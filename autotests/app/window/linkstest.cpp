@@ -95,7 +95,8 @@ void LinksTest::keepsNamesInUrls()
 {
     QFETCH(QString, name);
 
-    for (const auto kind : {AccountLink::Kind::User, AccountLink::Kind::Group, AccountLink::Kind::Limit}) {
+    for (const auto kind :
+         {AccountLink::Kind::User, AccountLink::Kind::Group, AccountLink::Kind::Limit, AccountLink::Kind::Problem}) {
         const AccountLink link = AccountLink::fromUrl(AccountLink{kind, name}.toUrl());
         QCOMPARE(link.kind, kind);
         QCOMPARE(link.name, name);

@@ -208,6 +208,7 @@ void MainWindowTest::hasMenus()
                           text("&Limits Alt+3"),
                           text("&New Account Alt+4"),
                           text("&Choose Alt+5"),
+                          text("&Problems Alt+6"),
                           text("-"),
                           text("&Search Ctrl+F"),
                           text("-"),

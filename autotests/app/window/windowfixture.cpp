@@ -6,9 +6,9 @@
 #include "windowfixture.h"
 
 #include "accountfixtures.h"
-#include "accountpage.h"
 #include "dialogparts.h"
 #include "limitsfixtures.h"
+#include "listpage.h"
 #include "mainwindow.h"
 #include "recordview.h"
 
@@ -59,7 +59,7 @@ bool open(MainWindow &window)
 
 RecordView *accountsView(const MainWindow &window)
 {
-    const auto *page = qobject_cast<AccountPage *>(window.pages()->currentWidget());
+    const auto *page = qobject_cast<ListPage *>(window.pages()->currentWidget());
     if (!page) {
         qFatal("The page has no list of accounts");
     }

@@ -11,6 +11,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <tuple>
+
 /** Records as bytes. A text that was there before, in any record, takes four bytes. */
 class Packer
 {
@@ -53,6 +55,21 @@ public:
 
     /** Whether there was something to read, each time, and of the kind that was asked for. */
     bool isValid() const;
+
+    /** Whether all was read, and was of the right kind. */
+    bool isDone() const;
+
+    /** Reads the records that are left, by their fields(); false when they are of another kind. */
+    template<typename Record>
+    bool appendTo(QVector<Record> &records)
+    {
+        while (!atEnd()) {
+            Record record;
+            std::apply(*this, Record::fields(record));
+            records.append(record);
+        }
+        return isValid();
+    }
 
 private:
     void unpack(bool &value);

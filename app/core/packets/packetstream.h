@@ -10,6 +10,12 @@
 
 #include <optional>
 
+/** The types that all programs send. Before anything else, they say what they are, as a text. */
+enum CommonPacket : quint8 {
+    HelloPacket = 1,
+    AlivePacket, ///< nothing; between any two others
+};
+
 /** A piece of data with a number that tells what is in it. */
 struct Packet {
     quint8 type = 0;

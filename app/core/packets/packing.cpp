@@ -73,6 +73,11 @@ bool Unpacker::isValid() const
     return m_valid;
 }
 
+bool Unpacker::isDone() const
+{
+    return m_valid && atEnd();
+}
+
 void Unpacker::unpack(bool &value)
 {
     m_valid = m_valid && m_position < m_bytes.size();

@@ -1,0 +1,104 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "problemdetails.h"
+
+#include "lefttoright.h"
+#include "linklabel.h"
+#include "problem.h"
+#include "visibletext.h"
+
+#include <KLocalizedString>
+
+#include <QGridLayout>
+#include <QLabel>
+
+namespace
+{
+QString linkTitle(AccountLink::Kind kind)
+{
+    switch (kind) {
+    case AccountLink::Kind::User:
+        return i18nc("@label of a link", "User:");
+    case AccountLink::Kind::Group:
+        return i18nc("@label of a link", "Group:");
+    default:
+        return i18nc("@label of a link to a line of a file", "Line:");
+    }
+}
+
+bool isInLimits(const Problem &problem)
+{
+    return problem.file.startsWith(QLatin1String("/etc/security/")) && problem.line > 0;
+}
+}
+
+ProblemDetails::ProblemDetails(QWidget *parent)
+    : QWidget(parent)
+    , m_layout(new QGridLayout(this))
+    , m_text(addText("problemText", i18nc("@label what was found", "Problem:")))
+    , m_meaning(addText("problemMeaning", i18nc("@label of a problem", "What it means:")))
+    , m_remedy(addText("problemRemedy", i18nc("@label of a problem", "What to do:")))
+    , m_link(new LinkLabel(this))
+    , m_linkTitle(addRow(QString(), m_link))
+{
+    m_layout->setContentsMargins({});
+    m_link->setObjectName(QStringLiteral("problemLink"));
+    m_layout->setColumnStretch(1, 1);
+    connect(m_link, &LinkLabel::followed, this, &ProblemDetails::followed);
+}
+
+QLabel *ProblemDetails::addText(const char *name, const QString &title)
+{
+    auto *label = new QLabel(this);
+    label->setObjectName(QString::fromLatin1(name));
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    label->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
+    addRow(title, label);
+    return label;
+}
+
+/** A form layout would give each wrapped text the same height, however many lines it has. */
+QLabel *ProblemDetails::addRow(const QString &title, QLabel *field)
+{
+    auto *label = new QLabel(title, this);
+    label->setAlignment(Qt::AlignTop | Qt::AlignLeading);
+    label->setBuddy(field);
+    const int row = m_layout->rowCount();
+    m_layout->addWidget(label, row, 0);
+    m_layout->addWidget(field, row, 1);
+    return label;
+}
+
+void ProblemDetails::showProblem(const Problem &problem)
+{
+    m_text->setText(VisibleText::fromText(problem.text()));
+    m_meaning->setText(problem.meaning());
+    m_remedy->setText(problem.remedy());
+    showLink(linkOf(problem));
+}
+
+void ProblemDetails::showLink(const std::optional<AccountLink> &link)
+{
+    m_linkTitle->setVisible(link.has_value());
+    m_link->setVisible(link.has_value());
+    if (link) {
+        m_linkTitle->setText(linkTitle(link->kind));
+        m_link->setLinks(link->kind, {link->name});
+    }
+}
+
+std::optional<AccountLink> ProblemDetails::linkOf(const Problem &problem)
+{
+    if (!problem.user.isEmpty()) {
+        return AccountLink{AccountLink::Kind::User, problem.user};
+    }
+    if (!problem.group.isEmpty()) {
+        return AccountLink{AccountLink::Kind::Group, problem.group};
+    }
+    return isInLimits(problem) ? std::optional(AccountLink{AccountLink::Kind::Limit, problem.place()}) : std::nullopt;
+}
