@@ -19,6 +19,11 @@ void load(State &state, const QStringList &libraries)
     }
 }
 
+QStringList toolkit()
+{
+    return {QStringLiteral("libQt5Widgets.so.5"), QStringLiteral("libKF5I18n.so.5")};
+}
+
 void loadLibrary(State &state)
 {
     load(state, {QStringLiteral(LIBRARY)});
@@ -26,7 +31,12 @@ void loadLibrary(State &state)
 
 void loadToolkit(State &state)
 {
-    load(state, {QStringLiteral("libQt5Widgets.so.5"), QStringLiteral("libKF5I18n.so.5")});
+    load(state, toolkit());
+}
+
+void loadLibraryAfterToolkit(State &state)
+{
+    load(state, toolkit() + QStringList(QStringLiteral(LIBRARY)));
 }
 }
 
@@ -41,6 +51,16 @@ Comparisons loadComparisons()
          {},
          benchmark::oNone,
          loadLibrary,
+         loadToolkit,
+         Figure::ChildTime},
+        {"load-later",
+         "loading Qt Widgets, KI18n and then the library",
+         "loading Qt Widgets and KI18n",
+         {},
+         "#loading",
+         {},
+         benchmark::oNone,
+         loadLibraryAfterToolkit,
          loadToolkit,
          Figure::ChildTime},
     };

@@ -130,13 +130,14 @@ bool Table::Row::growsTooFast() const
 QString Table::Row::reached() const
 {
     const QLatin1String anchor(comparison.explanation);
+    const QString why = anchor.isEmpty() ? QString() : QStringLiteral("[why](performance.md%1)").arg(anchor);
     if (!limit) {
-        return anchor.isEmpty() ? QString() : QStringLiteral("[why](%1)").arg(anchor);
+        return why;
     }
     if (isReached()) {
         return QStringLiteral("yes");
     }
-    return isAccepted() ? QStringLiteral("no: [why](%1)").arg(anchor) : QStringLiteral("**no**");
+    return isAccepted() ? QStringLiteral("no: ") + why : QStringLiteral("**no**");
 }
 
 QString Table::Row::growthText() const
