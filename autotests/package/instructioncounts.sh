@@ -64,7 +64,7 @@ awk '
     { check("instructions", $2, instructions[$1]); check("calls", $3, calls[$1]); delete instructions[$1] }
     END {
         for (name in instructions) { print name ": no figures stored"; failed = 1 }
-        if (failed) { print "When more is meant, run scripts/update-instruction-counts." }
+        if (failed) { print "When more is meant, run scripts/update counts." }
         exit failed
     }
 ' <(echo "$counted") "$figures"

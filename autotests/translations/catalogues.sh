@@ -18,10 +18,10 @@ fail() {
     status=1
 }
 
-"$source/scripts/update" "$work"
+"$source/scripts/update" messages "$work"
 for domain in ormel_kcm_users ormel-users; do
     diff -u "$source/po/$domain.pot" "$work/$domain.pot" ||
-        fail "po/$domain.pot is not current: run scripts/update and translate what is new"
+        fail "po/$domain.pot is not current: run scripts/update messages and translate what is new"
 done
 
 # texts ATTRIBUTE: how many paragraphs, items and summaries have it, or none with "".
