@@ -13,9 +13,12 @@
 
 namespace
 {
-/** In milliseconds, for starting a process, and for what it does then. */
+/**
+ * In milliseconds, for starting a process, and for what it does then. Its processor time is limited to less; this
+ * is for one that waits, for a disk or on a busy machine for a processor.
+ */
 constexpr int startLimit = 20000;
-constexpr int workLimit = 2000;
+constexpr int workLimit = 10000;
 }
 
 UserPicture::UserPicture(QObject *parent)
