@@ -10,8 +10,11 @@
 
 namespace
 {
-const QStringList noDisplay{
-    QStringLiteral("QT_QPA_PLATFORM="), QStringLiteral("DISPLAY="), QStringLiteral("WAYLAND_DISPLAY=")};
+/** The environment without a display. */
+QStringList noDisplay()
+{
+    return {QStringLiteral("QT_QPA_PLATFORM="), QStringLiteral("DISPLAY="), QStringLiteral("WAYLAND_DISPLAY=")};
+}
 
 QStringList lines(const QByteArray &text)
 {
@@ -126,7 +129,7 @@ void CommandLineTest::refusesWrongUsage()
     QFETCH(QString, program);
     QFETCH(QString, message);
 
-    for (const QStringList &display : {QStringList(), noDisplay}) {
+    for (const QStringList &display : {QStringList(), noDisplay()}) {
         const Program::Result result = Program::run(Program::path(), arguments, {}, display);
         QCOMPARE(lines(result.errors),
                  QStringList({QStringLiteral("%1: %2").arg(program, message),
@@ -149,7 +152,7 @@ void CommandLineTest::needsDisplayForWindows()
 {
     QFETCH(QStringList, arguments);
 
-    const Program::Result result = Program::run(Program::path(), arguments, {}, noDisplay);
+    const Program::Result result = Program::run(Program::path(), arguments, {}, noDisplay());
     QCOMPARE(
         lines(result.errors),
         QStringList(QStringLiteral("ormel-users: There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set.")));

@@ -84,8 +84,8 @@ void ListTableTest::continuesCellsInFurtherLines()
 {
     const QStringList lines = shown("exec \"$0\" groups big", 40);
     QString members;
-    for (const QString &line : lines.mid(1)) {
-        members += line.mid(lines.first().indexOf(QLatin1String("Members")));
+    for (int i = 1; i < lines.size(); ++i) {
+        members += lines.at(i).midRef(lines.first().indexOf(QLatin1String("Members")));
     }
     QVERIFY(lines.size() > 3);
     QVERIFY(members.startsWith(QLatin1String("member0,member1,")));

@@ -51,9 +51,24 @@ void replace(const QString &path, const QByteArray &content)
     QCOMPARE(rename(QFile::encodeName(other).constData(), QFile::encodeName(path).constData()), 0);
 }
 
-const QByteArray root("root:x:0:0:root:/root:/bin/bash\n");
-const QByteArray ada("ada:x:1000:50:Ada:/home/ada:/bin/sh\n");
-const QByteArray bob("bob:x:1001:50:Bob:/home/bob:/bin/sh\n");
+/** Lines of /etc/passwd. */
+namespace Line
+{
+QByteArray root()
+{
+    return "root:x:0:0:root:/root:/bin/bash\n";
+}
+
+QByteArray ada()
+{
+    return "ada:x:1000:50:Ada:/home/ada:/bin/sh\n";
+}
+
+QByteArray bob()
+{
+    return "bob:x:1001:50:Bob:/home/bob:/bin/sh\n";
+}
+}
 }
 
 class AccountStoreTest : public QObject
@@ -81,7 +96,7 @@ private:
 
 void AccountStoreTest::init()
 {
-    Sandbox::setAccounts(root + ada, "root:x:0:\nstaff:x:50:\n");
+    Sandbox::setAccounts(Line::root() + Line::ada(), "root:x:0:\nstaff:x:50:\n");
     clearLimits();
     Sandbox::write(limitsPath(), "* soft core 0\n");
 }
@@ -120,7 +135,7 @@ void AccountStoreTest::showsOldAccountsUntilNewOnesAreThere()
 {
     AccountStore store;
     QVERIFY(read(store));
-    Sandbox::write(passwdPath(), bob);
+    Sandbox::write(passwdPath(), Line::bob());
     QSignalSpy usersRead(&store, &AccountStore::usersRead);
     store.read();
     QVERIFY(store.isReading());
@@ -189,17 +204,18 @@ void AccountStoreTest::tellsWhatHasChanged()
     AccountStore store;
     QVERIFY(read(store));
     QCOMPARE(sorted(store.changedUsers()), QString());
-    Sandbox::setAccounts(root + "ada:x:1000:50:Ada Byron:/home/ada:/bin/sh\n" + bob, "root:x:0:\nstaff:x:50:bob\n");
+    Sandbox::setAccounts(Line::root() + "ada:x:1000:50:Ada Byron:/home/ada:/bin/sh\n" + Line::bob(),
+                         "root:x:0:\nstaff:x:50:bob\n");
     QVERIFY(read(store));
     QCOMPARE(sorted(store.changedUsers()), text("ada bob"));
     QCOMPARE(sorted(store.changedGroups()), text("staff"));
     QVERIFY(read(store));
     QCOMPARE(sorted(store.changedUsers()), QString());
     QCOMPARE(sorted(store.changedGroups()), QString());
-    Sandbox::write(passwdPath(), bob + bob + root);
+    Sandbox::write(passwdPath(), Line::bob() + Line::bob() + Line::root());
     QVERIFY(read(store));
     QCOMPARE(sorted(store.changedUsers()), QString());
-    Sandbox::write(passwdPath(), bob + "bob:x:7:50:Bob:/home/bob:/bin/sh\n");
+    Sandbox::write(passwdPath(), Line::bob() + "bob:x:7:50:Bob:/home/bob:/bin/sh\n");
     QVERIFY(read(store));
     QCOMPARE(sorted(store.changedUsers()), text("bob"));
 }
@@ -209,7 +225,7 @@ void AccountStoreTest::readsAgainWhenFilesChange_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<QByteArray>("content");
 
-    QTest::newRow("users") << passwdPath() << root + bob;
+    QTest::newRow("users") << passwdPath() << Line::root() + Line::bob();
     QTest::newRow("groups") << groupPath() << QByteArray("staff:x:50:\n");
 }
 
@@ -236,7 +252,7 @@ void AccountStoreTest::readsFileThatComesBack()
     QVERIFY(ended.wait(patience));
     QVERIFY(!store.accountsError().isEmpty());
     QCOMPARE(names(store.users()), text("root ada"));
-    replace(passwdPath(), root + bob);
+    replace(passwdPath(), Line::root() + Line::bob());
     QVERIFY(ended.wait(patience));
     QCOMPARE(store.accountsError(), QString());
     QCOMPARE(names(store.users()), text("root bob"));
@@ -252,7 +268,7 @@ void AccountStoreTest::readsOnceMoreWhenFilesChangeMeanwhile()
     QSignalSpy ended(&store, &AccountStore::ended);
     store.read();
     QTRY_VERIFY_WITH_TIMEOUT(QFile(text("/tmp/answer")).size() > 0, patience);
-    replace(passwdPath(), root + bob);
+    replace(passwdPath(), Line::root() + Line::bob());
     QVERIFY(!ended.wait(1500));
     Sandbox::write(text("/tmp/go"), QByteArray());
     QVERIFY(ended.wait(patience));

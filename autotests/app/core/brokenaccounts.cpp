@@ -11,28 +11,32 @@
 
 namespace
 {
-const QMap<QString, QByteArray> goodFiles{
-    {QStringLiteral("passwd"),
-     "root:x:0:0:root:/nonexistent:/bin/sh\n"
-     "daemon:x:1:1:daemon:/nonexistent:/usr/sbin/nologin\n"
-     "alice:x:1000:1000:Alice:/nonexistent:/bin/sh\n"},
-    {QStringLiteral("group"),
-     "root:x:0:\n"
-     "daemon:x:1:\n"
-     "alice:x:1000:\n"
-     "staff:x:50:alice\n"},
-    {QStringLiteral("shadow"),
-     "root:*:19000:0:99999:7:::\n"
-     "daemon:*:19000:0:99999:7:::\n"
-     "alice:$6$salt$hash:19000:0:99999:7:::\n"},
-    {QStringLiteral("gshadow"),
-     "root:*::\n"
-     "daemon:*::\n"
-     "alice:!::\n"
-     "staff:!::alice\n"},
-    {QStringLiteral("security/limits.conf"), QByteArray()},
-    {QStringLiteral("security/limits.d/old.conf.bak"), QByteArray()},
-};
+/** The files of the good machine. */
+QMap<QString, QByteArray> goodFiles()
+{
+    return {
+        {QStringLiteral("passwd"),
+         "root:x:0:0:root:/nonexistent:/bin/sh\n"
+         "daemon:x:1:1:daemon:/nonexistent:/usr/sbin/nologin\n"
+         "alice:x:1000:1000:Alice:/nonexistent:/bin/sh\n"},
+        {QStringLiteral("group"),
+         "root:x:0:\n"
+         "daemon:x:1:\n"
+         "alice:x:1000:\n"
+         "staff:x:50:alice\n"},
+        {QStringLiteral("shadow"),
+         "root:*:19000:0:99999:7:::\n"
+         "daemon:*:19000:0:99999:7:::\n"
+         "alice:$6$salt$hash:19000:0:99999:7:::\n"},
+        {QStringLiteral("gshadow"),
+         "root:*::\n"
+         "daemon:*::\n"
+         "alice:!::\n"
+         "staff:!::alice\n"},
+        {QStringLiteral("security/limits.conf"), QByteArray()},
+        {QStringLiteral("security/limits.d/old.conf.bak"), QByteArray()},
+    };
+}
 
 /** @p line with the bytes that its escapes stand for. */
 QByteArray unescaped(QByteArray line)
@@ -72,7 +76,7 @@ QVector<BrokenAccounts> BrokenAccounts::all()
         QByteArray line = file.readLine();
         line.chop(int(line.endsWith('\n')));
         if (line.startsWith("== ")) {
-            cases.append({line.mid(3), goodFiles, {}});
+            cases.append({line.mid(3), goodFiles(), {}});
         } else if (!cases.isEmpty()) {
             addLine(cases.last(), line);
         }

@@ -117,7 +117,7 @@ private Q_SLOTS:
 private:
     QString home(const char *name) const
     {
-        const QString home = m_homes->filePath(QString::fromUtf8(name));
+        QString home = m_homes->filePath(QString::fromUtf8(name));
         QDir().mkpath(home);
         return home;
     }
