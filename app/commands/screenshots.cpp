@@ -20,6 +20,7 @@
 #include <KLocalizedString>
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QEventLoop>
 #include <QLinearGradient>
@@ -152,7 +153,8 @@ bool takePages(Camera &camera)
             return false;
         }
     }
-    return true;
+    pages.setCurrentIndex(0);
+    return camera.take(*window.showHelp(), QStringLiteral("dialog-help"));
 }
 
 bool takeDialogs(Camera &camera)

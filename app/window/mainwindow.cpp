@@ -9,6 +9,7 @@
 #include "accountstore.h"
 #include "choosepage.h"
 #include "groupspage.h"
+#include "help.h"
 #include "history.h"
 #include "limitspage.h"
 #include "newaccountpage.h"
@@ -25,6 +26,7 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
+#include <QDialog>
 #include <QHBoxLayout>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -188,11 +190,31 @@ void MainWindow::addGoButtons()
 void MainWindow::addHelpMenu()
 {
     QMenu *menu = menuBar()->addMenu(i18nc("@title:menu", "&Help"));
+    menu->addAction(QIcon::fromTheme(QStringLiteral("help-contents")),
+                    i18nc("@action:inmenu", "&Help on This Page"),
+                    this,
+                    &MainWindow::showHelp,
+                    QKeySequence::HelpContents);
+    menu->addSeparator();
     const auto showAbout = [this] { About::createDialog(this)->open(); };
     menu->addAction(QApplication::windowIcon(), i18nc("@action:inmenu", "&About Ormel Users"), this, showAbout)
         ->setMenuRole(QAction::AboutRole);
     menu->addAction(i18nc("@action:inmenu", "About &Qt"), qApp, &QApplication::aboutQt)
         ->setMenuRole(QAction::AboutQtRole);
+}
+
+QDialog *MainWindow::showHelp()
+{
+    QList<QAction *> actions;
+    const QList<QAction *> menus = menuBar()->actions();
+    for (const QAction *menu : menus) {
+        actions += menu->menu()->actions();
+    }
+    const QString page = m_pages->currentWidget()->objectName();
+    const QString title = KLocalizedString::removeAcceleratorMarker(m_pageActions->checkedAction()->text());
+    QDialog *dialog = Help::createDialog(page, title, actions, this);
+    dialog->open();
+    return dialog;
 }
 
 void MainWindow::updatePage()

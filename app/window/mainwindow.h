@@ -17,6 +17,7 @@ class ListPage;
 class ProblemStore;
 class QAction;
 class QActionGroup;
+class QDialog;
 class QMenu;
 class QTabWidget;
 class RecordList;
@@ -33,6 +34,9 @@ public:
     void reload();
 
     QTabWidget *pages() const;
+
+    /** Opens help on the current page; the dialog deletes itself when it is closed. */
+    QDialog *showHelp();
 
 Q_SIGNALS:
     /** Nothing is being read any more. */

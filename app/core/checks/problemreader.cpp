@@ -9,6 +9,9 @@
 
 #include <KLocalizedString>
 
+#include <algorithm>
+#include <iterator>
+
 namespace
 {
 Problem unpacked(const PackedProblem &packed)
@@ -70,13 +73,13 @@ bool ProblemReader::takeProblems(Unpacker &unpack)
     if (!unpack.appendTo(problems)) {
         return false;
     }
-    for (const PackedProblem &packed : qAsConst(problems)) {
-        if (packed.kind > quint32(Problem::lastKind)) {
-            return false;
-        }
-        m_check.problems.append(unpacked(packed));
+    const bool areKnown = std::all_of(problems.cbegin(), problems.cend(), [](const PackedProblem &problem) {
+        return problem.kind <= quint32(Problem::lastKind);
+    });
+    if (areKnown) {
+        std::transform(problems.cbegin(), problems.cend(), std::back_inserter(m_check.problems), unpacked);
     }
-    return true;
+    return areKnown;
 }
 
 bool ProblemReader::takeUnreadFiles(Unpacker &unpack)

@@ -8,6 +8,7 @@
 #include "librarymessage.h"
 
 #include <QMutex>
+#include <QStringList>
 
 #include <cstdlib>
 
@@ -16,25 +17,17 @@ namespace
 /** Messages come from any thread. */
 QBasicMutex s_mutex;
 void (*s_show)(const QString &text);
-QStringList *s_gathered;
 
-/** Whether @p text is there for the first time; then it is kept. */
+/** Whether @p text comes for the first time. */
 bool isNew(const QString &text)
 {
     static QStringList shown;
-    QStringList &texts = s_gathered ? *s_gathered : shown;
-    const bool known = texts.contains(text);
-    if (!known) {
-        texts.append(text);
-    }
-    return !known;
-}
-
-/** Whether @p text is to be shown. */
-bool receive(const QString &text)
-{
     const QMutexLocker locker(&s_mutex);
-    return isNew(text) && !s_gathered;
+    if (shown.contains(text)) {
+        return false;
+    }
+    shown.append(text);
+    return true;
 }
 
 void handle(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
@@ -45,7 +38,7 @@ void handle(QtMsgType type, const QMessageLogContext & /*context*/, const QStrin
         std::_Exit(EXIT_FAILURE);
     }
     const QString text = meaningOfMessage(message);
-    if (!text.isEmpty() && receive(text)) {
+    if (!text.isEmpty() && isNew(text)) {
         s_show(text);
     }
 }
@@ -55,23 +48,4 @@ void MessageHandler::install(void (*show)(const QString &text))
 {
     s_show = show;
     qInstallMessageHandler(handle);
-}
-
-GatheredMessages::GatheredMessages()
-{
-    const QMutexLocker locker(&s_mutex);
-    m_previous = s_gathered;
-    s_gathered = &m_texts;
-}
-
-GatheredMessages::~GatheredMessages()
-{
-    const QMutexLocker locker(&s_mutex);
-    s_gathered = m_previous;
-}
-
-QStringList GatheredMessages::texts() const
-{
-    const QMutexLocker locker(&s_mutex);
-    return m_texts;
 }

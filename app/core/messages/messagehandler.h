@@ -6,7 +6,7 @@
 #ifndef MESSAGEHANDLER_H
 #define MESSAGEHANDLER_H
 
-#include <QStringList>
+#include <QString>
 
 /** What the library and Qt log, in words for people. */
 namespace MessageHandler
@@ -18,22 +18,5 @@ namespace MessageHandler
  */
 void install(void (*show)(const QString &text));
 }
-
-/** Gathers messages while it lives, instead of letting them be shown. The handler has to be installed. */
-class GatheredMessages
-{
-public:
-    GatheredMessages();
-    ~GatheredMessages();
-
-    /** Each message once, in the order in which they came. */
-    QStringList texts() const;
-
-private:
-    Q_DISABLE_COPY(GatheredMessages)
-
-    QStringList m_texts;
-    QStringList *m_previous;
-};
 
 #endif

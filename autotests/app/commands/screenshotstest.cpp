@@ -31,6 +31,7 @@ QStringList pictureNames()
 {
     return {
         text("dialog-about.png"),
+        text("dialog-help.png"),
         text("dialog-select-groups.png"),
         text("dialog-select-icon.png"),
         text("dialog-select-one-group.png"),

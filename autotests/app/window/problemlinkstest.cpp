@@ -112,12 +112,13 @@ void ProblemLinksTest::leadsToLimits()
     MainWindow window;
     QVERIFY(open(window));
     ProblemsPage &page = goToProblems(window);
+    const auto *lines = part<QTreeView>(window, "linesTable");
+    QTRY_COMPARE(lines->model()->rowCount(), 2);
     auto *filter = part<QComboBox>(*window.pages()->widget(2), "lineFilter");
     filter->setCurrentIndex(1);
     selectProblem(page, "ghost");
     accountsView(window)->actions().constFirst()->trigger();
     QCOMPARE(window.pages()->currentWidget()->objectName(), text("limits"));
-    const auto *lines = part<QTreeView>(window, "linesTable");
     QCOMPARE(lines->currentIndex().siblingAtColumn(0).data().toString(), text("/etc/security/limits.conf:2"));
     QVERIFY(lines->hasFocus());
 }

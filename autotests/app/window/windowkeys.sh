@@ -129,8 +129,14 @@ activates "Ormel Users"
 key alt+s
 copies "2 users: alice, bob"
 
+# Help on the page.
+key F1
+activates "Help — Ormel Users"
+key Escape
+activates "Ormel Users"
+
 # About and back, by the menu.
-key alt+h Return
+key alt+h a
 activates "About Ormel Users"
 key Escape
 activates "Ormel Users"

@@ -1,0 +1,29 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef HELP_H
+#define HELP_H
+
+#include <QList>
+#include <QString>
+
+class QAction;
+class QDialog;
+class QWidget;
+
+/** Help about what the window shows. */
+namespace Help
+{
+/**
+ * A dialog about a page, which deletes itself when it is closed.
+ *
+ * @param page the object name of the page
+ * @param title what the page is called
+ * @param actions those whose keys are told
+ */
+QDialog *createDialog(const QString &page, const QString &title, const QList<QAction *> &actions, QWidget *parent);
+}
+
+#endif
