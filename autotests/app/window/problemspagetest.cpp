@@ -7,6 +7,7 @@
 
 #include "accountstore.h"
 #include "dialogparts.h"
+#include "eventloopdelay.h"
 #include "limitsfixtures.h"
 #include "problemstore.h"
 #include "recordview.h"
@@ -118,6 +119,7 @@ private Q_SLOTS:
     void tellsWhatCannotBeRead();
     void tellsThatCheckHasFailed();
     void showsTextAsItIs();
+    void staysUsableWithManyProblems();
     void checksAgainWhenFilesChange_data();
     void checksAgainWhenFilesChange();
 };
@@ -292,6 +294,25 @@ void ProblemsPageTest::showsTextAsItIs()
     QVERIFY(page.label("problemText").contains(text("<b>")));
     QVERIFY(!page.label("problemText").contains(QChar(0x1b)));
     QVERIFY(page.label("problemLink").contains(text("&lt;b&gt;")));
+}
+
+void ProblemsPageTest::staysUsableWithManyProblems()
+{
+    constexpr int count = 10000;
+    QByteArray users;
+    for (int i = 0; i < count; ++i) {
+        users += "user" + QByteArray::number(i) + ":x:" + QByteArray::number(2000 + i) + ":50::/nowhere:/bin/sh\n";
+    }
+    Sandbox::setAccounts(users, goodGroups);
+    Page page;
+    EventLoopDelay delay;
+    page.check();
+    QVERIFY(page.view->model()->rowCount() >= count);
+    QVERIFY2(delay.longest() <= 300, qPrintable(QString::number(delay.longest())));
+    page.page.list()->view()->sortByColumn(1, Qt::AscendingOrder);
+    part<QLineEdit>(page.page, "searchField")->setText(text("user4711"));
+    QCOMPARE(shownRows(*page.view).constFirst().section(QLatin1Char('|'), 2, 2), text("user4711"));
+    QVERIFY2(delay.longest() <= 600, qPrintable(QString::number(delay.longest())));
 }
 
 void ProblemsPageTest::checksAgainWhenFilesChange_data()
