@@ -7,6 +7,14 @@ function(ormel_missing what package)
     message(FATAL_ERROR "${what} was not found. On Debian, install the package ${package}. ${advice}")
 endfunction()
 
+# ormel_require_module(<name> <module of pkg-config> <package of Debian> [<advice>]): makes PkgConfig::<name>.
+macro(ormel_require_module name module package)
+    pkg_check_modules(${name} QUIET IMPORTED_TARGET GLOBAL "${module}")
+    if(NOT ${name}_FOUND)
+        ormel_missing("${module}" ${package} ${ARGN})
+    endif()
+endmacro()
+
 # ormel_require(<package of CMake> <version> <package of Debian> [<advice>] [COMPONENTS <component>...])
 macro(ormel_require name version package)
     cmake_parse_arguments(REQUIRE "" "" "COMPONENTS" ${ARGN})
