@@ -108,7 +108,11 @@ DirectoryService::DirectoryService(const QByteArray &entries)
     startServer();
     startLookups();
     // Once it is loaded, the C library takes it for the module of that name.
-    const QString module = unpacked("/lib/" LIBRARY_ARCHITECTURE "/libnss_ldap.so.2");
+    // Debian 12 has it below /lib.
+    QString module = unpacked("/usr/lib/" LIBRARY_ARCHITECTURE "/libnss_ldap.so.2");
+    if (!QFile::exists(module)) {
+        module = unpacked("/lib/" LIBRARY_ARCHITECTURE "/libnss_ldap.so.2");
+    }
     if (!dlopen(qPrintable(module), RTLD_NOW)) {
         qFatal("%s", dlerror());
     }
