@@ -139,7 +139,7 @@ void ScreenshotsTest::mirrorsForLanguagesReadFromTheRight()
     const auto emptySides = [](const char *language) {
         const QTemporaryDir directory;
         const QString variable = text("LANGUAGE=") + text(language);
-        if (takeScreenshots(directory.path(), {variable, text("LC_ALL="), text("LANG=C.UTF-8")}).status != 0) {
+        if (takeScreenshots(directory.path(), {variable}).status != 0) {
             return QStringLiteral("no pictures");
         }
         const QImage picture(directory.filePath(text("page-users.png")));
