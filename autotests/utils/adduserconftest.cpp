@@ -12,6 +12,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <memory>
@@ -136,10 +137,12 @@ void AdduserConfTest::takesPatternFromShippedConfiguration()
     Sandbox::write(adduserConfPath(), configuration);
     QCOMPARE(namePattern(), fallback());
 
-    // The package ships the line as a comment.
-    QVERIFY(configuration.contains("\n#NAME_REGEX=\""));
+    // The package ships the line as a comment. The pattern is not the same in each release.
+    const QRegularExpressionMatch shipped =
+        QRegularExpression(QStringLiteral("\n#NAME_REGEX=\"(\\^.*\\$)\"\n")).match(QString::fromLatin1(configuration));
+    QVERIFY(shipped.hasMatch());
     Sandbox::write(adduserConfPath(), configuration.replace("\n#NAME_REGEX=\"", "\nNAME_REGEX=\""));
-    QCOMPARE(namePattern(), QStringLiteral("^[a-z][-a-z0-9_]*\\$?$"));
+    QCOMPARE(namePattern(), shipped.captured(1));
     QCOMPARE(check(UserUtils::createUserNameValidator, QStringLiteral("machine$")), Accepted);
     QCOMPARE(check(UserUtils::createUserNameValidator, QStringLiteral("_user")), Rejected);
 }
