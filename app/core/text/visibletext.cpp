@@ -6,28 +6,29 @@
 #include "visibletext.h"
 
 #include <QByteArray>
+#include <QVector>
 
 #include <algorithm>
 
 namespace
 {
-constexpr ushort firstPrintable = 0x20;
-constexpr ushort deleteCharacter = 0x7f;
-constexpr ushort controlPictures = 0x2400;
+constexpr uint firstPrintable = 0x20;
+constexpr uint deleteCharacter = 0x7f;
+constexpr uint controlPictures = 0x2400;
 constexpr QChar pictureOfDelete(0x2421);
 constexpr QChar firstStrongIsolate(0x2068);
 constexpr QChar popDirectionalIsolate(0x2069);
 
-bool isJoiner(QChar character)
+bool isJoiner(uint character)
 {
-    constexpr ushort zeroWidthNonJoiner = 0x200c;
-    constexpr ushort zeroWidthJoiner = 0x200d;
-    return character == QChar(zeroWidthNonJoiner) || character == QChar(zeroWidthJoiner);
+    constexpr uint zeroWidthNonJoiner = 0x200c;
+    constexpr uint zeroWidthJoiner = 0x200d;
+    return character == zeroWidthNonJoiner || character == zeroWidthJoiner;
 }
 
-bool isInvisible(QChar character)
+bool isInvisible(uint character)
 {
-    switch (character.category()) {
+    switch (QChar::category(character)) {
     case QChar::Other_Control:
     case QChar::Separator_Line:
     case QChar::Separator_Paragraph:
@@ -39,27 +40,49 @@ bool isInvisible(QChar character)
     }
 }
 
-bool isRightToLeft(QChar character)
+bool isRightToLeft(uint character)
 {
-    return character.direction() == QChar::DirR || character.direction() == QChar::DirAL;
+    return QChar::direction(character) == QChar::DirR || QChar::direction(character) == QChar::DirAL;
 }
 
-QChar signFor(QChar character)
+QChar signFor(uint character)
 {
-    if (character.unicode() < firstPrintable) {
-        return QChar(controlPictures + character.unicode());
+    if (character < firstPrintable) {
+        return QChar(controlPictures + character);
     }
-    return character.unicode() == deleteCharacter ? pictureOfDelete : QChar(QChar::ReplacementCharacter);
+    return character == deleteCharacter ? pictureOfDelete : QChar(QChar::ReplacementCharacter);
+}
+
+QString toText(uint character)
+{
+    if (QChar::requiresSurrogates(character)) {
+        return QString(QChar(QChar::highSurrogate(character))) + QChar(QChar::lowSurrogate(character));
+    }
+    return QChar(character);
+}
+
+/** @p character as JSON strings have it, one escape for each half of a surrogate pair. */
+QString escaped(uint character)
+{
+    QString result;
+    const QString text = toText(character);
+    for (const QChar unit : text) {
+        result += QStringLiteral("\\u%1").arg(unit.unicode(), 4, 16, QLatin1Char('0'));
+    }
+    return result;
 }
 }
 
 QString VisibleText::fromText(const QString &text)
 {
-    QString result = text;
-    if (std::any_of(text.begin(), text.end(), isInvisible)) {
-        std::transform(text.begin(), text.end(), result.begin(), [](QChar character) {
-            return isInvisible(character) ? signFor(character) : character;
-        });
+    const QVector<uint> characters = text.toUcs4();
+    if (std::none_of(characters.begin(), characters.end(), isInvisible)) {
+        return text;
+    }
+    QString result;
+    result.reserve(text.size());
+    for (const uint character : characters) {
+        result += isInvisible(character) ? QString(signFor(character)) : toText(character);
     }
     return result;
 }
@@ -67,21 +90,15 @@ QString VisibleText::fromText(const QString &text)
 QByteArray VisibleText::fromJson(const QByteArray &json)
 {
     // Those below the first printable one are white space between the values; in strings they are escaped already.
-    const auto mustBeEscaped = [](QChar character) {
-        return character.unicode() > firstPrintable && isInvisible(character);
-    };
-    const QString text = QString::fromUtf8(json);
-    if (std::none_of(text.begin(), text.end(), mustBeEscaped)) {
+    const auto mustBeEscaped = [](uint character) { return character > firstPrintable && isInvisible(character); };
+    const QVector<uint> characters = QString::fromUtf8(json).toUcs4();
+    if (std::none_of(characters.begin(), characters.end(), mustBeEscaped)) {
         return json;
     }
     QString result;
-    result.reserve(text.size());
-    for (const QChar character : text) {
-        if (mustBeEscaped(character)) {
-            result += QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0'));
-        } else {
-            result += character;
-        }
+    result.reserve(characters.size());
+    for (const uint character : characters) {
+        result += mustBeEscaped(character) ? escaped(character) : toText(character);
     }
     return result.toUtf8();
 }
@@ -89,7 +106,8 @@ QByteArray VisibleText::fromJson(const QByteArray &json)
 QString VisibleText::isolated(const QString &text)
 {
     const QString visible = fromText(text);
-    return std::any_of(visible.begin(), visible.end(), isRightToLeft)
+    const QVector<uint> characters = visible.toUcs4();
+    return std::any_of(characters.begin(), characters.end(), isRightToLeft)
         ? firstStrongIsolate + visible + popDirectionalIsolate
         : visible;
 }

@@ -18,7 +18,12 @@ QString character(uint codePoint)
 
 QString escaped(uint codePoint)
 {
-    return QStringLiteral("\\u%1").arg(codePoint, 4, 16, QLatin1Char('0'));
+    QString result;
+    const QString text = character(codePoint);
+    for (const QChar unit : text) {
+        result += QStringLiteral("\\u%1").arg(unit.unicode(), 4, 16, QLatin1Char('0'));
+    }
+    return result;
 }
 }
 
@@ -36,6 +41,7 @@ private Q_SLOTS:
     void escapesInvisibleCharactersInJson();
     void keepsLayoutOfJson();
     void isolatesRightToLeftText();
+    void isolatesRareScripts();
     void doesNotIsolateLeftToRightText();
 };
 
@@ -53,8 +59,8 @@ void VisibleTextTest::replacesInvisibleCharacters_data()
     QTest::newRow("unit separator") << 0x1fU << 0x241fU;
     QTest::newRow("delete") << 0x7fU << 0x2421U;
     for (const uint codePoint :
-         {0x80,   0x85,   0x9b,   0x9f,   0xad,   0x61c,  0x200b, 0x200e, 0x200f, 0x2028, 0x2029,
-          0x202a, 0x202c, 0x202d, 0x202e, 0x2060, 0x2066, 0x2067, 0x2068, 0x2069, 0x206f, 0xfeff}) {
+         {0x80,   0x85,   0x9b,   0x9f,   0xad,   0x61c,  0x200b, 0x200e, 0x200f, 0x2028,  0x2029,  0x202a, 0x202c,
+          0x202d, 0x202e, 0x2060, 0x2066, 0x2067, 0x2068, 0x2069, 0x206f, 0xfeff, 0x1d173, 0xe0001, 0xe0041}) {
         QTest::addRow("U+%04X", codePoint) << codePoint << 0xfffdU;
     }
 }
@@ -81,6 +87,7 @@ void VisibleTextTest::keepsVisibleText_data()
     QTest::newRow("Hebrew") << QStringLiteral(u"\u05d0\u05d1");
     QTest::newRow("joiners") << QStringLiteral(u"\u0645\u200c\u0645\u200d\u0645");
     QTest::newRow("emoji") << character(0x1f600);
+    QTest::newRow("Phoenician") << character(0x10900);
 }
 
 void VisibleTextTest::keepsVisibleText()
@@ -131,6 +138,12 @@ void VisibleTextTest::isolatesRightToLeftText()
     QCOMPARE(VisibleText::isolated(QStringLiteral(u"1\u05d0")), QStringLiteral(u"\u20681\u05d0\u2069"));
     QCOMPARE(VisibleText::isolated(QStringLiteral(u"\u2069\u0627\n")),
              QStringLiteral(u"\u2068\ufffd\u0627\u240a\u2069"));
+}
+
+void VisibleTextTest::isolatesRareScripts()
+{
+    const QString phoenician = character(0x10900);
+    QCOMPARE(VisibleText::isolated(phoenician), QChar(0x2068) + phoenician + QChar(0x2069));
 }
 
 void VisibleTextTest::doesNotIsolateLeftToRightText()
