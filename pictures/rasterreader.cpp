@@ -43,5 +43,8 @@ PictureReader::Result RasterReader::read(QImageReader &reader)
     if (!reader.read(&image)) {
         return {{}, Problem::NotAPicture, reader.errorString()};
     }
+    if (image.isNull()) { // as Qt reads an SVG picture without a size
+        return {{}, Problem::NotAPicture, QImageReader::tr("Unable to read image data")};
+    }
     return {image, Problem::None, {}};
 }

@@ -80,6 +80,7 @@ private Q_SLOTS:
     void refusesLongText_data();
     void refusesLongText();
     void refusesDeepNesting();
+    void refusesPictureWithoutSize();
     void refusesDamagedText_data();
     void refusesDamagedText();
 
@@ -215,6 +216,14 @@ void SvgTest::refusesLongText()
     const qint64 before = PeakMemory::bytes();
     QCOMPARE(read(content).problem, Problem::TooLarge);
     QVERIFY(PeakMemory::bytes() - before < 150LL * mebibyte);
+}
+
+void SvgTest::refusesPictureWithoutSize()
+{
+    const PictureReader::Result result = read("<svg xmlns=\"http://www.w3.org/2000/svg\"/>");
+    QVERIFY(result.image.isNull());
+    QCOMPARE(result.problem, Problem::NotAPicture);
+    QCOMPARE(result.details, QStringLiteral("Unable to read image data"));
 }
 
 void SvgTest::refusesDeepNesting()
