@@ -11,6 +11,8 @@
 
 #include <UserInfo>
 
+#include <algorithm>
+
 #include <grp.h>
 #include <pwd.h>
 
@@ -52,6 +54,52 @@ void reload(GroupInfo group)
     Fuzzing::require(group.gid() == found.gid() && group.users() == found.users(),
                      QLatin1String("A group, read again: ") + describe(found));
 }
+
+/** The first of @p records that has what @p isWanted asks for, as text; null for none. */
+template<typename Record, typename Predicate>
+QString first(const QList<Record> &records, Predicate isWanted)
+{
+    const auto found = std::find_if(records.begin(), records.end(), isWanted);
+    return found == records.end() ? QString() : describe(*found);
+}
+
+/** Finds a user by id. What the C library does not find is not in the file for it. */
+void findUser(uint uid, const QList<UserInfo> &users)
+{
+    passwd *entry = getpwuid(uid);
+    if (!entry) {
+        Fuzzing::require(UserInfo::getUser(uid).isEmpty(), QStringLiteral("There is no user %1").arg(uid));
+        return;
+    }
+    const QString name = QString::fromLatin1(entry->pw_name);
+    const QString expected =
+        first(users, [&](const UserInfo &user) { return user.uid() == uid && user.name() == name; });
+    requireEqual(describe(UserInfo::getUser(uid)), expected, "A user by uid");
+    const QList<GroupInfo> groups = UserInfo::getUserGroups(getpwuid(uid));
+    requireEqual(text(describe(groups)), text(describe(UserInfo::getUser(uid).groups())), "The groups of a user");
+}
+
+void findGroup(uint gid, const QList<GroupInfo> &groups)
+{
+    const group *entry = getgrgid(gid);
+    if (!entry) {
+        Fuzzing::require(GroupInfo::getGroup(gid).isEmpty(), QStringLiteral("There is no group %1").arg(gid));
+        return;
+    }
+    const QString name = QString::fromLatin1(entry->gr_name);
+    const QString expected =
+        first(groups, [&](const GroupInfo &group) { return group.gid() == gid && group.name() == name; });
+    requireEqual(describe(GroupInfo::getGroup(gid)), expected, "A group by gid");
+}
+
+void checkPrimaryGroups(const QList<UserInfo> &users)
+{
+    QHash<uint, QStringList> expected;
+    for (const UserInfo &user : users) {
+        expected[user.gid()].append(user.name());
+    }
+    Fuzzing::require(GroupInfo::getPrimaryGroups() == expected, QStringLiteral("The members by primary group"));
+}
 }
 
 void Target::prepare()
@@ -83,9 +131,14 @@ void Target::run(const QByteArray &input)
     const QList<UserInfo> firstUsers = actualUsers.mid(0, mostReloads);
     for (const UserInfo &user : firstUsers) {
         reload(user);
+        findUser(user.uid(), actualUsers);
+        findUser(user.uid() + 1, actualUsers);
     }
     const QList<GroupInfo> firstGroups = actualGroups.mid(0, mostReloads);
     for (const GroupInfo &group : firstGroups) {
         reload(group);
+        findGroup(group.gid(), actualGroups);
+        findGroup(group.gid() + 1, actualGroups);
     }
+    checkPrimaryGroups(actualUsers);
 }

@@ -8,10 +8,12 @@
 
 #include <UserIconDialog>
 
+#include <QClipboard>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QGuiApplication>
 #include <QImageReader>
 #include <QPushButton>
 #include <QToolButton>
@@ -98,6 +100,13 @@ QImage shownImage()
     return QImageReader(picturePath()).read(&image) ? image : QImage();
 }
 
+/** Hands @p image over as other programs do, through the clipboard. */
+void paste(const UserIconDialog &dialog, const QImage &image)
+{
+    QGuiApplication::clipboard()->setImage(image);
+    part<QToolButton>(dialog, "clipboardButton")->click();
+}
+
 /** Whether @p shown looks like @p file, where its colour table ends too early transparent or black. */
 bool hasPixelsOf(const QImage &shown, const QImage &file)
 {
@@ -165,6 +174,11 @@ void Target::run(const QByteArray &input)
     part<QToolButton>(dialog, "rotateCounterClockwiseButton")->click();
     require(image.size() == size, QStringLiteral("A picture turned back stands again"));
 
-    dialog.setPixmap(QPixmap::fromImage(shownImage()));
+    const QImage original = shownImage();
+    paste(dialog, original);
+    require(original.isNull() || hasPixelsOf(image, original), QStringLiteral("The dialog shows what is pasted"));
+    checkSelection(dialog, image);
+
+    dialog.setPixmap(QPixmap::fromImage(original));
     checkSelection(dialog, image);
 }

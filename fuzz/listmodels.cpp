@@ -3,6 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "accountscript.h"
 #include "fuzzing.h"
 #include "listoracle.h"
 #include "modellog.h"
@@ -15,54 +16,13 @@ using Fuzzing::require;
 using Fuzzing::requireEqual;
 
 // An input is a script. Its commands, which both models obey, are those of ListStage::act() and of
-// AccountFiles::act().
+// AccountScript::act().
 
 namespace
 {
 constexpr int mostCommands = 60;
 constexpr int beyondFilters = 8;
 constexpr int mostRows = 20;
-
-/** The account files, which a script makes line by line and then puts in place. */
-class AccountFiles
-{
-public:
-    AccountFiles()
-    {
-        add("user", "root:x:0:0::/root:/bin/sh");
-        add("user", "zoe:x:1000:1000::/home/zoe:/bin/sh");
-        add("user", "adam:x:1001:50::/home/adam:/bin/sh");
-        add("group", "root:x:0:");
-        add("group", "zoe:x:1000:");
-        add("group", "staff:x:50:zoe");
-        add("group", "ormel-admin:x:27:adam");
-        put();
-    }
-
-    void act(const Command &command)
-    {
-        const QByteArray &verb = command.verb();
-        if (verb == "user" || verb == "group") {
-            add(verb, command.text(0).toLatin1());
-        } else if (verb == "put") {
-            put();
-        }
-    }
-
-private:
-    void add(const QByteArray &file, const QByteArray &line)
-    {
-        m_lines[file] += line + '\n';
-    }
-
-    void put()
-    {
-        Sandbox::setAccounts(m_lines.value("user"), m_lines.value("group"));
-        m_lines.clear();
-    }
-
-    QHash<QByteArray, QByteArray> m_lines;
-};
 
 /** Does the same to a model and to the rules for it. */
 template<typename Kind>
@@ -131,6 +91,8 @@ public:
                     QStringLiteral("A name is found in its first row"));
         }
         require(m_model->isEmpty() == (m_oracle.rowCount() == 0), QStringLiteral("A model without rows is empty"));
+        const QString header = m_model->headerData(Kind::idColumn, Qt::Horizontal).toString();
+        requireEqual(header, QLatin1String(Kind::idHeader), "The title of the ids");
         requireEqual(Kind::selectedNames(*m_model).join(QLatin1Char(' ')),
                      m_oracle.selectedNames().join(QLatin1Char(' ')),
                      "The selected names");
@@ -240,7 +202,7 @@ void Target::prepare()
 
 void Target::run(const QByteArray &input)
 {
-    AccountFiles files;
+    AccountScript files;
     ListStage<Users> users;
     ListStage<Groups> groups;
     const QList<Command> commands = Fuzzing::commands(input, mostCommands);

@@ -10,6 +10,8 @@
 
 #include <QSet>
 
+#include <algorithm>
+
 #include <grp.h>
 #include <pwd.h>
 
@@ -112,6 +114,19 @@ void explainValue(const LimitsParser::Field &rule)
     }
     requireEqual(LimitsParser::valueToString(rule.value, rule.item), expected, "The text of a value");
 }
+
+/** Compares a lookup by domain and item with the first rule that has both. */
+void explainFirst(const LimitsParser &limits, const LimitsParser::Field &rule)
+{
+    const QList<LimitsParser::Field> rules = limits.fields();
+    const auto first = std::find_if(rules.begin(), rules.end(), [&rule](const LimitsParser::Field &other) {
+        return other.domain == rule.domain && other.item == rule.item;
+    });
+    requireEqual(describe(limits.findField(rule.domain, rule.item)), describe(first->value), "The value of a rule");
+    const bool isKnown = LimitsParser::m_fieldDescriptionsMap.contains(rule.item);
+    Fuzzing::require(LimitsParser::availableItems().contains(rule.item) == isKnown,
+                     QStringLiteral("The items of the catalogue are available"));
+}
 }
 
 void Target::prepare()
@@ -138,6 +153,7 @@ void Target::run(const QByteArray &input)
     const QList<LimitsParser::Field> rules = limits.fields();
     for (const LimitsParser::Field &rule : rules) {
         items.insert(rule.item);
+        explainFirst(limits, rule);
         explain(rule.domain);
         explainValue(rule);
     }
