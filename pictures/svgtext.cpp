@@ -77,16 +77,13 @@ QByteArray svgWithoutReferences(const QByteArray &svg)
     writer.writeStartDocument();
     QXmlStreamReader reader(svg);
     reader.setNamespaceProcessing(false); // as Qt reads SVG
-    int depth = 0;
     do {
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement:
             copyStart(reader, writer);
-            ++depth;
             break;
         case QXmlStreamReader::EndElement:
             writer.writeEndElement();
-            --depth;
             break;
         case QXmlStreamReader::Characters:
             writer.writeCharacters(reader.text().toString());
@@ -94,6 +91,6 @@ QByteArray svgWithoutReferences(const QByteArray &svg)
         default: // instructions, which name style sheets; entities are resolved by now
             break;
         }
-    } while (!reader.hasError() && (depth > 0 || !reader.isEndElement()));
-    return result;
+    } while (!reader.atEnd());
+    return reader.hasError() ? QByteArray() : result; // Qt takes no part of a damaged text either
 }

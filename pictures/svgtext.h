@@ -10,7 +10,7 @@ class QByteArray;
 
 /**
  * The SVG picture @p svg without what refers to other files: links, style sheets and images. Images
- * that are part of the text stay. A text that is not valid is cut off where it stops being so.
+ * that are part of the text stay. Empty when the text is damaged.
  */
 QByteArray svgWithoutReferences(const QByteArray &svg);
 

@@ -242,6 +242,8 @@ void SvgTest::refusesDamagedText_data()
     QTest::newRow("only the start") << whole.left(whole.size() / 2);
     QTest::newRow("without the end") << whole.chopped(6);
     QTest::newRow("mixed up") << PictureFiles::svg("<g></svg>");
+    QTest::newRow("more behind the end") << whole + "<svg/>";
+    QTest::newRow("text behind the end") << whole + "text";
     QTest::newRow("compressed and damaged") << PictureFiles::gzipped(whole).left(20);
 }
 
