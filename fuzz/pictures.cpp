@@ -25,8 +25,6 @@ using Fuzzing::require;
 // An input is a whole picture file of any format. It is read as one that the operator chose, and as
 // one that a user keeps. Neither may open another file or take more than its share of time and memory.
 
-extern "C" Q_DECL_EXPORT int open64(const char *path, int flags, ...);
-
 namespace
 {
 /** Larger ones, up to what the reader takes, only take longer. */
