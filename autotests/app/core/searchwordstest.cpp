@@ -63,6 +63,7 @@ void SearchWordsTest::findsNumbersByTheirDigits()
     QVERIFY(word.isIn(21003U));
     QVERIFY(!word.isIn(1010U));
     QVERIFY(!SearchWords(QStringLiteral("a1")).words().at(0).isIn(1U));
+    QVERIFY(SearchWords(QStringLiteral("90")).words().at(0).isIn(1900U));
 }
 
 void SearchWordsTest::tellsWhereHitsAre_data()
