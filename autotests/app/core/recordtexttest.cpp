@@ -72,6 +72,7 @@ void RecordTextTest::findsRecordsOfText_data()
     QTest::newRow("empty") << QString() << QStringList{QString()};
     QTest::newRow("umlaut") << QStringLiteral(u"j\u00fcrg") << QStringList{record("j\xc3\xbcrg"), record("j\xfcrg")};
     QTest::newRow("Cyrillic") << QStringLiteral(u"\u0416") << QStringList{record("\xd0\x96")};
+    QTest::newRow("last of Latin-1") << QStringLiteral(u"\u00ff") << QStringList{record("\xc3\xbf"), record("\xff")};
 }
 
 void RecordTextTest::findsRecordsOfText()
