@@ -7,8 +7,10 @@
 
 #include "about.h"
 #include "command.h"
+#include "commandsdialog.h"
 #include "icons.h"
 #include "mainwindow.h"
+#include "plan.h"
 
 #include <GroupInfo>
 #include <GroupSelectDialog>
@@ -81,6 +83,15 @@ std::unique_ptr<QWidget> selectIcon()
     return dialog;
 }
 
+std::unique_ptr<QWidget> commands()
+{
+    Plan plan;
+    plan.add({"usermod", "--append", "--groups", "audio,video"}, "ada");
+    plan.add({"gpasswd", "--delete", "ada"}, "staff");
+    return std::make_unique<CommandsDialog>(i18nc("@title:window", "Change the Groups of %1", QStringLiteral("ada")),
+                                            plan);
+}
+
 std::unique_ptr<QWidget> about()
 {
     return std::unique_ptr<QWidget>(About::createDialog());
@@ -97,6 +108,7 @@ const Dialog dialogs[] = {
     {"dialog-select-groups", [] { return selectGroups(false); }},
     {"dialog-select-one-group", [] { return selectGroups(true); }},
     {"dialog-select-icon", selectIcon},
+    {"dialog-commands", commands},
     {"dialog-about", about},
 };
 

@@ -7,7 +7,6 @@
 
 #include "about.h"
 #include "accountstore.h"
-#include "choosepage.h"
 #include "groupspage.h"
 #include "help.h"
 #include "history.h"
@@ -85,7 +84,6 @@ void MainWindow::addPages()
     addPage(m_groupsPage, "groups", i18nc("@title:tab also in a menu", "&Groups"));
     addPage(m_limitsPage, "limits", i18nc("@title:tab also in a menu", "&Limits"));
     addPage(new NewAccountPage(m_store), "new-account", i18nc("@title:tab also in a menu", "&New Account"));
-    addPage(new ChoosePage, "choose", i18nc("@title:tab also in a menu", "&Choose"));
     m_problemsPage = new ProblemsPage(m_problems);
     addPage(m_problemsPage, "problems", i18nc("@title:tab also in a menu", "&Problems"));
     for (ListPage *page : {m_usersPage, m_groupsPage, m_problemsPage}) {
@@ -225,6 +223,8 @@ void MainWindow::updatePage()
     m_editMenu->clear();
     if (list) {
         m_editMenu->addActions(list->rowActions()->actions());
+        m_editMenu->addSeparator();
+        m_editMenu->addActions(m_pages->currentWidget()->actions());
     }
     m_editMenu->menuAction()->setVisible(list);
 }

@@ -50,6 +50,16 @@ void addGroups(Plan &plan, const QString &user, const QStringList &groups)
 }
 }
 
+QStringList Memberships::localUsers()
+{
+    QStringList names;
+    const QHash<uint, QStringList> members = GroupInfo::getPrimaryGroups();
+    for (const QStringList &users : members) {
+        names += users;
+    }
+    return names;
+}
+
 bool Memberships::fitsInList(const QByteArray &group)
 {
     static const QRegularExpression name(QStringLiteral("\\A[A-Za-z_][A-Za-z0-9_.-]*[$]?\\z"));

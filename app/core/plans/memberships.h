@@ -24,6 +24,9 @@ Plan changeGroups(const QString &user, const QStringList &wanted, const QList<Gr
  */
 Plan changeMembers(const GroupMembers &group, const QStringList &wanted, const QStringList &accounts);
 
+/** The users of /etc/passwd. */
+QStringList localUsers();
+
 /** Whether usermod and useradd take @p group for itself in a list, and not for several names or for a gid. */
 bool fitsInList(const QByteArray &group);
 

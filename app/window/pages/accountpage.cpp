@@ -6,6 +6,7 @@
 #include "accountpage.h"
 
 #include "pagelayout.h"
+#include "recordview.h"
 
 AccountPage::AccountPage(AccountStore *store, AccountLink::Kind kind, RecordList *list, QWidget *parent)
     : ListPage(kind, list, parent)
@@ -17,6 +18,18 @@ AccountPage::AccountPage(AccountStore *store, AccountLink::Kind kind, RecordList
 AccountStore *AccountPage::store() const
 {
     return m_store;
+}
+
+QAction *AccountPage::addPlanAction(const QString &text, const QString &icon)
+{
+    RecordView *view = list()->view();
+    auto *action = new QAction(QIcon::fromTheme(icon), text, this);
+    action->setEnabled(view->currentRecord() != -1);
+    connect(
+        view, &RecordView::currentRecordChanged, action, [action](int record) { action->setEnabled(record != -1); });
+    addAction(action);
+    view->addAction(action);
+    return action;
 }
 
 void AccountPage::arrange(const QVector<QWidget *> &parts)

@@ -9,7 +9,12 @@
 #include "accountstore.h"
 #include "listpage.h"
 
-/** A list of accounts beside all there is to know of the current one. */
+#include <QAction>
+
+/**
+ * A list of accounts beside all there is to know of the current one. The actions of the page plan changes of
+ * the current account.
+ */
 class AccountPage : public ListPage
 {
     Q_OBJECT
@@ -19,10 +24,21 @@ protected:
 
     AccountStore *store() const;
 
+    /** Adds an action for the current account, which @p plan plans a change of. */
+    template<typename Page>
+    QAction *addPlanAction(const QString &text, const QString &icon, void (Page::*plan)())
+    {
+        QAction *action = addPlanAction(text, icon);
+        connect(action, &QAction::triggered, static_cast<Page *>(this), plan);
+        return action;
+    }
+
     /** Puts @p parts, one above the other, beside the list. */
     void arrange(const QVector<QWidget *> &parts);
 
 private:
+    QAction *addPlanAction(const QString &text, const QString &icon);
+
     AccountStore *const m_store;
 };
 

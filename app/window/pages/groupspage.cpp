@@ -5,11 +5,18 @@
 
 #include "groupspage.h"
 
+#include "commandsdialog.h"
+#include "findaccount.h"
 #include "groupdetails.h"
 #include "groupmodel.h"
 #include "memberlist.h"
+#include "memberships.h"
 #include "recordview.h"
 #include "sessionlimitsview.h"
+#include "visibletext.h"
+#include "waitcursor.h"
+
+#include <UserSelectDialog>
 
 #include <KLocalizedString>
 
@@ -56,6 +63,11 @@ GroupsPage::GroupsPage(AccountStore *store, GroupModel *model, QWidget *parent)
     , m_limits(new SessionLimitsView(this))
 {
     m_model->setParent(this);
+    addPlanAction(i18nc("@action change the members of a group", "Change Mem&bers…"),
+                  QStringLiteral("user-group-properties"),
+                  &GroupsPage::changeMembers)
+        ->setObjectName(QStringLiteral("changeMembers"));
+    m_details->addButtons(actions());
     arrange({createGroupPart(), m_limits});
     GroupsPage::showRecord(-1);
     connect(m_members, &MemberList::followed, this, &AccountPage::followed);
@@ -108,4 +120,23 @@ void GroupsPage::showLimits()
         const auto member = PamLimits::Account::memberOf(m_model->group(record).gid);
         m_limits->show(store()->limits(), member, store()->limitsError());
     }
+}
+
+void GroupsPage::changeMembers()
+{
+    const QString name = list()->view()->currentName();
+    const QString shownName = VisibleText::isolated(name);
+    Plan plan;
+    const GroupInfo group = underWaitCursor([&name] { return FindAccount::group(name); });
+    if (group.isEmpty()) {
+        plan.notes.append(i18n("There is no group '%1'.", shownName));
+    } else {
+        const auto dialog = makeDialog<UserSelectDialog>(group, group.users(), window());
+        if (dialog->exec() != QDialog::Accepted) {
+            return;
+        }
+        plan =
+            Memberships::changeMembers(GroupMembers::of(group), dialog->selectedUserNames(), Memberships::localUsers());
+    }
+    CommandsDialog(i18nc("@title:window", "Change the Members of %1", shownName), plan, window()).exec();
 }

@@ -30,6 +30,7 @@ private:
     void showGroups();
     void showMembers();
     void showLimits();
+    void changeMembers();
 
     GroupModel *const m_model;
     GroupDetails *const m_details;

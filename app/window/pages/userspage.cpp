@@ -5,13 +5,25 @@
 
 #include "userspage.h"
 
+#include "commandsdialog.h"
+#include "findaccount.h"
+#include "memberships.h"
 #include "recordview.h"
+#include "savepicture.h"
 #include "sessionaccountof.h"
 #include "sessionlimitsview.h"
 #include "userdetails.h"
 #include "usermodel.h"
+#include "visibletext.h"
+#include "waitcursor.h"
+
+#include <GroupSelectDialog>
+#include <UserIconDialog>
+#include <UserInfo>
 
 #include <KLocalizedString>
+
+#include <QMessageBox>
 
 namespace
 {
@@ -66,6 +78,15 @@ UsersPage::UsersPage(AccountStore *store, UserModel *model, QWidget *parent)
     , m_limits(new SessionLimitsView(this))
 {
     m_model->setParent(this);
+    addPlanAction(i18nc("@action change the groups of a user", "Change &Groups…"),
+                  QStringLiteral("user-group-properties"),
+                  &UsersPage::changeGroups)
+        ->setObjectName(QStringLiteral("changeGroups"));
+    addPlanAction(i18nc("@action cut a picture for a user", "Cut &Picture…"),
+                  QStringLiteral("transform-crop"),
+                  &UsersPage::cutPicture)
+        ->setObjectName(QStringLiteral("cutPicture"));
+    m_details->addButtons(actions());
     arrange({m_details, m_limits});
     UsersPage::showRecord(-1);
     connect(m_details, &Details::followed, this, &AccountPage::followed);
@@ -95,5 +116,38 @@ void UsersPage::showLimits()
     const int record = list()->view()->currentRecord();
     if (record != -1) {
         m_limits->show(store()->limits(), sessionAccountOf(m_model->user(record)), store()->limitsError());
+    }
+}
+
+void UsersPage::changeGroups()
+{
+    const QString name = list()->view()->currentName();
+    const QString shownName = VisibleText::isolated(name);
+    Plan plan;
+    const UserInfo user = underWaitCursor([&name] { return FindAccount::user(name); });
+    if (user.isEmpty()) {
+        plan.notes.append(i18n("There is no user '%1'.", shownName));
+    } else {
+        const auto dialog = makeDialog<GroupSelectDialog>(user.name(), user.groupNames(), window());
+        if (dialog->exec() != QDialog::Accepted) {
+            return;
+        }
+        plan = Memberships::changeGroups(user.name(), dialog->selectedGroupNames(), GroupMembers::ofAllGroups());
+    }
+    CommandsDialog(i18nc("@title:window", "Change the Groups of %1", shownName), plan, window()).exec();
+}
+
+void UsersPage::cutPicture()
+{
+    const QString name = list()->view()->currentName();
+    UserIconDialog dialog(window());
+    if (dialog.exec() != QDialog::Accepted) {
+        return;
+    }
+    const QPixmap picture = dialog.selectedPixmap();
+    if (picture.isNull()) {
+        QMessageBox::information(window(), dialog.windowTitle(), i18n("No picture was chosen."));
+    } else {
+        savePicture(picture, name, window());
     }
 }

@@ -27,6 +27,8 @@ private:
     UsersPage(AccountStore *store, UserModel *model, QWidget *parent);
     void showUsers();
     void showLimits();
+    void changeGroups();
+    void cutPicture();
 
     UserModel *const m_model;
     UserDetails *const m_details;

@@ -22,12 +22,6 @@ QString joined(const QStringList &names)
 }
 }
 
-QString chosenUsers(const QStringList &names)
-{
-    return names.isEmpty() ? i18n("No users chosen.")
-                           : i18np("%1 user: %2", "%1 users: %2", names.size(), joined(names));
-}
-
 QString chosenGroups(const QStringList &names)
 {
     return names.isEmpty() ? i18n("No groups chosen.")

@@ -8,9 +8,6 @@
 
 #include <QStringList>
 
-/** For example "2 users: alice, bob". */
-QString chosenUsers(const QStringList &names);
-
 /** For example "2 groups: audio, video". */
 QString chosenGroups(const QStringList &names);
 

@@ -5,14 +5,17 @@
 
 #include "details.h"
 
+#include "formrow.h"
 #include "lefttoright.h"
 #include "linelabel.h"
 #include "linklabel.h"
 #include "pagelayout.h"
 #include "visibletext.h"
 
+#include <QAction>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QPushButton>
 
 namespace
 {
@@ -20,6 +23,17 @@ namespace
 constexpr int minCharacters = 40;
 
 constexpr qreal titleScale = 1.3;
+
+QPushButton *createButton(QAction *action)
+{
+    auto *button = new QPushButton(action->icon(), action->text());
+    button->setObjectName(action->objectName());
+    makeRoomForMnemonic(button, button->text());
+    button->setEnabled(action->isEnabled());
+    QObject::connect(action, &QAction::changed, button, [action, button] { button->setEnabled(action->isEnabled()); });
+    QObject::connect(button, &QPushButton::clicked, action, &QAction::trigger);
+    return button;
+}
 }
 
 Details::Details(int pictureSize, QWidget *parent)
@@ -114,6 +128,27 @@ void Details::addField(const QString &title, QLabel *field)
     field->setFocusPolicy(Qt::StrongFocus);
     field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     PageLayout::addRow(m_fieldsLayout, title, field);
+}
+
+void Details::addButtons(const QList<QAction *> &actions)
+{
+    QVector<QWidget *> buttons;
+    int width = 0;
+    for (QAction *action : actions) {
+        buttons.append(createButton(action));
+        width += buttons.constLast()->sizeHint().width();
+    }
+    // In one line only where that makes the details no wider.
+    const bool fit = width < minimumWidth();
+    auto *line = new QBoxLayout(fit ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    for (QWidget *button : qAsConst(buttons)) {
+        line->addWidget(button, 0, Qt::AlignLeading);
+    }
+    if (fit) {
+        line->addStretch();
+    }
+    auto *layout = static_cast<QVBoxLayout *>(widget()->layout());
+    layout->insertLayout(layout->count() - 1, line); // above the stretch
 }
 
 void Details::setText(LineLabel &field, const QString &text)

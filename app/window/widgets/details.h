@@ -11,6 +11,7 @@
 
 class LineLabel;
 class LinkLabel;
+class QAction;
 class QFormLayout;
 class QLabel;
 
@@ -38,6 +39,9 @@ public:
 
     /** A field for links to accounts. */
     LinkLabel *addLinks(const QString &title);
+
+    /** Adds buttons below the fields, one for each action. */
+    void addButtons(const QList<QAction *> &actions);
 
     /** Shows @p text in @p field, or a dash when there is none. */
     static void setText(LineLabel &field, const QString &text);

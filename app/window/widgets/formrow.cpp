@@ -9,7 +9,6 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QVBoxLayout>
 
 void addRow(QFormLayout *form, const QString &text, const QVector<QWidget *> &widgets, QWidget *note)
@@ -51,12 +50,4 @@ void makeRoomForMnemonic(QWidget *widget, const QString &text)
     if (apart > joined) {
         widget->setMinimumWidth(widget->sizeHint().width() + apart - joined);
     }
-}
-
-void makeRoomForPlaceholder(QLineEdit *edit)
-{
-    const QFontMetrics metrics = edit->fontMetrics();
-    const int frame = edit->minimumSizeHint().width() - metrics.maxWidth();
-    // With room for the cursor and the margins beside it.
-    edit->setMinimumWidth(frame + metrics.horizontalAdvance(edit->placeholderText() + QLatin1Char('x')));
 }

@@ -9,7 +9,6 @@
 #include <QVector>
 
 class QFormLayout;
-class QLineEdit;
 class QString;
 class QWidget;
 
@@ -24,8 +23,5 @@ void addRow(QFormLayout *form, const QString &text, const QVector<QWidget *> &wi
  * scripts that join letters this takes more room than Qt gives it.
  */
 void makeRoomForMnemonic(QWidget *widget, const QString &text);
-
-/** Makes @p edit wide enough for its placeholder text. */
-void makeRoomForPlaceholder(QLineEdit *edit);
 
 #endif

@@ -30,6 +30,14 @@ private:
     Q_DISABLE_COPY(WaitCursor)
 };
 
+/** Does @p work, which reads accounts, under the wait cursor. */
+template<typename Work>
+auto underWaitCursor(Work work)
+{
+    const WaitCursor wait;
+    return work();
+}
+
 /** Makes a dialog, which reads the accounts, under the wait cursor. */
 template<typename Dialog, typename... Arguments>
 std::unique_ptr<Dialog> makeDialog(Arguments &&...arguments)

@@ -168,7 +168,6 @@ void MainWindowTest::startsOnPageWithoutList_data()
 
     QTest::newRow("limits") << 2;
     QTest::newRow("new account") << 3;
-    QTest::newRow("choose") << 4;
 }
 
 void MainWindowTest::startsOnPageWithoutList()
@@ -201,14 +200,16 @@ void MainWindowTest::hasMenus()
                           text("Copy as C&SV"),
                           text("Copy as &JSON"),
                           text("Select &All Ctrl+A"),
-                          QStringLiteral(u"&Export\u2026")}));
+                          QStringLiteral(u"&Export\u2026"),
+                          text("-"),
+                          QStringLiteral(u"Change &Groups\u2026"),
+                          QStringLiteral(u"Cut &Picture\u2026")}));
     QCOMPARE(menus.at(2),
              QStringList({text("&Users Alt+1"),
                           text("&Groups Alt+2"),
                           text("&Limits Alt+3"),
                           text("&New Account Alt+4"),
-                          text("&Choose Alt+5"),
-                          text("&Problems Alt+6"),
+                          text("&Problems Alt+5"),
                           text("-"),
                           text("&Search Ctrl+F"),
                           text("-"),

@@ -121,13 +121,13 @@ activates "Select Groups — Ormel Users"
 key Escape
 activates "Ormel Users"
 
-# Choose: the members of a group, as they are.
-key alt+5 alt+o s t a f f alt+m
+# The commands that change the members of a group.
+key alt+2 alt+b
 activates "Select Users — Ormel Users"
 key Return
+activates "Change the Members of video — Ormel Users"
+key Escape
 activates "Ormel Users"
-key alt+s
-copies "2 users: alice, bob"
 
 # Help on the page.
 key F1

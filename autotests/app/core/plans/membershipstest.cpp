@@ -49,16 +49,6 @@ GroupMembers membersOf(const char *group)
     return GroupMembers::of(GroupInfo::getGroup(text(group)));
 }
 
-QStringList accounts()
-{
-    QStringList names;
-    const QHash<uint, QStringList> primaryMembers = GroupInfo::getPrimaryGroups();
-    for (const QStringList &members : primaryMembers) {
-        names += members;
-    }
-    return names;
-}
-
 /** The groups of a user as the library reads them. */
 QStringList groupsOf(const QString &user)
 {
@@ -153,12 +143,13 @@ void MembershipsTest::changesNothingWhenNothingIsWanted()
     const Plan plan = Memberships::changeGroups(text("ada"), groups, GroupMembers::ofAllGroups());
     QVERIFY(plan.commands.isEmpty() && plan.notes.isEmpty());
     const GroupMembers audio = membersOf("audio");
-    QVERIFY(Memberships::changeMembers(audio, audio.all(), accounts()).commands.isEmpty());
+    QVERIFY(Memberships::changeMembers(audio, audio.all(), Memberships::localUsers()).commands.isEmpty());
 }
 
 void MembershipsTest::changesMembers()
 {
-    const Plan plan = Memberships::changeMembers(membersOf("staff"), {text("bob"), text("root")}, accounts());
+    const Plan plan =
+        Memberships::changeMembers(membersOf("staff"), {text("bob"), text("root")}, Memberships::localUsers());
     QCOMPARE(plan.toText(), QByteArray("gpasswd --add root staff\ngpasswd --delete ada staff\n"));
     QCOMPARE(plan.notes, QStringList(text("This is the primary group of one user, who cannot be removed from it.")));
     QCOMPARE(ShadowTools::run(plan), QByteArray());
@@ -167,7 +158,7 @@ void MembershipsTest::changesMembers()
 
 void MembershipsTest::keepsMembersThatNobodyWasAskedAbout()
 {
-    const Plan plan = Memberships::changeMembers(membersOf("audio"), {}, accounts());
+    const Plan plan = Memberships::changeMembers(membersOf("audio"), {}, Memberships::localUsers());
     QCOMPARE(plan.toText(), QByteArray("gpasswd --delete ada audio\n"));
     QCOMPARE(plan.notes, QStringList(text("One member has no line in /etc/passwd and stays.")));
     QCOMPARE(ShadowTools::run(plan), QByteArray());
@@ -187,12 +178,14 @@ void MembershipsTest::addsMembersOfHostileNames()
 {
     QFETCH(QString, user);
 
-    QCOMPARE(ShadowTools::run(Memberships::changeMembers(membersOf("video"), {user}, accounts())), QByteArray());
+    QCOMPARE(ShadowTools::run(Memberships::changeMembers(membersOf("video"), {user}, Memberships::localUsers())),
+             QByteArray());
     QCOMPARE(GroupInfo::getGroup(text("video")).users(), QStringList(user));
     const QStringList wanted{text("video"), text("audio")};
     QCOMPARE(ShadowTools::run(Memberships::changeGroups(user, wanted, GroupMembers::ofAllGroups())), QByteArray());
     QCOMPARE(groupsOf(user), QStringList({text("audio"), text("video")}));
-    QCOMPARE(ShadowTools::run(Memberships::changeMembers(membersOf("video"), {}, accounts())), QByteArray());
+    QCOMPARE(ShadowTools::run(Memberships::changeMembers(membersOf("video"), {}, Memberships::localUsers())),
+             QByteArray());
     QCOMPARE(groupsOf(user), QStringList(text("audio")));
 }
 
@@ -200,7 +193,7 @@ void MembershipsTest::addsNobodyWhoseNameHasComma()
 {
     // In the line of a group this would be ada and bob.
     const QString both = text("ada,bob");
-    for (const Plan &plan : {Memberships::changeMembers(membersOf("video"), {both}, accounts()),
+    for (const Plan &plan : {Memberships::changeMembers(membersOf("video"), {both}, Memberships::localUsers()),
                              Memberships::changeGroups(both, {text("video")}, GroupMembers::ofAllGroups())}) {
         QVERIFY(plan.commands.isEmpty());
         QCOMPARE(plan.notes,
@@ -213,7 +206,7 @@ void MembershipsTest::saysWhichNamesNoToolTakes()
 {
     const QString eve = text("-eve");
     const QList<GroupMembers> groups = GroupMembers::ofAllGroups();
-    for (const Plan &plan : {Memberships::changeMembers(membersOf("video"), {eve}, accounts()),
+    for (const Plan &plan : {Memberships::changeMembers(membersOf("video"), {eve}, Memberships::localUsers()),
                              Memberships::changeGroups(eve, {text("video")}, groups)}) {
         QVERIFY(plan.commands.isEmpty());
         QCOMPARE(plan.notes,
@@ -224,7 +217,7 @@ void MembershipsTest::saysWhichNamesNoToolTakes()
     });
     QVERIFY(found != groups.end());
     const QString note = text("'-g' begins with '-'. No tool takes such a name: change the line by hand.");
-    QCOMPARE(Memberships::changeMembers(*found, {text("ada")}, accounts()).notes, QStringList(note));
+    QCOMPARE(Memberships::changeMembers(*found, {text("ada")}, Memberships::localUsers()).notes, QStringList(note));
     const Plan plan = Memberships::changeGroups(text("ada"), groupsOf(text("ada")) + QStringList(text("-g")), groups);
     QVERIFY(plan.commands.isEmpty());
     QCOMPARE(plan.notes, QStringList(note));

@@ -1,0 +1,32 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#include "commandsdialog.h"
+
+#include "commandsview.h"
+
+#include <KLocalizedString>
+
+#include <QDialogButtonBox>
+#include <QVBoxLayout>
+
+namespace
+{
+constexpr int characters = 72;
+}
+
+CommandsDialog::CommandsDialog(const QString &title, const Plan &plan, QWidget *parent)
+    : QDialog(parent)
+{
+    setWindowTitle(title);
+    auto *view = new CommandsView(this);
+    view->setPlan(plan, i18n("Nothing is to be changed."));
+    auto *buttonBox = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    connect(buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(view, 1);
+    layout->addWidget(buttonBox);
+    setMinimumWidth(characters * fontMetrics().averageCharWidth());
+}

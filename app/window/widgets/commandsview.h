@@ -1,0 +1,39 @@
+/*
+    SPDX-FileCopyrightText: 2026 The Ormel Users contributors
+    SPDX-License-Identifier: LGPL-2.1-or-later
+*/
+
+#ifndef COMMANDSVIEW_H
+#define COMMANDSVIEW_H
+
+#include "plan.h"
+
+#include <QWidget>
+
+class QLabel;
+class QPlainTextEdit;
+
+/** The commands of a plan, to be copied or saved. */
+class CommandsView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CommandsView(QWidget *parent = nullptr);
+
+    /** Shows @p plan, or @p nothing where it has no commands. */
+    void setPlan(const Plan &plan, const QString &nothing);
+
+private:
+    QWidget *createButtons();
+    void copy() const;
+    void save();
+
+    Plan m_plan;
+    QLabel *const m_heading;
+    QPlainTextEdit *const m_commands;
+    QWidget *const m_buttons;
+    QLabel *const m_notes;
+};
+
+#endif
