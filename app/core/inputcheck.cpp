@@ -27,8 +27,12 @@ QString word(QValidator::State state)
 
 QString InputCheck::toString() const
 {
-    const QString rule = exceededLength == anyLength ? i18n("the whole text has to match %1", pattern)
-                                                     : i18n("a name has at most %1 characters", exceededLength);
+    return toString(exceededLength == anyLength ? i18n("the whole text has to match %1", pattern)
+                                                : i18n("a name has at most %1 characters", exceededLength));
+}
+
+QString InputCheck::toString(const QString &rule) const
+{
     return i18nc("'accepted', 'unfinished' or 'rejected', and the rule", "%1: %2", word(state), rule);
 }
 

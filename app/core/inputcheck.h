@@ -24,6 +24,9 @@ struct InputCheck {
 
     /** For example "rejected: a name has at most 32 characters". */
     QString toString() const;
+
+    /** The same with @p rule, which says in words what the rule is. */
+    QString toString(const QString &rule) const;
 };
 
 /** Checks @p text, which is to have at most @p longest characters, with one of the library's validators. */

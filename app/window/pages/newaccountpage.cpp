@@ -7,11 +7,15 @@
 
 #include "accountstore.h"
 #include "chosennames.h"
+#include "commandsview.h"
 #include "contentarea.h"
 #include "formrow.h"
-#include "inputcheck.h"
+#include "newaccount.h"
 #include "notelabel.h"
+#include "pagelayout.h"
 #include "passwordhashbox.h"
+#include "recordtext.h"
+#include "savepicture.h"
 #include "waitcursor.h"
 
 #include <GroupSelectDialog>
@@ -21,119 +25,75 @@
 #include <KLocalizedString>
 
 #include <QFormLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-
-#include <algorithm>
-
-namespace
-{
-/** Expressions are read from left to right in every language. */
-QString isolated(const QString &expression)
-{
-    return QChar(0x2066) + expression + QChar(0x2069);
-}
-
-QString nameNote(const QValidator &validator, const QString &name)
-{
-    InputCheck check = checkInput(validator, name, longestName);
-    if (name.isEmpty() || check.state == QValidator::Acceptable) {
-        return {};
-    }
-    check.pattern = isolated(check.pattern);
-    return check.toString();
-}
-
-/** With the commas that separate the five subfields, every other one is too many. */
-QString gecosNote(const QValidator &validator, const QString &subfield)
-{
-    const InputCheck check = checkInput(validator, subfield + QLatin1String(",,,,"), anyLength);
-    return check.state == QValidator::Acceptable ? QString() : i18n("rejected: commas separate these fields");
-}
-
-struct Field {
-    QLineEdit *edit;
-    NoteLabel *note;
-};
-
-/** Adds a field with a note below. */
-Field addField(QFormLayout *form, const QString &objectName, const QString &label)
-{
-    auto *edit = new QLineEdit;
-    edit->setObjectName(objectName);
-    auto *note = new NoteLabel(edit);
-    addRow(form, label, {edit}, note);
-    return {edit, note};
-}
-
-using Note = QString(const QValidator &validator, const QString &text);
-
-/** Notes what @p validator does not take. The edit does not get it: it would swallow what is wrong. */
-void check(const Field &field, const QValidator *validator, Note *noteOn)
-{
-    QObject::connect(
-        field.edit, &QLineEdit::textChanged, field.note, [note = field.note, validator, noteOn](const QString &text) {
-            note->setNote(noteOn(*validator, text));
-        });
-}
-}
+#include <QVBoxLayout>
 
 NewAccountPage::NewAccountPage(AccountStore *store, QWidget *parent)
     : QWidget(parent)
     , m_store(store)
     , m_picture(UserUtils::getRandomUserIcon(false))
-    , m_userNameValidator(UserUtils::createUserNameValidator(nullptr))
+    , m_commands(
+          new CommandsView(i18n("Nothing was created. To create the account, run these commands as root:"), this))
+{
+    QWidget *form = createForm();
+    form->setObjectName(QStringLiteral("newAccount"));
+    PageLayout::arrange(this, form, {m_commands});
+    connect(m_password, &PasswordHashBox::hashChanged, this, &NewAccountPage::showCommands);
+    connect(m_store, &AccountStore::usersRead, this, &NewAccountPage::readAccounts);
+    connect(m_store, &AccountStore::groupsRead, this, &NewAccountPage::readAccounts);
+    showCommands();
+}
+
+QWidget *NewAccountPage::createForm()
 {
     auto *form = new QFormLayout;
     addNames(form);
     addGecos(form);
     addPicture(form);
     addGroups(form);
+    m_password = new PasswordHashBox;
 
     auto *contents = new QWidget;
     auto *column = new QVBoxLayout(contents);
+    column->setContentsMargins({});
     column->addLayout(form);
-    column->addWidget(new PasswordHashBox);
+    column->addWidget(m_password);
     column->addStretch();
-
     auto *scrollArea = new ContentArea;
     scrollArea->setWidget(contents);
-    auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(scrollArea);
-    connect(m_store, &AccountStore::usersRead, this, &NewAccountPage::readRules);
+    return scrollArea;
 }
 
-NewAccountPage::~NewAccountPage() = default;
+NewAccountPage::Field NewAccountPage::addField(QFormLayout *form, const char *objectName, const QString &label)
+{
+    auto *edit = new QLineEdit;
+    edit->setObjectName(QString::fromLatin1(objectName));
+    auto *note = new NoteLabel(edit);
+    addRow(form, label, {edit}, note);
+    connect(edit, &QLineEdit::textChanged, this, &NewAccountPage::showCommands);
+    return {edit, note};
+}
 
 void NewAccountPage::addNames(QFormLayout *form)
 {
-    const Field user = addField(form, QStringLiteral("userNameEdit"), i18nc("@label:textbox", "User n&ame:"));
-    m_userNameEdit = user.edit;
-    m_userNameNote = user.note;
-    connect(m_userNameEdit, &QLineEdit::textChanged, this, &NewAccountPage::checkUserName);
-    const Field group = addField(form, QStringLiteral("groupNameEdit"), i18nc("@label:textbox", "Grou&p name:"));
-    check(group, UserUtils::createGroupNameValidator(this), nameNote);
+    m_userName = addField(form, "userNameEdit", i18nc("@label:textbox", "User n&ame:"));
+    m_groupName = addField(form, "groupNameEdit", i18nc("@label:textbox", "Grou&p name:"));
+    m_groupName.edit->setPlaceholderText(i18nc("@info:placeholder", "Group of the user's name"));
+    m_uid = addField(form, "uidEdit", i18nc("@label:textbox the number of a user", "&UID:"));
+    m_uid.edit->setPlaceholderText(i18nc("@info:placeholder a UID", "The next free one"));
 }
 
 void NewAccountPage::addGecos(QFormLayout *form)
 {
-    const struct {
-        QString objectName;
-        QString label;
-    } subfields[] = {
-        {QStringLiteral("fullNameEdit"), i18nc("@label:textbox", "Full na&me:")},
-        {QStringLiteral("roomEdit"), i18nc("@label:textbox", "&Room:")},
-        {QStringLiteral("workPhoneEdit"), i18nc("@label:textbox", "&Work phone:")},
-        {QStringLiteral("homePhoneEdit"), i18nc("@label:textbox", "Home pho&ne:")},
-        {QStringLiteral("otherEdit"), i18nc("@label:textbox other data about a person", "&Other:")},
+    m_gecos = {
+        addField(form, "fullNameEdit", i18nc("@label:textbox", "Full na&me:")),
+        addField(form, "roomEdit", i18nc("@label:textbox", "&Room:")),
+        addField(form, "workPhoneEdit", i18nc("@label:textbox", "&Work phone:")),
+        addField(form, "homePhoneEdit", i18nc("@label:textbox", "Home pho&ne:")),
+        addField(form, "otherEdit", i18nc("@label:textbox other data about a person", "&Other:")),
     };
-    QValidator *validator = UserUtils::createGecosValidator(this);
-    for (const auto &subfield : subfields) {
-        check(addField(form, subfield.objectName, subfield.label), validator, gecosNote);
-    }
 }
 
 void NewAccountPage::addPicture(QFormLayout *form)
@@ -143,8 +103,13 @@ void NewAccountPage::addPicture(QFormLayout *form)
     const int size = 4 * fontMetrics().height();
     m_pictureButton->setIconSize(QSize(size, size));
     connect(m_pictureButton, &QPushButton::clicked, this, &NewAccountPage::choosePicture);
+    m_exportButton = new QPushButton(i18nc("@action:button", "E&xport Picture…"));
+    m_exportButton->setObjectName(QStringLiteral("exportButton"));
+    connect(m_exportButton, &QPushButton::clicked, this, [this] {
+        savePicture(m_picture, m_userName.edit->text(), window());
+    });
     showPicture();
-    addRow(form, i18nc("@label", "Picture:"), {m_pictureButton});
+    addRow(form, i18nc("@label", "Picture:"), {m_pictureButton, m_exportButton});
 }
 
 void NewAccountPage::addGroups(QFormLayout *form)
@@ -163,20 +128,60 @@ void NewAccountPage::addGroups(QFormLayout *form)
     addRow(form, i18nc("@label", "Groups:"), {button}, m_groupsLabel);
 }
 
-void NewAccountPage::readRules()
+void NewAccountPage::readAccounts()
 {
-    m_userNameValidator.reset(UserUtils::createUserNameValidator(nullptr));
-    checkUserName();
+    m_check.readRules();
+    m_check.setUsers(m_store->users());
+    m_check.setGroups(m_store->groups());
+    showCommands();
 }
 
-void NewAccountPage::checkUserName()
+bool NewAccountPage::checkFields()
 {
-    const QString name = m_userNameEdit->text();
-    const QVector<UserRecord> &users = m_store->users();
-    const bool taken =
-        std::any_of(users.begin(), users.end(), [&name](const UserRecord &user) { return user.name == name; });
-    m_userNameNote->setNote(taken ? i18n("There is already a user of this name.")
-                                  : nameNote(*m_userNameValidator, name));
+    bool isRefused = false;
+    const auto check = [&isRefused](const Field &field, const NewAccountCheck::Note &note) {
+        field.note->setNote(note.text);
+        isRefused = isRefused || note.isRefused;
+    };
+    check(m_userName, m_check.userName(m_userName.edit->text(), m_groupName.edit->text()));
+    check(m_groupName, m_check.groupName(m_groupName.edit->text()));
+    check(m_uid, m_check.uid(m_uid.edit->text()));
+    for (const Field &field : m_gecos) {
+        check(field, m_check.gecosField(field.edit->text(), &field == &m_gecos.back()));
+    }
+    return !isRefused;
+}
+
+void NewAccountPage::showCommands()
+{
+    if (!checkFields()) {
+        m_commands->setPlan({}, i18n("The account cannot be created like this: see the notes beside the fields."));
+    } else if (m_userName.edit->text().isEmpty()) {
+        m_commands->setPlan({}, i18n("Enter a user name to see the commands that create the account."));
+    } else {
+        m_commands->setPlan(account().plan(), QString());
+    }
+}
+
+NewAccount NewAccountPage::account() const
+{
+    NewAccount account;
+    account.userName = m_userName.edit->text();
+    account.groupName = m_groupName.edit->text();
+    if (m_check.hasGroup(account.groupName)) {
+        account.primaryGroup = NewAccount::PrimaryGroup::Existing;
+    } else if (!account.groupName.isEmpty() && account.groupName != account.userName) {
+        account.primaryGroup = NewAccount::PrimaryGroup::New;
+    }
+    account.uid = m_uid.edit->text();
+    account.fullName = m_gecos[0].edit->text();
+    account.room = m_gecos[1].edit->text();
+    account.workPhone = m_gecos[2].edit->text();
+    account.homePhone = m_gecos[3].edit->text();
+    account.other = m_gecos[4].edit->text();
+    account.groups = m_groups;
+    account.passwordHash = m_password->hash();
+    return account;
 }
 
 void NewAccountPage::choosePicture()
@@ -192,14 +197,17 @@ void NewAccountPage::choosePicture()
 void NewAccountPage::showPicture()
 {
     m_pictureButton->setIcon(m_picture.isNull() ? QIcon::fromTheme(QStringLiteral("user")) : QIcon(m_picture));
+    m_exportButton->setEnabled(!m_picture.isNull());
 }
 
 void NewAccountPage::chooseGroups()
 {
-    const auto dialog = makeDialog<GroupSelectDialog>(m_userNameEdit->text(), m_groups, this);
+    const QString name = RecordText::encode(m_userName.edit->text()).constFirst();
+    const auto dialog = makeDialog<GroupSelectDialog>(name, m_groups, this);
     if (dialog->exec() == QDialog::Accepted) {
         m_groups = dialog->selectedGroupNames();
         showGroups();
+        showCommands();
     }
 }
 

@@ -6,28 +6,31 @@
 #ifndef NEWACCOUNTPAGE_H
 #define NEWACCOUNTPAGE_H
 
+#include "newaccountcheck.h"
+
 #include <QPixmap>
 #include <QStringList>
 #include <QWidget>
 
-#include <memory>
+#include <array>
 
 class AccountStore;
+class CommandsView;
 class NoteLabel;
+class PasswordHashBox;
 class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QValidator;
+struct NewAccount;
 
-/** Everything that is asked for a new account, checked as it is typed. Creates nothing. */
+/** Everything that is asked for a new account, checked as it is typed, and the commands that create it. */
 class NewAccountPage : public QWidget
 {
     Q_OBJECT
 
 public:
     explicit NewAccountPage(AccountStore *store, QWidget *parent = nullptr);
-    ~NewAccountPage() override;
 
 private:
     void addNames(QFormLayout *form);
@@ -35,9 +38,22 @@ private:
     void addPicture(QFormLayout *form);
     void addGroups(QFormLayout *form);
 
-    /** Reads again which user names are allowed. */
-    void readRules();
-    void checkUserName();
+    /** A field with a note below. */
+    struct Field {
+        QLineEdit *edit;
+        NoteLabel *note;
+    };
+
+    Field addField(QFormLayout *form, const char *objectName, const QString &label);
+    QWidget *createForm();
+
+    /** Checks against the accounts and rules as they are now. */
+    void readAccounts();
+
+    /** Says what is to be said of the fields. @return whether an account can be created with them */
+    bool checkFields();
+    void showCommands();
+    NewAccount account() const;
     void choosePicture();
     void showPicture();
     void chooseGroups();
@@ -46,11 +62,17 @@ private:
     AccountStore *const m_store;
     QPixmap m_picture;
     QStringList m_groups;
-    std::unique_ptr<QValidator> m_userNameValidator;
-    QLineEdit *m_userNameEdit;
-    NoteLabel *m_userNameNote;
+    NewAccountCheck m_check;
+    Field m_userName;
+    Field m_groupName;
+    Field m_uid;
+    /** The subfields of the GECOS field, in their order. */
+    std::array<Field, 5> m_gecos;
     QPushButton *m_pictureButton;
+    QPushButton *m_exportButton;
     QLabel *m_groupsLabel;
+    PasswordHashBox *m_password;
+    CommandsView *const m_commands;
 };
 
 #endif

@@ -21,7 +21,7 @@ CommandsDialog::CommandsDialog(const QString &title, const Plan &plan, QWidget *
     : QDialog(parent)
 {
     setWindowTitle(title);
-    auto *view = new CommandsView(this);
+    auto *view = new CommandsView(i18n("Nothing was changed. To make the change, run these commands as root:"), this);
     view->setPlan(plan, i18n("Nothing is to be changed."));
     auto *buttonBox = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -58,8 +58,9 @@ int heightOf(const QPlainTextEdit &edit, int lines)
 }
 }
 
-CommandsView::CommandsView(QWidget *parent)
+CommandsView::CommandsView(const QString &heading, QWidget *parent)
     : QWidget(parent)
+    , m_text(heading)
     , m_heading(createLabel("commandsHeading", this))
     , m_commands(new QPlainTextEdit(this))
     , m_buttons(createButtons())
@@ -104,8 +105,7 @@ void CommandsView::setPlan(const Plan &plan, const QString &nothing)
 {
     m_plan = plan;
     const bool isEmpty = plan.commands.isEmpty();
-    m_heading->setText(isEmpty ? nothing
-                               : i18n("Nothing was changed. To make the change, run these commands as root:"));
+    m_heading->setText(isEmpty ? nothing : m_text);
     m_commands->setPlainText(QString::fromUtf8(plan.toText().trimmed()));
     m_commands->setVisible(!isEmpty);
     m_buttons->setVisible(!isEmpty);

@@ -19,7 +19,8 @@ class CommandsView : public QWidget
     Q_OBJECT
 
 public:
-    explicit CommandsView(QWidget *parent = nullptr);
+    /** @param heading what stands above commands: that nothing was done, and who has to run them */
+    explicit CommandsView(const QString &heading, QWidget *parent = nullptr);
 
     /** Shows @p plan, or @p nothing where it has no commands. */
     void setPlan(const Plan &plan, const QString &nothing);
@@ -30,6 +31,7 @@ private:
     void save();
 
     Plan m_plan;
+    const QString m_text;
     QLabel *const m_heading;
     QPlainTextEdit *const m_commands;
     QWidget *const m_buttons;

@@ -5,6 +5,7 @@
 
 #include "passwordhashbox.h"
 
+#include "encryptmethod.h"
 #include "formrow.h"
 #include "notelabel.h"
 #include "passwordhash.h"
@@ -12,8 +13,12 @@
 
 #include <KLocalizedString>
 
+#include <QAbstractItemView>
+#include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
 #include <QFormLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -23,6 +28,7 @@ PasswordHashBox::PasswordHashBox(QWidget *parent)
     auto *form = new QFormLayout(this);
     addPassword(form);
     m_methods = {addMethod(form, false), addMethod(form, true)};
+    addChoice(form);
 }
 
 void PasswordHashBox::addPassword(QFormLayout *form)
@@ -33,8 +39,14 @@ void PasswordHashBox::addPassword(QFormLayout *form)
     auto *button = new QPushButton(i18nc("@action:button", "Ma&ke Hashes"));
     button->setObjectName(QStringLiteral("hashButton"));
     button->setToolTip(i18nc("@info:tooltip", "Hash the password, with a new salt each time"));
-    addRow(form, i18nc("@label:textbox", "Passwor&d:"), {m_passwordEdit, button});
+    auto *reveal = new QCheckBox(i18nc("@option:check show what is typed", "Revea&l"));
+    reveal->setObjectName(QStringLiteral("revealCheckBox"));
+    reveal->setAccessibleName(i18nc("@option:check", "Reveal the password"));
+    addRow(form, i18nc("@label:textbox", "Passwor&d:"), {m_passwordEdit, reveal, button});
 
+    connect(reveal, &QCheckBox::toggled, m_passwordEdit, [this](bool isRevealed) {
+        m_passwordEdit->setEchoMode(isRevealed ? QLineEdit::Normal : QLineEdit::Password);
+    });
     connect(m_passwordEdit, &QLineEdit::textChanged, this, &PasswordHashBox::clearHashes);
     connect(m_passwordEdit, &QLineEdit::returnPressed, this, &PasswordHashBox::hashPassword);
     connect(button, &QPushButton::clicked, this, &PasswordHashBox::hashPassword);
@@ -63,6 +75,31 @@ PasswordHashBox::Method PasswordHashBox::addMethod(QFormLayout *form, bool isGos
     return {isGost, edit, note};
 }
 
+void PasswordHashBox::addChoice(QFormLayout *form)
+{
+    m_choice = new QComboBox;
+    m_choice->setObjectName(QStringLiteral("hashComboBox"));
+    m_choice->addItem(i18nc("@item:inlistbox no hash", "None"));
+    // In the order of the methods.
+    m_choice->addItem(i18nc("@item:inlistbox a method", "SHA-512"));
+    m_choice->addItem(i18nc("@item:inlistbox a method", "GOST"));
+    m_choice->setCurrentIndex(1);
+    auto *note = new QLabel(encryptMethodNote());
+    note->setObjectName(QStringLiteral("encryptMethodNote"));
+    note->setTextFormat(Qt::PlainText);
+    note->setWordWrap(true);
+    const QString label = i18nc("@label:listbox which hash the commands set", "Hash to &be set:");
+    m_choice->view()->setAccessibleName(KLocalizedString::removeAcceleratorMarker(label));
+    addRow(form, label, {m_choice}, note);
+    connect(m_choice, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &PasswordHashBox::hashChanged);
+}
+
+QString PasswordHashBox::hash() const
+{
+    const int method = m_choice->currentIndex() - 1;
+    return method < 0 ? QString() : m_methods.at(method).hashEdit->text();
+}
+
 void PasswordHashBox::hashPassword()
 {
     const WaitCursor wait;
@@ -72,6 +109,7 @@ void PasswordHashBox::hashPassword()
         method.hashEdit->setCursorPosition(0);
         method.note->setNote(result.error);
     }
+    Q_EMIT hashChanged();
 }
 
 void PasswordHashBox::clearHashes()
@@ -80,4 +118,5 @@ void PasswordHashBox::clearHashes()
         method.hashEdit->clear();
         method.note->setNote(QString());
     }
+    Q_EMIT hashChanged();
 }

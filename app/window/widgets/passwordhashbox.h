@@ -11,16 +11,23 @@
 #include <array>
 
 class NoteLabel;
+class QComboBox;
 class QFormLayout;
 class QLineEdit;
 
-/** Hashes a password by both methods, to be copied from here. */
+/** Hashes a password by both methods, to be copied from here or set for an account. */
 class PasswordHashBox : public QGroupBox
 {
     Q_OBJECT
 
 public:
     explicit PasswordHashBox(QWidget *parent = nullptr);
+
+    /** The hash that is chosen to be set; empty when there is none. */
+    QString hash() const;
+
+Q_SIGNALS:
+    void hashChanged();
 
 private:
     /** A method, its hash and what there is to say about it. */
@@ -32,9 +39,11 @@ private:
 
     void addPassword(QFormLayout *form);
     Method addMethod(QFormLayout *form, bool isGost);
+    void addChoice(QFormLayout *form);
     void hashPassword();
     void clearHashes();
 
+    QComboBox *m_choice;
     QLineEdit *m_passwordEdit;
     std::array<Method, 2> m_methods;
 };

@@ -3,9 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
-#include "newaccountpage.h"
-#include "accountstore.h"
-#include "dialogparts.h"
+#include "newaccountpageparts.h"
 #include "pageparts.h"
 #include "sandbox.h"
 #include "standin.h"
@@ -15,16 +13,16 @@
 #include <UserIconDialog>
 
 #include <QClipboard>
-#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QTreeView>
 
 #include <crypt.h>
 
 #include <memory>
+
+using namespace NewAccountParts;
 
 extern "C" Q_DECL_EXPORT char *gost_crypt(const char *key, const char *setting);
 
@@ -32,81 +30,6 @@ namespace
 {
 bool s_gostIsMissing = false;
 bool s_waitsForGost = false;
-
-const char usersFile[] = "root:x:0:0:root:/root:/bin/bash\n"
-                         "alice:x:1000:1000::/home/alice:/bin/sh\n"
-                         "bob:x:1001:50::/home/bob:/bin/sh\n";
-
-const char groupsFile[] = "root:x:0:\n"
-                          "ormel-admin:x:27:\n"
-                          "audio:x:29:\n"
-                          "staff:x:50:\n"
-                          "video:x:44:\n"
-                          "newbie:x:1003:\n";
-
-QString facesPath()
-{
-    return QStringLiteral("/usr/share/kiv/faces");
-}
-
-QPixmap plainPicture(const QColor &colour)
-{
-    QPixmap picture(100, 100);
-    picture.fill(colour);
-    return picture;
-}
-
-/** Picks @p names in a dialog and presses Ok. */
-void pickGroups(GroupSelectDialog &dialog, const QStringList &names)
-{
-    for (const QString &name : names) {
-        clickCheckBox(*part<QTreeView>(dialog, "groupsTreeView"), name);
-    }
-    part<QDialogButtonBox>(dialog, "buttonBox")->button(QDialogButtonBox::Ok)->click();
-}
-
-struct Store {
-    AccountStore store;
-};
-
-/** A page with its parts at hand. */
-struct Page : Store, NewAccountPage {
-    Page()
-        : NewAccountPage(&store)
-    {
-    }
-
-    QLineEdit *userName = part<QLineEdit>(*this, "userNameEdit");
-    QPushButton *pictureButton = part<QPushButton>(*this, "pictureButton");
-    QPushButton *groupsButton = part<QPushButton>(*this, "groupsButton");
-    QLabel *groups = part<QLabel>(*this, "groupsLabel");
-    QLineEdit *password = part<QLineEdit>(*this, "passwordEdit");
-    QPushButton *hashButton = part<QPushButton>(*this, "hashButton");
-    QLineEdit *sha512 = part<QLineEdit>(*this, "sha512HashEdit");
-    QLineEdit *gost = part<QLineEdit>(*this, "gostHashEdit");
-
-    bool open()
-    {
-        show();
-        return QTest::qWaitForWindowActive(this);
-    }
-
-    QLabel *note(const QString &edit) const
-    {
-        return part<QLabel>(*this, qPrintable(edit + QLatin1String("Note")));
-    }
-
-    /** What is said about an edit; null when nothing is. */
-    QString shownNote(const QString &edit) const
-    {
-        return note(edit)->isVisible() ? note(edit)->text() : QString();
-    }
-
-    QRgb pictureColour() const
-    {
-        return pictureButton->icon().pixmap(8, 8).toImage().pixel(4, 4);
-    }
-};
 
 /** The expression of a rule, which stands apart from the text around it. */
 QString hasToMatch(const char *word, const char *expression)
@@ -174,21 +97,37 @@ void NewAccountPageTest::saysWhatIsWrong_data()
         QTest::addRow("%s '%s'", edit, qPrintable(text)) << QString::fromLatin1(edit) << text << note;
     };
     const auto letters = [](int count) { return QStringLiteral("a").repeated(count); };
+    const QString userRule = QStringLiteral(
+        "rejected: a user name begins with a small letter; small letters, digits, '_' and '-' may follow");
+    const QString groupRule = QStringLiteral("rejected: a group name begins with a small letter or '_'; small "
+                                             "letters, digits, '_' and '-' may follow, and '$' at the end");
     const QString tooLong = QStringLiteral("rejected: a name has at most 32 characters");
     const QString commas = QStringLiteral("rejected: commas separate these fields");
 
     add("userNameEdit", QStringLiteral("user1"), QString());
-    add("userNameEdit", QStringLiteral("User"), hasToMatch("rejected", "[a-z][a-z0-9\\_\\-]*"));
-    add("userNameEdit", QStringLiteral("user$"), hasToMatch("rejected", "[a-z][a-z0-9\\_\\-]*"));
+    add("userNameEdit", QStringLiteral("User"), userRule);
+    add("userNameEdit", QStringLiteral("user$"), userRule);
     add("userNameEdit", letters(32), QString());
     add("userNameEdit", letters(33), tooLong);
     add("groupNameEdit", QStringLiteral("machine$"), QString());
-    add("groupNameEdit", QStringLiteral("1grp"), hasToMatch("rejected", "[a-z_][a-z0-9_-]*[$]?"));
+    add("groupNameEdit", QStringLiteral("1grp"), groupRule);
     add("groupNameEdit", letters(33), tooLong);
     for (const char *edit : {"fullNameEdit", "roomEdit", "workPhoneEdit", "homePhoneEdit", "otherEdit"}) {
         add(edit, QStringLiteral("12, Main Street"), commas);
-        add(edit, QStringLiteral("12 Main Street: ") + letters(33), QString());
+        add(edit, QStringLiteral("12 Main Street ") + letters(33), QString());
+        add(edit, QStringLiteral("a:b"), QStringLiteral("rejected: a colon separates the fields of /etc/passwd"));
     }
+    add("fullNameEdit", QStringLiteral("a=b"), QStringLiteral("rejected: chfn takes no equals sign"));
+    add("otherEdit", QStringLiteral("a=b"), QString());
+    const QString noUid = QStringLiteral("rejected: a UID is a number up to 4294967294");
+    const QString system = QStringLiteral("This UID makes it a system account.");
+    add("uidEdit", QStringLiteral("1002"), QString());
+    add("uidEdit", QStringLiteral("4294967294"), QString());
+    add("uidEdit", QStringLiteral("4294967295"), noUid);
+    add("uidEdit", QStringLiteral("-1"), noUid);
+    add("uidEdit", QStringLiteral("1e3"), noUid);
+    add("uidEdit", QStringLiteral("999"), system);
+    add("uidEdit", QStringLiteral("65534"), system);
 }
 
 void NewAccountPageTest::saysWhatIsWrong()
@@ -265,7 +204,7 @@ void NewAccountPageTest::keepsLabelsBesideTheirFields()
             ++compared;
         }
     }
-    QCOMPARE(compared, 10);
+    QCOMPARE(compared, 11);
 }
 
 void NewAccountPageTest::showsStockPicture()
@@ -450,6 +389,7 @@ void NewAccountPageTest::leadsToEverythingByKeyboard()
              QStringList({
                  QStringLiteral("userNameEdit"),
                  QStringLiteral("groupNameEdit"),
+                 QStringLiteral("uidEdit"),
                  QStringLiteral("fullNameEdit"),
                  QStringLiteral("roomEdit"),
                  QStringLiteral("workPhoneEdit"),
@@ -458,11 +398,13 @@ void NewAccountPageTest::leadsToEverythingByKeyboard()
                  QStringLiteral("pictureButton"),
                  QStringLiteral("groupsButton"),
                  QStringLiteral("passwordEdit"),
+                 QStringLiteral("revealCheckBox"),
                  QStringLiteral("hashButton"),
                  QStringLiteral("sha512HashEdit"),
                  QStringLiteral("copySha512Button"),
                  QStringLiteral("gostHashEdit"),
                  QStringLiteral("copyGostButton"),
+                 QStringLiteral("hashComboBox"),
              }));
     QStringList keys = mnemonics(page);
     QCOMPARE(keys.removeDuplicates(), 0);

@@ -329,7 +329,7 @@ void PlanActionsTest::tellsThatPictureCannotBeWritten()
 
 void PlanActionsTest::warnsOfHash()
 {
-    CommandsView view;
+    CommandsView view(heading());
     Plan plan;
     plan.add({"usermod", "--password", "$6$a$b"}, "ada");
     plan.holdsHash = true;
