@@ -42,8 +42,9 @@ QByteArray printed(const QByteArray &argument)
     while (end > 0 && argument.at(end - 1) == '\n') {
         --end;
     }
+    const QByteArray line = argument.left(end);
     QByteArray format;
-    for (const char character : argument.left(end)) {
+    for (const char character : line) {
         format += isLetterOrDigit(character) || character == ' ' ? QByteArray(1, character) : octal(character);
     }
     const QByteArray lineEnds = argument.mid(end);

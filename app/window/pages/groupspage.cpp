@@ -124,7 +124,7 @@ void GroupsPage::showLimits()
 
 void GroupsPage::changeMembers()
 {
-    const QString name = list()->view()->currentName();
+    const QString name = m_model->group(list()->view()->currentRecord()).name;
     const QString shownName = VisibleText::isolated(name);
     Plan plan;
     const GroupInfo group = underWaitCursor([&name] { return FindAccount::group(name); });

@@ -121,7 +121,7 @@ void UsersPage::showLimits()
 
 void UsersPage::changeGroups()
 {
-    const QString name = list()->view()->currentName();
+    const QString name = m_model->user(list()->view()->currentRecord()).name;
     const QString shownName = VisibleText::isolated(name);
     Plan plan;
     const UserInfo user = underWaitCursor([&name] { return FindAccount::user(name); });
@@ -139,7 +139,7 @@ void UsersPage::changeGroups()
 
 void UsersPage::cutPicture()
 {
-    const QString name = list()->view()->currentName();
+    const QString name = m_model->user(list()->view()->currentRecord()).name;
     UserIconDialog dialog(window());
     if (dialog.exec() != QDialog::Accepted) {
         return;

@@ -156,6 +156,7 @@ private Q_SLOTS:
     void init();
     void plansGroups();
     void tellsThatPrimaryGroupStays();
+    void plansForAccountThatSearchFinds();
     void plansMembers();
     void tellsThatNothingChanges();
     void plansNothingOnCancel();
@@ -201,6 +202,19 @@ void PlanActionsTest::tellsThatPrimaryGroupStays()
     QCOMPARE(shown.heading, text("Nothing is to be changed."));
     QCOMPARE(shown.commands, QString());
     QVERIFY(shown.notes.startsWith(text("staff is the primary group of bob and stays")));
+}
+
+void PlanActionsTest::plansForAccountThatSearchFinds()
+{
+    Shown shown;
+    const Users users("ada");
+    QTest::keyClicks(part<QLineEdit>(users.page, "searchField"), text("bob"));
+    QVERIFY(withDialogs(users.button("changeGroups"), {checks({text("video")}), shown.step()}));
+    QCOMPARE(shown.commands, text("usermod --append --groups video bob"));
+    const Groups groups("staff");
+    QTest::keyClicks(part<QLineEdit>(groups.page, "searchField"), text("video"));
+    QVERIFY(withDialogs(groups.button("changeMembers"), {checks({text("eve")}), shown.step()}));
+    QCOMPARE(shown.commands, text("gpasswd --add eve video"));
 }
 
 void PlanActionsTest::plansMembers()
