@@ -106,7 +106,7 @@ NewAccountCheck::Note NewAccountCheck::userName(const QString &name, const QStri
     if (m_users.contains(name)) {
         return {i18n("There is already a user of this name."), true};
     }
-    const Note rule = checkRule(*m_userNames, name);
+    Note rule = checkRule(*m_userNames, name);
     if (rule.isRefused) {
         return rule;
     }
@@ -122,7 +122,7 @@ NewAccountCheck::Note NewAccountCheck::userName(const QString &name, const QStri
 
 NewAccountCheck::Note NewAccountCheck::groupName(const QString &name) const
 {
-    const Note rule = checkRule(*m_groupNames, name);
+    Note rule = checkRule(*m_groupNames, name);
     if (rule.isRefused || !hasGroup(name)) {
         return rule;
     }

@@ -66,7 +66,7 @@ QWidget *NewAccountPage::createForm()
     return scrollArea;
 }
 
-NewAccountPage::Field NewAccountPage::addField(QFormLayout *form, const char *objectName, const QString &label)
+NewAccountPage::Field NewAccountPage::addField(QFormLayout *form, const char *objectName, const QString &label) const
 {
     auto *edit = new QLineEdit;
     edit->setObjectName(QString::fromLatin1(objectName));

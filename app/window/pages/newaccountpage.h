@@ -44,7 +44,7 @@ private:
         NoteLabel *note;
     };
 
-    Field addField(QFormLayout *form, const char *objectName, const QString &label);
+    Field addField(QFormLayout *form, const char *objectName, const QString &label) const;
     QWidget *createForm();
 
     /** Checks against the accounts and rules as they are now. */
