@@ -192,7 +192,7 @@ void WindowLanguagesTest::hasRoomAndMnemonics()
         windowKeys.append(action->shortcut().toString());
     }
     windowKeys.removeAll(QString());
-    QVERIFY(windowKeys.contains(QStringLiteral("Alt+4")));
+    QVERIFY(windowKeys.contains(QStringLiteral("Alt+5")));
     for (int page = 0; page < pages->count(); ++page) {
         pages->setCurrentIndex(page);
         QCoreApplication::processEvents();
