@@ -56,7 +56,7 @@ const Equivalent equivalents[] = {
      "missing-shadow-line"},
     {"no matching password file entry in /etc/passwd\ndelete line '(?<account>[^:]*).*'\\? No", nullptr, orphanLine},
     // Newer ones take a line without a colon for a name.
-    {"no matching group file entry in /etc/group\ndelete line '(?<line>#[^:]*)'\\? No", "gshadow", one("comment-line")},
+    {"no matching group file entry in /etc/group\ndelete line '(?<line>#[^:]*)'\\? No", "gshadow", "comment-line"},
     {"no matching group file entry in /etc/group\ndelete line '(?<account>[^:]*).*'\\? No", nullptr, orphanLine},
     {"user (?<account>.*) has an entry in /etc/shadow, but its password field in /etc/passwd is not set to 'x'",
      "passwd",
