@@ -81,7 +81,7 @@ void NewAccountPage::addNames(QFormLayout *form)
     m_userName = addField(form, "userNameEdit", i18nc("@label:textbox", "User n&ame:"));
     m_groupName = addField(form, "groupNameEdit", i18nc("@label:textbox", "Grou&p name:"));
     m_groupName.edit->setPlaceholderText(i18nc("@info:placeholder", "Group of the user's name"));
-    m_uid = addField(form, "uidEdit", i18nc("@label:textbox the number of a user", "&UID:"));
+    m_uid = addField(form, "uidEdit", i18nc("@label:textbox the number of a user", "UID:"));
     m_uid.edit->setPlaceholderText(i18nc("@info:placeholder a UID", "The next free one"));
 }
 

@@ -39,7 +39,7 @@ void PasswordHashBox::addPassword(QFormLayout *form)
     auto *button = new QPushButton(i18nc("@action:button", "Ma&ke Hashes"));
     button->setObjectName(QStringLiteral("hashButton"));
     button->setToolTip(i18nc("@info:tooltip", "Hash the password, with a new salt each time"));
-    auto *reveal = new QCheckBox(i18nc("@option:check show what is typed", "Revea&l"));
+    auto *reveal = new QCheckBox(i18nc("@option:check show what is typed", "Reveal"));
     reveal->setObjectName(QStringLiteral("revealCheckBox"));
     reveal->setAccessibleName(i18nc("@option:check", "Reveal the password"));
     addRow(form, i18nc("@label:textbox", "Passwor&d:"), {m_passwordEdit, reveal, button});
@@ -88,7 +88,7 @@ void PasswordHashBox::addChoice(QFormLayout *form)
     note->setObjectName(QStringLiteral("encryptMethodNote"));
     note->setTextFormat(Qt::PlainText);
     note->setWordWrap(true);
-    const QString label = i18nc("@label:listbox which hash the commands set", "Hash to &be set:");
+    const QString label = i18nc("@label:listbox which hash the commands set", "Hash to be set:");
     m_choice->view()->setAccessibleName(KLocalizedString::removeAcceleratorMarker(label));
     addRow(form, label, {m_choice}, note);
     connect(m_choice, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &PasswordHashBox::hashChanged);
