@@ -13,6 +13,9 @@
 
 namespace
 {
+/** The character that overrides the writing direction, byte by byte so that it does not mislead here. */
+const char override[] = {'\xe2', '\x80', '\xae', '\0'};
+
 /** The arguments that a shell passes on. */
 QByteArrayList passedOn(const QString &shell, const QByteArrayList &arguments)
 {
@@ -48,8 +51,8 @@ void ShellQuoteTest::quotesOnlyWhereNeeded_data()
     QTest::addColumn<QByteArray>("argument");
     QTest::addColumn<QByteArray>("quoted");
 
-    const auto add = [](const char *argument, const char *quoted) {
-        QTest::newRow(quoted) << QByteArray(argument) << QByteArray(quoted);
+    const auto add = [](const QByteArray &argument, const char *quoted) {
+        QTest::newRow(quoted) << argument << QByteArray(quoted);
     };
     add("ada", "ada");
     add("--add", "--add");
@@ -71,7 +74,7 @@ void ShellQuoteTest::quotesOnlyWhereNeeded_data()
     add("\n", "'\n'");
     add("-\t%s", "\"$(printf '\\055\\011\\045s')\"");
     add("Latin-1 \xe9", "\"$(printf 'Latin\\0551 \\351')\"");
-    add("override \xe2\x80\xae", "\"$(printf 'override \\342\\200\\256')\"");
+    add(QByteArray("override ") + override, "\"$(printf 'override \\342\\200\\256')\"");
 }
 
 void ShellQuoteTest::quotesOnlyWhereNeeded()
@@ -121,8 +124,9 @@ void ShellQuoteTest::passesRandomTextsOn()
     QFETCH(QString, shell);
 
     QRandomGenerator random(2026);
-    const QByteArray likely("'\"\\$`!%\n\t -=~*?[]{}();&|<>#\033\xc3\xb6\xe2\x80\xae\xe9"
-                            "07an");
+    const QByteArray likely = QByteArray("'\"\\$`!%\n\t -=~*?[]{}();&|<>#\033\xc3\xb6\xe9"
+                                         "07an")
+        + override;
     QByteArrayList arguments;
     for (int i = 0; i < 2000; ++i) {
         QByteArray argument;
