@@ -4,58 +4,11 @@
 */
 
 #include "accountfixtures.h"
-#include "generatedaccounts.h"
+#include "listedaccounts.h"
 #include "program.h"
 #include "sandbox.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QTest>
-
-namespace
-{
-const char usersFile[] = "root:x:0:0:root:/root:/bin/bash\n"
-                         "alice:x:1000:1000:Alice \xd0\x96,,,:/home/alice:/bin/bash\n"
-                         "bob:x:1001:4711:Bob:/home/bob:/bin/zsh\n"
-                         "nobody:x:65534:65534:nobody:/nonexistent:/usr/sbin/nologin\n";
-
-const char groupsFile[] = "root:x:0:\n"
-                          "ormel-admin:x:27:alice\n"
-                          "audio:x:29:bob,alice\n"
-                          "alice:x:1000:\n"
-                          "nogroup:x:65534:\n";
-
-QStringList lines(const QByteArray &text)
-{
-    return QString::fromUtf8(text).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-}
-
-QJsonArray jsonArray(const QByteArray &text)
-{
-    return QJsonDocument::fromJson(text).array();
-}
-
-QString string(const QJsonObject &object, const char *key)
-{
-    return object.value(QLatin1String(key)).toString();
-}
-
-QString number(const QJsonObject &object, const char *key)
-{
-    return QString::number(static_cast<qint64>(object.value(QLatin1String(key)).toDouble(-1)));
-}
-
-QStringList strings(const QJsonObject &object, const char *key)
-{
-    QStringList list;
-    const QJsonArray array = object.value(QLatin1String(key)).toArray();
-    for (const QJsonValue &value : array) {
-        list.append(value.toString());
-    }
-    return list;
-}
-}
 
 /** ormel-users users and ormel-users groups. */
 class ListCommandsTest : public QObject
@@ -63,16 +16,8 @@ class ListCommandsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // These compare with the accounts of the machine, which later functions replace.
-    void agreesWithGetentAndIdOnUsersOfTheMachine();
-    void agreesWithGetentOnGroupsOfTheMachine();
-
     void printsUsersAsTable();
     void printsGroupsAsTable();
-    void agreesWithGetentAndId();
-    void printsJsonOfUsers();
-    void printsJsonOfGroups();
-    void printsJsonOfManyUsers();
     void printsLargeIds();
     void printsCsv();
     void printsChosenColumns();
@@ -83,83 +28,7 @@ private Q_SLOTS:
     void printsNothingWithoutFiles_data();
     void printsNothingWithoutFiles();
     void hidesControlCharacters();
-
-private:
-    void compareUsersWithGetentAndId();
 };
-
-void ListCommandsTest::compareUsersWithGetentAndId()
-{
-    const Program::Result users = Program::run({QStringLiteral("users"), QStringLiteral("--json")});
-    QCOMPARE(users.status, 0);
-    const QJsonArray array = jsonArray(users.output);
-    const QStringList names =
-        lines(Program::run(QStringLiteral("/usr/bin/cut"), {QStringLiteral("-d:"), QStringLiteral("-f1"), passwdPath()})
-                  .output);
-    QCOMPARE(array.size(), names.size());
-    QVERIFY(!names.isEmpty());
-
-    for (int i = 0; i < names.size(); ++i) {
-        const QString &name = names.at(i);
-        const QJsonObject user = array.at(i).toObject();
-        const QByteArray entry =
-            Program::run(QStringLiteral("/usr/bin/getent"), {QStringLiteral("passwd"), name}).output;
-        const QStringList fields = QString::fromUtf8(entry).trimmed().split(QLatin1Char(':'));
-        QCOMPARE(fields.size(), 7);
-        QCOMPARE(QStringList({
-                     string(user, "name"),
-                     fields.at(1),
-                     number(user, "uid"),
-                     number(user, "gid"),
-                     string(user, "gecos"),
-                     string(user, "home"),
-                     string(user, "shell"),
-                 }),
-                 fields);
-        const QByteArray groups =
-            Program::run(QStringLiteral("/usr/bin/id"), {QStringLiteral("-G"), QStringLiteral("-n"), name}).output;
-        QStringList groupNames = QString::fromUtf8(groups).trimmed().split(QLatin1Char(' '));
-        // A group without an entry is a number to id and left out by the library.
-        if (string(user, "primaryGroup").isEmpty()) {
-            QCOMPARE(groupNames.takeFirst(), number(user, "gid"));
-        } else {
-            QCOMPARE(string(user, "primaryGroup"), groupNames.first());
-        }
-        QCOMPARE(strings(user, "groups"), groupNames);
-    }
-}
-
-void ListCommandsTest::agreesWithGetentAndIdOnUsersOfTheMachine()
-{
-    compareUsersWithGetentAndId();
-}
-
-void ListCommandsTest::agreesWithGetentOnGroupsOfTheMachine()
-{
-    const QJsonArray array = jsonArray(Program::run({QStringLiteral("groups"), QStringLiteral("--json")}).output);
-    const QStringList entries =
-        lines(Program::run(QStringLiteral("/usr/bin/getent"), {QStringLiteral("group")}).output);
-    const QStringList users = lines(Program::run(QStringLiteral("/usr/bin/cat"), {passwdPath()}).output);
-    QVERIFY(!entries.isEmpty());
-    QVERIFY(!users.isEmpty());
-    QCOMPARE(array.size(), entries.size());
-
-    for (int i = 0; i < entries.size(); ++i) {
-        const QJsonObject group = array.at(i).toObject();
-        const QStringList fields = entries.at(i).split(QLatin1Char(':'));
-        QCOMPARE(string(group, "name"), fields.at(0));
-        QCOMPARE(number(group, "gid"), fields.at(2));
-        const QStringList members = fields.at(3).split(QLatin1Char(','), Qt::SkipEmptyParts);
-        QStringList expected = members;
-        for (const QString &user : users) {
-            const QString name = user.section(QLatin1Char(':'), 0, 0);
-            if (user.section(QLatin1Char(':'), 3, 3) == fields.at(2) && !members.contains(name)) {
-                expected.append(name);
-            }
-        }
-        QCOMPARE(strings(group, "members"), expected);
-    }
-}
 
 void ListCommandsTest::printsUsersAsTable()
 {
@@ -193,90 +62,6 @@ void ListCommandsTest::printsGroupsAsTable()
              }));
     QCOMPARE(result.errors, QByteArray());
     QCOMPARE(result.status, 0);
-}
-
-void ListCommandsTest::agreesWithGetentAndId()
-{
-    Sandbox::setAccounts(usersFile, groupsFile);
-    compareUsersWithGetentAndId();
-}
-
-void ListCommandsTest::printsJsonOfUsers()
-{
-    Sandbox::setAccounts(usersFile, groupsFile);
-    const QJsonArray users = jsonArray(Program::run({QStringLiteral("users"), QStringLiteral("--json")}).output);
-    QCOMPARE(users.size(), 4);
-    const QJsonObject expected{
-        {QStringLiteral("name"), QStringLiteral("alice")},
-        {QStringLiteral("uid"), 1000},
-        {QStringLiteral("gid"), 1000},
-        {QStringLiteral("gecos"), QStringLiteral(u"Alice \u0416,,,")},
-        {QStringLiteral("fullName"), QStringLiteral(u"Alice \u0416")},
-        {QStringLiteral("home"), QStringLiteral("/home/alice")},
-        {QStringLiteral("shell"), QStringLiteral("/bin/bash")},
-        {QStringLiteral("primaryGroup"), QStringLiteral("alice")},
-        {QStringLiteral("groups"),
-         QJsonArray({QStringLiteral("alice"), QStringLiteral("ormel-admin"), QStringLiteral("audio")})},
-        {QStringLiteral("admin"), true},
-        {QStringLiteral("system"), false},
-    };
-    QCOMPARE(users.at(1).toObject(), expected);
-}
-
-void ListCommandsTest::printsJsonOfGroups()
-{
-    // Alice is named by her primary group as well.
-    Sandbox::setAccounts(usersFile + QByteArray("carol:x:1002:1000::/home/carol:/bin/sh\n"),
-                         "audio:x:29:bob,alice\nalice:x:1000:alice,bob\n");
-    const QJsonArray groups = jsonArray(Program::run({QStringLiteral("groups"), QStringLiteral("--json")}).output);
-    QCOMPARE(groups.size(), 2);
-    const QString alice = QStringLiteral("alice");
-    const QString bob = QStringLiteral("bob");
-    const QString carol = QStringLiteral("carol");
-    const QJsonObject audio{
-        {QStringLiteral("name"), QStringLiteral("audio")},
-        {QStringLiteral("gid"), 29},
-        {QStringLiteral("members"), QJsonArray({bob, alice})},
-        {QStringLiteral("explicitMembers"), QJsonArray({bob, alice})},
-        {QStringLiteral("primaryMembers"), QJsonArray()},
-        {QStringLiteral("system"), true},
-    };
-    const QJsonObject ofAlice{
-        {QStringLiteral("name"), alice},
-        {QStringLiteral("gid"), 1000},
-        {QStringLiteral("members"), QJsonArray({alice, bob, carol})},
-        {QStringLiteral("explicitMembers"), QJsonArray({alice, bob})},
-        {QStringLiteral("primaryMembers"), QJsonArray({alice, carol})},
-        {QStringLiteral("system"), false},
-    };
-    QCOMPARE(groups, QJsonArray({audio, ofAlice}));
-
-    const QStringList named{QStringLiteral("groups"), alice, QStringLiteral("--json")};
-    QCOMPARE(jsonArray(Program::run(named).output), QJsonArray({ofAlice}));
-}
-
-void ListCommandsTest::printsJsonOfManyUsers()
-{
-    constexpr int count = 1000;
-    GeneratedAccounts::write(count);
-    const Program::Result result = Program::run({QStringLiteral("users"), QStringLiteral("--json")});
-    QCOMPARE(result.status, 0);
-    const QJsonArray users = jsonArray(result.output);
-    const QStringList entries = lines(Program::run(QStringLiteral("/usr/bin/cat"), {passwdPath()}).output);
-    QCOMPARE(entries.size(), count);
-    QCOMPARE(users.size(), count);
-    for (int i = 0; i < count; ++i) {
-        const QJsonObject user = users.at(i).toObject();
-        const QStringList fields = entries.at(i).split(QLatin1Char(':'));
-        QCOMPARE(QStringList({string(user, "name"),
-                              number(user, "uid"),
-                              number(user, "gid"),
-                              string(user, "gecos"),
-                              string(user, "home"),
-                              string(user, "shell")}),
-                 QStringList({fields.at(0), fields.at(2), fields.at(3), fields.at(4), fields.at(5), fields.at(6)}));
-        QCOMPARE(strings(user, "groups").size(), 1 + GeneratedAccounts::memberships);
-    }
 }
 
 void ListCommandsTest::printsLargeIds()
