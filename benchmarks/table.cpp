@@ -130,7 +130,7 @@ bool Table::Row::growsTooFast() const
 QString Table::Row::reached() const
 {
     const QLatin1String anchor(comparison.explanation);
-    const QString why = anchor.isEmpty() ? QString() : QStringLiteral("[why](performance.md%1)").arg(anchor);
+    QString why = anchor.isEmpty() ? QString() : QStringLiteral("[why](performance.md%1)").arg(anchor);
     if (!limit) {
         return why;
     }

@@ -35,7 +35,13 @@ constexpr double mostSeconds = 10;
 constexpr qint64 mostBytes = 400LL * 1024 * 1024;
 
 bool s_isReading = false;
-QString s_foreignFile;
+
+/** What a decoder opened that is neither the picture nor of the system. */
+QString &foreignFile()
+{
+    static QString path;
+    return path;
+}
 
 QString picturePath()
 {
@@ -70,7 +76,7 @@ auto measured(Read read)
     s_isReading = true;
     auto result = read();
     s_isReading = false;
-    require(s_foreignFile.isNull(), QLatin1String("Nothing but the picture is opened: ") + s_foreignFile);
+    require(foreignFile().isNull(), QLatin1String("Nothing but the picture is opened: ") + foreignFile());
     const double seconds = processorSeconds(RUSAGE_SELF) - timeBefore;
     require(seconds < mostSeconds, QStringLiteral("It took %1 s").arg(seconds));
     const qint64 bytes = PeakMemory::bytes() - memoryBefore;
@@ -109,7 +115,7 @@ extern "C" Q_DECL_EXPORT int open64(const char *path, int flags, ...)
     va_end(arguments);
     const QString name = QFile::decodeName(path);
     if (s_isReading && name != picturePath() && !isOfSystem(name)) {
-        s_foreignFile = name;
+        foreignFile() = name;
     }
     static const auto next = original(open64, "open64");
     return next(path, flags, mode);
@@ -125,7 +131,7 @@ void Target::run(const QByteArray &input)
     QFile file(picturePath());
     require(file.open(QIODevice::WriteOnly) && file.write(input) == input.size(), file.errorString());
     file.close();
-    s_foreignFile.clear();
+    foreignFile().clear();
     const qint64 pixels = claimedPixels(picturePath());
     if (pixels <= mostPixels || pixels > PictureReader::mostPixels) {
         readChosen();

@@ -38,7 +38,7 @@ class LongTextsTest : public QObject
 
 private Q_SLOTS:
     void init();
-    void cleanup();
+    void cleanup() const;
 
     void refusesLongNames();
     void takesLongGecos();
@@ -59,7 +59,7 @@ void LongTextsTest::init()
     m_start = processorSeconds(RUSAGE_SELF);
 }
 
-void LongTextsTest::cleanup()
+void LongTextsTest::cleanup() const
 {
     const double taken = processorSeconds(RUSAGE_SELF) - m_start;
     QVERIFY2(taken < 10, qPrintable(QString::number(taken)));
