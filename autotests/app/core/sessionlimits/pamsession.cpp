@@ -146,6 +146,12 @@ Q_DECL_EXPORT int setrlimit(__rlimit_resource_t resource, const rlimit *limit) n
     return s_isRecording ? setRecorded(resource, *limit) : prlimit(0, __rlimit_resource(resource), limit, nullptr);
 }
 
+/** A login begins with 0, whatever the tests were started with. */
+Q_DECL_EXPORT int getpriority(__priority_which_t which, id_t who) noexcept
+{
+    return s_isRecording ? 0 : original<int (*)(__priority_which_t, id_t)>("getpriority")(which, who);
+}
+
 Q_DECL_EXPORT int setpriority(__priority_which_t which, id_t who, int priority) noexcept
 {
     if (!s_isRecording) {
