@@ -51,7 +51,9 @@ QString problemWithColumns(const QStringList &columns, const Line &line)
         return i18n("the item %1", item);
     }
     if (!isSameValue(line, columns.at(3))) {
-        return i18n("the value, which it reads as %1", QString::number(parserValue(columns.at(3))));
+        const QString &value = columns.at(3);
+        const bool isDirectory = value.startsWith(QLatin1Char('/'));
+        return i18n("the value, which it reads as %1", isDirectory ? value : QString::number(parserValue(value)));
     }
     return {};
 }

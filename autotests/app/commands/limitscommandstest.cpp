@@ -17,6 +17,10 @@ private Q_SLOTS:
     void init();
 
     void listsLinesWithTheirMeaning();
+    void describesDomains_data();
+    void describesDomains();
+    void tellsWhatParserDoesNotSee_data();
+    void tellsWhatParserDoesNotSee();
     void showsSessionOfUser();
     void showsMembersOfGroup();
     void tellsThatNoLimitsAreSet();
@@ -59,6 +63,58 @@ void LimitsCommandsTest::listsLinesWithTheirMeaning()
                             "PAM ignores this line: it has fewer than four columns"));
     QCOMPARE(row(result.output, "/etc/security/limits.d/x.conf:4"),
              QStringLiteral("/etc/security/limits.d/x.conf:4|alice -|User name: \"alice\": exempt from all limits"));
+}
+
+void LimitsCommandsTest::describesDomains_data()
+{
+    QTest::addColumn<QString>("description");
+
+    QTest::newRow("%") << QStringLiteral("All logins together");
+    QTest::newRow("%pupils") << QStringLiteral("All logins of members of the group 'pupils' together");
+    QTest::newRow("*") << QStringLiteral("All users");
+    QTest::newRow("alice") << QStringLiteral("User name: \"alice\"");
+    QTest::newRow("@pupils") << QStringLiteral("Group name: \"pupils\"");
+    QTest::newRow("1000:") << QStringLiteral("Users with UID greater than or equal to 1000");
+    QTest::newRow(":7") << QStringLiteral("User with UID equal to 7");
+    QTest::newRow("@50:60") << QStringLiteral("Group GID range from 50 to 60");
+}
+
+void LimitsCommandsTest::describesDomains()
+{
+    QFETCH(QString, description);
+
+    const QString line = QString::fromLatin1(QTest::currentDataTag()) + QLatin1String(" - maxlogins 3");
+    Sandbox::write(limitsPath(), line.toLatin1() + '\n');
+    QCOMPARE(row(limits({}).output, "/etc/security/limits.conf:1"),
+             QStringLiteral("/etc/security/limits.conf:1|") + line + QLatin1Char('|') + description
+                 + QLatin1String(": Maximum number of logins for this user."));
+}
+
+void LimitsCommandsTest::tellsWhatParserDoesNotSee_data()
+{
+    QTest::addColumn<QString>("reason");
+
+    QTest::newRow("alice -") << QStringLiteral("an exemption from all limits");
+    QTest::newRow("1000: hard nproc 5") << QStringLiteral("a range of ids, which it takes for a name");
+    QTest::newRow("@pupils - rss 3") << QStringLiteral("the item rss");
+    QTest::newRow("alice - cpu 5#") << QStringLiteral("the value, which it reads as 0");
+    QTest::newRow("alice - cpu unlimited# x") << QStringLiteral("the value, which it reads as 0");
+    QTest::newRow("alice - cpu 5 # x") << QString();
+    QTest::newRow("alice - chroot /srv") << QString();
+    QTest::newRow("alice - chroot /Srv") << QStringLiteral("the value, which it reads as /Srv");
+}
+
+void LimitsCommandsTest::tellsWhatParserDoesNotSee()
+{
+    QFETCH(QString, reason);
+
+    Sandbox::write(limitsPath(), QByteArray(QTest::currentDataTag()) + '\n');
+    const Result result = limits({QStringLiteral("--check")});
+    const QString statement =
+        QStringLiteral("PAM applies this; programs that read it through LimitsParser do not see it: %1|").arg(reason);
+    QCOMPARE(result.output.count(QLatin1String("LimitsParser")), int(!reason.isEmpty()));
+    QVERIFY2(reason.isEmpty() || row(result.output, "/etc/security/limits.conf:1").contains(statement),
+             qPrintable(result.output));
 }
 
 void LimitsCommandsTest::showsSessionOfUser()
@@ -123,6 +179,13 @@ void LimitsCommandsTest::explainsItem()
                             "lost together with the soft limit: /etc/security/limits.d/x.conf:1"));
     QCOMPARE(limitsOf("--user", "alice", {explain(), QStringLiteral("as")}).output,
              QStringLiteral("No line sets as.\n"));
+
+    Sandbox::write(limitsPath(), "alice -\n@pupils - nproc 60\n");
+    QCOMPARE(
+        row(limitsOf("--user", "alice", {explain(), QStringLiteral("nproc")}).output, "/etc/security/limits.conf:2"),
+        QStringLiteral("/etc/security/limits.conf:2|@pupils - nproc 60|"
+                       "the account is exempt from all limits: /etc/security/limits.conf:1|"
+                       "the account is exempt from all limits: /etc/security/limits.conf:1"));
 }
 
 void LimitsCommandsTest::listsAccountsOfRule()
