@@ -114,10 +114,10 @@ void OwnedFileTest::refusesOtherFiles_data()
     QFile::link(QStringLiteral("pipe"), path("linktopipe"));
     QFile::link(QStringLiteral("loop"), path("loop"));
     // Where others than root can put links.
-    QDir().mkpath(path("shared"));
-    chmod(qPrintable(path("shared")), 0777);
-    QFile::link(QStringLiteral("/etc"), path("shared/linktoetc"));
-    QFile::link(m_directory.path(), path("shared/linkback"));
+    QDir().mkpath(path("common"));
+    chmod(qPrintable(path("common")), 0777);
+    QFile::link(QStringLiteral("/etc"), path("common/linktoetc"));
+    QFile::link(m_directory.path(), path("common/linkback"));
     Sandbox::write(path("unreadable"), "x");
     QFile::setPermissions(path("unreadable"), {});
     Sandbox::write(path("large"), QByteArray(largest + 1, 'x'));
@@ -140,8 +140,8 @@ void OwnedFileTest::refusesOtherFiles_data()
     row("too large", directory(), "large");
     row("path as name", directory(), "a/file");
     row("way out", directory() + "/a", "../file");
-    row("link in the path", directory() + "/shared/linkback", "file");
-    row("link out of the path", directory() + "/shared/linktoetc", "passwd");
+    row("link in the path", directory() + "/common/linkback", "file");
+    row("link out of the path", directory() + "/common/linktoetc", "passwd");
     row("no directory", directory() + "/file", "file");
     row("missing directory", directory() + "/missing", "file");
     row("relative directory", ".", "ormel-sandbox");
