@@ -136,22 +136,25 @@ QLabel *LimitsPage::addExplanation(QFormLayout *layout, const char *name, const 
     return label;
 }
 
-void LimitsPage::analyseLines()
+/** Begins an analysis in a thread, and gives up the one before. */
+QFuture<LimitAnalysis::Pointer> LimitsPage::analyse(const PamLimits::SessionLimits &limits,
+                                                    const QVector<UserRecord> &users)
 {
     *m_cancelled = true;
     m_cancelled = std::make_shared<std::atomic_bool>();
-    m_lineAnalysis.setFuture(
-        QtConcurrent::run(&LimitAnalysis::create, m_store->limits(), QVector<UserRecord>(), m_cancelled));
+    return QtConcurrent::run(&LimitAnalysis::create, limits, users, m_cancelled);
+}
+
+void LimitsPage::analyseLines()
+{
+    m_lineAnalysis.setFuture(analyse(m_store->limits(), {}));
 }
 
 void LimitsPage::analyseUsage()
 {
     // Otherwise it follows when the lines are there.
     if (m_analysis && !m_lineAnalysis.isRunning() && !m_store->users().isEmpty()) {
-        *m_cancelled = true;
-        m_cancelled = std::make_shared<std::atomic_bool>();
-        m_userAnalysis.setFuture(
-            QtConcurrent::run(&LimitAnalysis::create, m_analysis->limits(), m_store->users(), m_cancelled));
+        m_userAnalysis.setFuture(analyse(m_analysis->limits(), m_store->users()));
     }
 }
 

@@ -35,6 +35,7 @@ private:
     QLabel *addExplanation(QFormLayout *layout, const char *name, const QString &title);
     QWidget *createFilter();
     void addTable();
+    QFuture<LimitAnalysis::Pointer> analyse(const PamLimits::SessionLimits &limits, const QVector<UserRecord> &users);
     void analyseLines();
     void analyseUsage();
     void showLines();
