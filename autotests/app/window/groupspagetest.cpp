@@ -12,6 +12,7 @@
 #include "limitsfixtures.h"
 #include "recordview.h"
 #include "sandbox.h"
+#include "shownaccountpage.h"
 #include "windowparts.h"
 
 #include <KMessageWidget>
@@ -41,45 +42,12 @@ const char rules[] = "* soft core 0\n"
                      "%staff - maxlogins 3\n"
                      "ada hard nproc 7\n";
 
-/** The page with its parts at hand, after everything was read. */
-struct Page {
-    Page()
-    {
-        page.resize(900, 600);
-        page.show();
-        reload();
-    }
-
-    void reload()
-    {
-        if (!readAccounts(store)) {
-            qFatal("The accounts were not read");
-        }
-    }
-
-    void select(const char *name) const
-    {
-        clickText(*view, QString::fromLatin1(name));
-    }
-
+struct Page : ShownAccountPage<GroupsPage> {
     QString names() const
     {
-        QStringList names;
-        const QStringList rows = shownRows(*view);
-        for (const QString &row : rows) {
-            names.append(row.section(QLatin1Char('|'), 0, 0));
-        }
-        return names.join(QLatin1Char(' '));
+        return ShownAccountPage::names().join(QLatin1Char(' '));
     }
 
-    QString title() const
-    {
-        return part<QLabel>(page, "title")->text();
-    }
-
-    AccountStore store;
-    GroupsPage page{&store};
-    RecordView *view = page.list()->view();
     QTreeView *members = part<QTreeView>(page, "membersView");
     QTreeView *limits = part<QTreeView>(page, "limitsTable");
 };

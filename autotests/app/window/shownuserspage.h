@@ -13,6 +13,7 @@
 #include "pageparts.h"
 #include "recordview.h"
 #include "sandbox.h"
+#include "shownaccountpage.h"
 #include "userspage.h"
 #include "windowparts.h"
 
@@ -34,42 +35,7 @@ inline const char groupsFile[] = "root:x:0:\n"
                                  "ada:x:1000:\n"
                                  "nogroup:x:65534:\n";
 
-/** The page with its parts at hand, after everything was read. */
-struct ShownUsersPage {
-    ShownUsersPage()
-    {
-        page.resize(900, 600);
-        page.show();
-        reload();
-    }
-
-    void reload()
-    {
-        if (!readAccounts(store)) {
-            qFatal("The accounts were not read");
-        }
-    }
-
-    void select(const char *name) const
-    {
-        clickText(*view, QString::fromLatin1(name));
-    }
-
-    QString title() const
-    {
-        return part<QLabel>(page, "title")->text();
-    }
-
-    QStringList names() const
-    {
-        QStringList names;
-        const QStringList rows = shownRows(*view);
-        for (const QString &row : rows) {
-            names.append(row.section(QLatin1Char('|'), 0, 0));
-        }
-        return names;
-    }
-
+struct ShownUsersPage : ShownAccountPage<UsersPage> {
     /** The limits of a user: "item=soft hard source" for each. */
     QString rules(const char *user) const
     {
@@ -83,9 +49,6 @@ struct ShownUsersPage {
         return rules.join(QLatin1String(", "));
     }
 
-    AccountStore store;
-    UsersPage page{&store};
-    RecordView *view = page.list()->view();
     QComboBox *filter = part<QComboBox>(page, "filterComboBox");
     QLineEdit *search = part<QLineEdit>(page, "searchField");
     QTreeView *limits = part<QTreeView>(page, "limitsTable");
