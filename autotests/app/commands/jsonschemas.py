@@ -121,7 +121,7 @@ check("check", problems, schema("check"))
 check("problems", problems["problems"], schema("check")["properties"]["problems"])
 check("unread files", problems["unreadFiles"], schema("check")["properties"]["unreadFiles"])
 listed = schema("check")["properties"]["problems"]["items"]["properties"]["id"]["enum"]
-table = (SOURCES / "app/core/checks/problemkind.cpp").read_text(encoding="utf-8")
+table = (SOURCES / "app/core/problems/problemkind.cpp").read_text(encoding="utf-8")
 kinds = re.findall(r'Severity::\w+,\s+"([a-z-]+)"', table)
 if len(kinds) < 30 or sorted(kinds) != sorted(listed):
     fail(f"the kinds of problems are {sorted(kinds)}, but the schema has {sorted(listed)}")
