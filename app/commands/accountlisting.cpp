@@ -18,11 +18,6 @@ QString columnsOption()
     return QStringLiteral("columns");
 }
 
-QString jsonOption()
-{
-    return QStringLiteral("json");
-}
-
 QString csvOption()
 {
     return QStringLiteral("csv");

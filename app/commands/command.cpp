@@ -62,6 +62,11 @@ QList<QCommandLineOption> noOptions()
     return {};
 }
 
+QString jsonOption()
+{
+    return QStringLiteral("json");
+}
+
 QCommandLineOption helpOption()
 {
     return {{QStringLiteral("h"), QStringLiteral("help")}, i18n("Show this help.")};

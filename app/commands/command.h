@@ -41,6 +41,9 @@ struct Command {
 /** For commands without options. */
 QList<QCommandLineOption> noOptions();
 
+/** The name of the option --json, which several commands have. */
+QString jsonOption();
+
 /** --help, which every command has. */
 QCommandLineOption helpOption();
 

@@ -20,11 +20,6 @@
 
 namespace
 {
-QString jsonOption()
-{
-    return QStringLiteral("json");
-}
-
 QJsonObject toJson(const Problem &problem)
 {
     QJsonObject object{

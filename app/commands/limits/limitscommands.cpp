@@ -39,11 +39,6 @@ QString explainOption()
     return QStringLiteral("explain");
 }
 
-QString jsonOption()
-{
-    return QStringLiteral("json");
-}
-
 QString parserOption()
 {
     return QStringLiteral("parser");

@@ -22,14 +22,9 @@ Text nextPiece(Text text, int maxLength)
     return text.substr(0, maxLength > 0 ? std::min(length, size_t(maxLength)) : length);
 }
 
-bool isSpace(char c)
-{
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
 bool isTrimmed(char c, const PamLimits::Module &module)
 {
-    return module.anySpaceSeparates ? isSpace(c) : c == ' ' || c == '\t';
+    return module.anySpaceSeparates ? PamLimits::isSpace(c) : c == ' ' || c == '\t';
 }
 
 /** What counts of @p piece: a NUL byte ends it as a comment does. */
@@ -38,7 +33,7 @@ Text statementIn(Text piece, const PamLimits::Module &module)
     piece = piece.substr(0, piece.find('\0'));
     piece = piece.substr(0, piece.find('#'));
     piece = piece.substr(0, piece.find('\n'));
-    while (!piece.empty() && isSpace(piece.front())) {
+    while (!piece.empty() && PamLimits::isSpace(piece.front())) {
         piece.remove_prefix(1);
     }
     while (!piece.empty() && isTrimmed(piece.back(), module)) {

@@ -12,11 +12,6 @@ namespace
 constexpr quint64 base = 10;
 constexpr quint64 highest = ~quint64(0);
 
-bool isSpace(char c)
-{
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
 bool isDigit(char c)
 {
     return c >= '0' && c <= '9';
@@ -38,6 +33,11 @@ void addDigit(PamLimits::Number &number, char c)
         number.magnitude = number.magnitude * base + digit;
     }
 }
+}
+
+bool PamLimits::isSpace(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
 PamLimits::Number PamLimits::readNumber(Text text)

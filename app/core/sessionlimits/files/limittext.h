@@ -20,6 +20,9 @@ inline QByteArray copyOf(Text text)
     return {text.data(), int(text.size())};
 }
 
+/** As isspace() in the C locale. */
+bool isSpace(char c);
+
 /** A number at the beginning of a text, as strtoul() finds it in base 10. */
 struct Number {
     bool hasDigits = false;
