@@ -9,6 +9,8 @@
 
 #include <KLocalizedString>
 
+#include <QRegularExpression>
+
 namespace
 {
 /** Adds an option, unless its value is empty. */
@@ -19,9 +21,19 @@ void addOption(Plan::Command &command, const char *option, const QString &value)
     }
 }
 
+/** Whether every useradd takes @p name; newer ones refuse others unless they are told not to. */
+bool isUsualName(const QString &name)
+{
+    static const QRegularExpression usual(QStringLiteral("\\A[A-Za-z_][A-Za-z0-9_-]*[$]?\\z"));
+    return usual.match(name).hasMatch();
+}
+
 Plan::Command userCommand(const NewAccount &account, const QByteArrayList &groups)
 {
     Plan::Command command{"useradd", "--create-home"};
+    if (!isUsualName(account.userName)) {
+        command << "--badname";
+    }
     addOption(command, "--uid", account.uid);
     if (account.primaryGroup == NewAccount::PrimaryGroup::OfItsName) {
         command << "--user-group";

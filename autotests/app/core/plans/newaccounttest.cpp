@@ -135,21 +135,25 @@ void NewAccountTest::usesGroupThatExists()
 void NewAccountTest::createsAccountsOfHostileNames_data()
 {
     QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isUsual");
 
-    for (const char *name : {"$(reboot)", "a'b", "j\xc3\xb6rg", "a*b", "1234", "a$"}) {
-        QTest::newRow(name) << text(name);
+    for (const char *name : {"$(reboot)", "a'b", "j\xc3\xb6rg", "a*b", "1234", "a.b"}) {
+        QTest::newRow(name) << text(name) << false;
     }
+    QTest::newRow("a$") << text("a$") << true;
 }
 
 void NewAccountTest::createsAccountsOfHostileNames()
 {
     QFETCH(QString, name);
+    QFETCH(bool, isUsual);
 
     NewAccount account;
     account.userName = name;
     account.groups = QStringList(text("audio"));
     account.room = text("1");
     account.passwordHash = text("$6$a$b");
+    QCOMPARE(account.plan().toText().contains(" --badname "), !isUsual);
     QCOMPARE(ShadowTools::run(account.plan()), QByteArray());
     const UserInfo user = readBack(name.toUtf8().constData());
     QCOMPARE(user.gecos(), text(",1,,"));
