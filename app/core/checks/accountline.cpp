@@ -29,7 +29,7 @@ template<>
 struct Format<UserLine> {
     using Entry = passwd;
     static constexpr auto read = fgetpwent_r;
-    static constexpr int fieldCounts[] = {7, 7};
+    static constexpr int fieldCount = 7;
 
     static UserLine line(const passwd &entry, const Fields &fields)
     {
@@ -47,7 +47,7 @@ template<>
 struct Format<GroupLine> {
     using Entry = group;
     static constexpr auto read = fgetgrent_r;
-    static constexpr int fieldCounts[] = {3, 4};
+    static constexpr int fieldCount = 4;
 
     static GroupLine line(const group &entry, const Fields &fields)
     {
@@ -69,7 +69,7 @@ template<>
 struct Format<UserShadowLine> {
     using Entry = spwd;
     static constexpr auto read = fgetspent_r;
-    static constexpr int fieldCounts[] = {9, 9};
+    static constexpr int fieldCount = 9;
 
     static UserShadowLine line(const spwd &entry, const Fields &fields)
     {
@@ -86,7 +86,7 @@ template<>
 struct Format<GroupShadowLine> {
     using Entry = sgrp;
     static constexpr auto read = fgetsgent_r;
-    static constexpr int fieldCounts[] = {4, 4};
+    static constexpr int fieldCount = 4;
 
     static GroupShadowLine line(const sgrp & /*entry*/, const Fields &fields)
     {
@@ -151,11 +151,10 @@ AccountLine<Line> parseAccountLine(const QByteArray &text, int number)
     Line line = Format<Line>::line(entry, fields);
     line.number = number;
     line.name = fields.value(0);
-    const auto [fewest, most] = Format<Line>::fieldCounts;
-    if (fields.size() >= fewest && fields.size() <= most) {
+    if (fields.size() == Format<Line>::fieldCount) {
         return {line, std::nullopt};
     }
-    const QStringList counts{QString::number(fields.size()), QString::number(most)};
+    const QStringList counts{QString::number(fields.size()), QString::number(Format<Line>::fieldCount)};
     return {line, lineProblem(Problem::Kind::WrongFieldCount, line, counts)};
 }
 

@@ -33,7 +33,7 @@ const ProblemKind kinds[] = {
      Severity::Warning,
      "wrong-field-count",
      kli18n("The line has %1 fields instead of %2."),
-     kli18n("The C library reads it, but the tools that change accounts refuse it."),
+     kli18n("The C library reads it, but tools that change accounts may refuse it."),
      correctLine},
     {Kind::CommentLine,
      Severity::Note,
