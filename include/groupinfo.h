@@ -54,9 +54,9 @@ public:
     const QString &name() const;
 
     /**
-     * @return the login names of the members, decoded as Latin-1, those of a group that was
-     * looked up each once: the explicit members in the order of the group line, then the accounts
-     * whose primary group it is in the order of @c /etc/passwd.
+     * @return the login names of the members, decoded as Latin-1: the explicit members in the
+     * order of the group line, then the accounts whose primary group it is, in the order of
+     * @c /etc/passwd. A group that was looked up names each member once.
      */
     const QStringList &users() const;
 

@@ -25,7 +25,7 @@
  * @endcode
  *
  * It is the counterpart of UserListModel. The differences: a new model shows all groups, there is
- * no filter for administrators, and the locked row is the user's own group, the one that bears the
+ * no filter for administrators, and the locked row is the user's own group, the one with the
  * user's name. That group also comes first among the selectedGroupNames() when it is checked.
  *
  * The model holds all groups, sorted by name, and shows those that the filter() lets through, with
@@ -34,9 +34,9 @@
  * filter, and checked names need not belong to any group.
  *
  * Row numbers count the shown rows. The table is flat, and rowCount() and columnCount() do not look
- * at the parent: views that only show tables are fine, a tree walker must not descend.
+ * at the parent. Views that show tables can use it as it is; code that walks a tree must not descend.
  *
- * The model is filled as soon as it exists and does not watch the account files: call reload() or
+ * The constructor fills the model. Nothing watches the account files: call reload() or
  * reloadGroup() after a change. When they cannot be read it is empty, with the warning of
  * GroupInfo::getGroups(). Nothing here changes a group.
  *
@@ -68,7 +68,7 @@ public:
     };
     Q_ENUM(Filter)
 
-    /** What stands where. Views may move columns; these numbers stay. */
+    /** The columns. Views may move them; these numbers stay. */
     enum Column {
         NameColumn = 0, /**< Name, icon and check box. */
         GidColumn = 1, /**< The GID, a uint. */
@@ -82,8 +82,8 @@ public:
     /**
      * Lists the groups with check boxes, to choose those of a user, with the filter All.
      *
-     * @param userName the user, who need not exist yet. The group of that very name is locked: its
-     * row has no flags. The user's primary group is not, when it has another name.
+     * @param userName the user, who need not exist yet. The group with exactly this name is locked:
+     * its row has no flags. The user's primary group is not locked when it has another name.
      * @param selectedNames the groups that are checked at first, in any order
      * @param parent the owner, if any
      */
@@ -107,7 +107,7 @@ public:
      * Checks the group of @p index when @p value as an int is Qt::Checked, and unchecks it otherwise.
      *
      * The filter is not applied again: the row stays in view. Neither isSelectable() nor flags() is
-     * looked at: locked rows are kept from the operator by the views.
+     * checked: the views keep locked rows from the operator.
      *
      * @return false, with nothing changed, when @p index is not a row's first column or @p role is not
      * Qt::CheckStateRole.
@@ -121,14 +121,14 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
     /**
-     * Takes rows out of the model, together with every other group of the same names, shown or not.
-     * The groups of the system stay, and so does the check mark of the names.
+     * Removes rows from the model, together with all other groups of the same names, shown or not.
+     * The groups of the system stay, and so do the check marks of the names.
      *
      * @param row the first of the rows
-     * @param count is not guarded against zero and less: views are then told of a removal whose
+     * @param count not checked for zero or less: the views are then notified of a removal whose
      * last row is before its first, and the result is true
-     * @param parent is handed on to the views and not looked at
-     * @return false, with nothing changed, when the rows are not all there.
+     * @param parent passed on to the views, otherwise ignored
+     * @return false, with nothing changed, when not all of the rows exist.
      */
     bool removeRows(int row, int count, const QModelIndex &parent = QModelIndex()) override;
 
@@ -137,7 +137,7 @@ public:
 
     /**
      * @return the group of the row of @p index, whatever the column; null when it is not a shown
-     * row. An empty record is the placeholder row's. Valid until the rows next change.
+     * row. The placeholder row has an empty record. Valid until the rows next change.
      */
     const GroupInfo *group(const QModelIndex &index) const;
 
@@ -173,8 +173,8 @@ public:
     void setSelectedGroupName(const QString &name, bool selected);
 
     /**
-     * Shows @p name in a placeholder row at the end, which is added when it is not there yet. It
-     * has an empty record, is never locked, and lives until the filter is next applied or the model is
+     * Shows @p name in the placeholder row at the end, which is added if necessary. This row has an
+     * empty record, is never locked, and lives until the filter is next applied or the model is
      * reloaded.
      *
      * @return the index of the placeholder row.
@@ -183,19 +183,19 @@ public:
 
     /**
      * Reads all groups again, looks for the user's own group among them and applies the filter.
-     * Filter and check marks stay, those of groups that are gone included.
+     * Filter and check marks stay, also those of groups that are gone.
      *
      * Costs one GroupInfo::getGroups() and one sorting.
      */
     void reload();
 
     /**
-     * Reads one group again, in place, with GroupInfo::reload(): views are not told, and the group is
+     * Reads one group again, in place, with GroupInfo::reload(): views are not notified, and the group is
      * neither sorted nor filtered again. A group that is gone keeps its row, with GID 0 and no members. An
      * unknown name does nothing; an empty one reloads the placeholder row, if there is one.
      *
-     * Costs one GroupInfo::reload(), and another when the group is shown. Each writes the warning that
-     * the group is gone; that of the placeholder row always does.
+     * Costs one GroupInfo::reload(), and another when the group is shown. Each warns when the group is
+     * gone, and always for the placeholder row.
      */
     void reloadGroup(const QString &name);
 

@@ -49,8 +49,8 @@ class GroupSelectDialog;
  * It is the counterpart of UserSelectDialog, with the groups of a GroupListModel. One thing differs:
  * selectedGroupNames() returns the checked groups in single selection mode, too.
  *
- * Constructing a dialog costs one GroupInfo::getGroups(). When the groups cannot be read, there are none
- * to pick, and nothing tells the operator. Locked rows cost no lookup.
+ * Constructing a dialog costs one GroupInfo::getGroups(). When the groups cannot be read, the list is
+ * empty, and the operator sees no message. Locked rows cost no lookup.
  *
  * The rows start in descending order, as in every QTreeView whose sorting is enabled. A click on a header
  * sorts them. A tool can sort the view, which it finds by its name, before it shows the dialog:
@@ -60,7 +60,7 @@ class GroupSelectDialog;
  * dialog.findChild<QTreeView *>(QStringLiteral("groupsTreeView"))->sortByColumn(0, Qt::AscendingOrder);
  * @endcode
  *
- * The proxy between the list and the view says that rows have no rows below them. GroupListModel itself
+ * The proxy between the model and the view reports that rows have no children. GroupListModel itself
  * does not look at the parent; see there.
  *
  * Like all widgets it belongs to the GUI thread.
@@ -102,7 +102,7 @@ public:
 
     /**
      * @return the names of the checked groups, as GroupListModel::selectedGroupNames() orders them.
-     * In single selection mode, where nothing can be checked, selectedGroupName() is what to use.
+     * In single selection mode nothing can be checked; use selectedGroupName().
      */
     QStringList selectedGroupNames() const;
 

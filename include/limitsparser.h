@@ -37,8 +37,8 @@
  * @endcode
  *
  * A rule is one line with four columns: the domain (whom it is for), the type ("soft", "hard" or
- * "-"), the item (what is limited) and the value. The columns are taken as they are; no rule is
- * left out because PAM would not understand it.
+ * "-"), the item (what is limited) and the value. The columns are taken as they are. Rules that
+ * PAM would not understand are kept, too.
  *
  * The static functions explain items, types, values and domains; they read no file. Texts are
  * translated.
@@ -63,24 +63,24 @@ public:
         Path = 6, ///< a directory
     };
 
-    /** What the catalogue says about an item. The defaults are those of an item it does not have. */
+    /** What the catalogue says about an item. The defaults are for items that it does not have. */
     struct FieldDescriptor {
         int minValue = -1; ///< the lowest value to offer; -1 where "unlimited" is one
         int maxValue = -1; ///< the highest value to offer
         int valueType = Unknown; ///< a ValueType
         bool hardOnly = false; ///< whether only a hard limit makes sense
         QString defaultType; ///< the type to propose for a new rule, "soft" or "hard"
-        QString description; ///< one line of text, in the language of the moment the library was loaded
+        QString description; ///< one line of text, in the language in which the library was loaded
     };
 
-    /** One rule. The defaults are no rule at all. */
+    /** One rule. The defaults stand for no rule. */
     struct Field {
         QString domain; ///< first column: an account, "@group", "%group", "*" or whatever the file says
         QString type; ///< second column
         QString item; ///< third column
         /**
          * Fourth column: a QString when it begins with a slash, otherwise an int, -1 for
-         * "unlimited" and "infinity" and 0 for anything that is no decimal integer.
+         * "unlimited" and "infinity" and 0 for anything that is not a decimal integer.
          */
         QVariant value;
         int valueType = Unknown; ///< a ValueType, that of the item
@@ -95,7 +95,7 @@ public:
      * case-sensitive order of their names, hidden ones left out. A directory that does not exist
      * adds nothing.
      *
-     * Lines are read as Latin-1 and end at a NUL byte. Columns are separated by spaces alone; a
+     * Lines are read as Latin-1 and end at a NUL byte. Columns are separated by spaces only; a
      * line with tabs in their place has too few columns. Such lines, empty ones and those that
      * begin with "#" are skipped without a message. What follows the fourth column is ignored.
      *
@@ -124,7 +124,7 @@ public:
      * Finds the value of @p item for @p user. The first of these that has a rule decides: the
      * name, the groups as "@group" in the order of UserInfo::groupNames(), for "maxlogins" the
      * groups as "%group" in that order, the rules for user ids, those for group ids, and "*". For
-     * the name "root" nothing but a rule for that name counts.
+     * the name "root", only a rule for that name counts.
      *
      * Domains with ranges of plain numbers, such as "1000:2000" or "@100:", are not understood:
      * rules with them apply to nobody.
@@ -151,11 +151,11 @@ public:
     static int valueType(const QString &item);
 
     /**
-     * Gives the text that shows @p value, a value of @p item: an integer with its unit or, for a
-     * Boolean, "Enabled" or "Disabled", translated; the value's own text for every other item.
+     * Formats @p value, a value of @p item: an integer with its unit or, for a Boolean,
+     * "Enabled" or "Disabled", translated; the value's own text for every other item.
      *
-     * An unlimited value has no text of its own: it shows as -1, with the item's unit. A null
-     * @p value shows as 0 where there is a unit, as "Disabled" for a Boolean, and else as an empty text.
+     * An unlimited value has no text of its own: it is shown as -1, with the item's unit. A null @p value
+     * is shown as 0 where there is a unit, as "Disabled" for a Boolean, and else as an empty text.
      */
     static QString valueToString(const QVariant &value, const QString &item);
 
@@ -169,10 +169,10 @@ public:
     static QString typeToolTip(const QString &type);
 
     /**
-     * Tells whom @p domain is for: the range of user ids or group ids that it names, everybody for
+     * Explains whom @p domain is for: the range of user ids or group ids that it names, everybody for
      * "*", the group behind a leading "@", or else the user of that name. No account is looked up.
      *
-     * @return plain text in the language of the moment of the call; it is never empty.
+     * @return plain text in the language at the time of the call; never empty.
      */
     static QString domainToolTip(const QString &domain);
 
@@ -181,8 +181,8 @@ public:
 
     /**
      * The catalogue: every item that a rule may name. Filled when the library is loaded and never
-     * changed; its descriptions stay in the language of that moment, which is English in a program
-     * that is linked to the library, since no application object exists then.
+     * changed. Its descriptions stay in the language of that moment. In a program that is linked
+     * to the library this is English, since no application object exists yet.
      */
     static const QMap<QString, FieldDescriptor> m_fieldDescriptionsMap;
 

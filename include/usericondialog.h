@@ -50,7 +50,7 @@ class UserIconDialog;
  * enabled as soon as a picture was set or chosen, and stays enabled.
  *
  * A file that cannot be read or is refused counts as a chosen picture, too. It shows nothing and makes
- * selectedPixmap() null. The maker of a file must not be able to stop the program, so these are refused:
+ * selectedPixmap() null. No file must be able to stop the program, so these are refused:
  * - more than 2^28 pixels: a small file can claim a size that no memory holds;
  * - more than 64 MiB of unpacked SVG text, for the same reason;
  * - anything but a regular file, since reading a pipe or a device may never end.
@@ -83,10 +83,10 @@ public:
     void setPixmap(const QPixmap &pixmap);
 
     /**
-     * @return the selected square of the picture, turned and mirrored as shown, at the picture's
-     * own resolution. What rounding puts beyond the picture's edges is transparent, black, or the first
-     * colour of the picture's colour table. A square smaller than one pixel of the picture gives the
-     * whole picture, even when that is not square.
+     * @return the selected square of the picture, turned and mirrored as shown, at the picture's own
+     * resolution. Pixels that rounding adds beyond the picture's edges are transparent, black, or the
+     * first colour of the picture's colour table. A square smaller than one pixel of the picture gives
+     * the whole picture, even when that is not square.
      *
      * Can be null although Ok was enabled: when the picture is null, when it is so long and thin that
      * nothing of it is shown, and when the upper edge of the square was dragged below the lower one.

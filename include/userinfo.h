@@ -33,11 +33,11 @@
  * users, @c /etc/passwd is read at most once for the primary members and each group is
  * looked up once, and the records share their strings and member lists.
  *
- * Lookups that find no account return an empty record without a message. While a
- * record is built, groups that cannot be found write the warnings of GroupInfo, and so
- * does each group found when @c /etc/passwd cannot be opened. A system without the
- * administrators group @c ormel-admin gets one for each record. A tool can leave them out with a
- * message handler, or count them there and show one for all:
+ * Lookups that find no account return an empty record without a message. While a record is
+ * built, each group that cannot be found causes the warning of GroupInfo, and so does each group
+ * when @c /etc/passwd cannot be opened. A system without the administrators group @c ormel-admin
+ * gets one warning for each record. A tool can drop them with a message handler, or count them
+ * there and show one for all:
  *
  * @code
  * static QtMessageHandler previous = nullptr;
@@ -130,8 +130,8 @@ public:
      * Reads every account of the local file @c /etc/passwd (@c fgetpwent); accounts that only
      * another name service knows are not in it.
      *
-     * @return the accounts in file order, neither sorted nor freed of duplicates; an empty
-     * list, with a warning, when the file cannot be opened.
+     * @return the accounts in file order, unsorted and with any duplicates; an empty list,
+     * with a warning, when the file cannot be opened.
      *
      * Costs two reads of @c /etc/passwd, one @c getgrouplist for each account and two lookups
      * for each group that occurs.
@@ -143,7 +143,7 @@ public:
      * @c getgrouplist. Ids without a group are left out.
      *
      * @param entry must not be null; it may be the C library's static result
-     * @return the groups, each with all its members; an empty list when memory ran out.
+     * @return the groups, each with all its members; an empty list when there is no memory for them.
      *
      * Costs one @c getgrouplist, two lookups for each group (@c getgrgid and @c getgrnam) and one
      * read of @c /etc/passwd.

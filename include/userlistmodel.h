@@ -31,9 +31,9 @@
  * filter, and checked names need not belong to any user.
  *
  * Row numbers count the shown rows. The table is flat, and rowCount() and columnCount() do not look
- * at the parent: views that only show tables are fine, a tree walker must not descend.
+ * at the parent. Views that show tables can use it as it is; code that walks a tree must not descend.
  *
- * The model is filled as soon as it exists and does not watch the account files: call reload() or
+ * The constructor fills the model. Nothing watches the account files: call reload() or
  * reloadUser() after a change. When they cannot be read it is empty, with the warning of
  * UserInfo::getUsers(). Nothing here changes an account.
  *
@@ -66,7 +66,7 @@ public:
     };
     Q_ENUM(Filter)
 
-    /** What stands where. Views may move columns; these numbers stay. */
+    /** The columns. Views may move them; these numbers stay. */
     enum Column {
         NameColumn = 0, /**< Name, icon and check box. */
         UidColumn = 1, /**< The UID, a uint. */
@@ -105,7 +105,7 @@ public:
      * Checks the user of @p index when @p value as an int is Qt::Checked, and unchecks it otherwise.
      *
      * The filter is not applied again: the row stays in view. Neither isSelectable() nor flags() is
-     * looked at: locked rows are kept from the operator by the views.
+     * checked: the views keep locked rows from the operator.
      *
      * @return false, with nothing changed, when @p index is not a row's first column or @p role is not
      * Qt::CheckStateRole.
@@ -119,27 +119,27 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
     /**
-     * Takes rows out of the model, together with every other user of the same names, shown or not.
-     * The accounts stay, and so does the check mark of the names.
+     * Removes rows from the model, together with all other users of the same names, shown or not.
+     * The accounts stay, and so do the check marks of the names.
      *
      * @param row the first of the rows
-     * @param count is not guarded against zero and less: views are then told of a removal whose
+     * @param count not checked for zero or less: the views are then notified of a removal whose
      * last row is before its first, and the result is true
-     * @param parent is handed on to the views and not looked at
-     * @return false, with nothing changed, when the rows are not all there.
+     * @param parent passed on to the views, otherwise ignored
+     * @return false, with nothing changed, when not all of the rows exist.
      */
     bool removeRows(int row, int count, const QModelIndex &parent = QModelIndex()) override;
 
     /**
-     * @return no flags, in any column, for a user whose primary group is the one edited; that takes
-     * one GroupInfo::isPrimaryOf(), and so an account lookup, on each call. A model without a
-     * group makes no lookup.
+     * @return no flags, in any column, for a user whose primary group is the one of the model. Each
+     * call costs one GroupInfo::isPrimaryOf(), and so one account lookup. A model without a group
+     * makes no lookup.
      */
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
     /**
      * @return the user of the row of @p index, whatever the column; null when it is not a shown
-     * row. An empty record is the placeholder row's. Valid until the rows next change.
+     * row. The placeholder row has an empty record. Valid until the rows next change.
      */
     const UserInfo *user(const QModelIndex &index) const;
 
@@ -175,25 +175,25 @@ public:
     void setSelectedUserName(const QString &name, bool selected);
 
     /**
-     * Shows @p name in a placeholder row at the end, which is added when it is not there yet. It
-     * has an empty record and lives until the filter is next applied or the model is reloaded.
+     * Shows @p name in the placeholder row at the end, which is added if necessary. This row has
+     * an empty record and lives until the filter is next applied or the model is reloaded.
      *
      * @return the index of the placeholder row.
      */
     QModelIndex setNewUserName(const QString &name);
 
     /**
-     * Reads all users again and applies the filter. Filter and check marks stay, those of users
-     * that are gone included.
+     * Reads all users again and applies the filter. Filter and check marks stay, also those of
+     * users that are gone.
      *
      * Costs one UserInfo::getUsers() and one sorting.
      */
     void reload();
 
     /**
-     * Reads one user again, in place, with UserInfo::reload(): views are not told, and the user is
-     * neither sorted nor filtered again. An unknown name does nothing; an empty one does not read the
-     * placeholder row, but an account whose line in @c /etc/passwd has no name.
+     * Reads one user again, in place, with UserInfo::reload(): views are not notified, and the user
+     * is neither sorted nor filtered again. An unknown name does nothing. An empty one does not
+     * reload the placeholder row, but an account whose line in @c /etc/passwd has no name.
      *
      * A user that the model knows must still exist, and so must the user's primary group: a missing
      * one crashes.

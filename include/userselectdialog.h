@@ -62,9 +62,9 @@ class UserSelectDialog;
  *
  * A double-click accepts the dialog in either mode; see activatedUserName().
  *
- * Constructing a dialog costs one UserInfo::getUsers(). When the accounts cannot be read, there are none
- * to pick, and nothing tells the operator. With a group, each painting of a row costs one account lookup,
- * and a click or a key on it some more; see UserListModel::flags(). Rows out of view cost none.
+ * Constructing a dialog costs one UserInfo::getUsers(). When the accounts cannot be read, the list is
+ * empty, and the operator sees no message. With a group, each painting of a row costs one account lookup,
+ * and a click or a key press on it some more; see UserListModel::flags(). Rows out of view cost none.
  *
  * The rows start in descending order, as in every QTreeView whose sorting is enabled. A click on a header
  * sorts them. A tool can sort the view, which it finds by its name, before it shows the dialog:
@@ -74,7 +74,7 @@ class UserSelectDialog;
  * dialog.findChild<QTreeView *>(QStringLiteral("usersTreeView"))->sortByColumn(0, Qt::AscendingOrder);
  * @endcode
  *
- * The proxy between the list and the view says that rows have no rows below them. UserListModel itself
+ * The proxy between the model and the view reports that rows have no children. UserListModel itself
  * does not look at the parent; see there.
  *
  * Like all widgets it belongs to the GUI thread.

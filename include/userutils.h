@@ -29,7 +29,7 @@
  * No result is cached. Nothing is logged except the warnings of Qt about invalid patterns.
  *
  * The validators belong to the thread that makes them. All operations may be called from several
- * threads at once, but for saltPassword().
+ * threads at once, except saltPassword().
  */
 class ORMELUSERSQT_EXPORT UserUtils
 {
@@ -47,10 +47,10 @@ public:
      * further @c = or quote in the line. The last such line counts; if it has nothing between its
      * quotes, there is no pattern. Other lines are ignored, and so is a file that cannot be read.
      *
-     * The pattern is not checked. An invalid one makes a validator that accepts no name, and Qt warns of
-     * it at each key. A pattern that backtracks without end makes texts @c QValidator::Invalid, because Qt
-     * gives up each match: usually after less than a tenth of a second, later when there are dozens
-     * of alternatives to repeat.
+     * The pattern is not checked. An invalid one makes a validator that accepts no name, and Qt warns
+     * about it at each key press. A pattern that backtracks without end makes texts
+     * @c QValidator::Invalid, because Qt gives up each match: usually after less than a tenth of a second,
+     * later when there are dozens of alternatives to repeat.
      *
      * A text of more than 32 characters (QString::size()) is @c QValidator::Invalid at once, so
      * that a line edit does not take the 33rd character.
@@ -76,8 +76,8 @@ public:
     static QValidator *createGecosValidator(QObject *parent);
 
     /**
-     * Draws one of the 64 characters of which salts are made (letters, digits, "." and "/"), each
-     * with the same probability, from the operating system's secure random source. It does not fail.
+     * Draws one of the 64 characters that salts consist of (letters, digits, "." and "/"), each with
+     * the same probability, from the operating system's secure random source. It does not fail.
      */
     static char saltCharacter();
 
@@ -91,13 +91,13 @@ public:
      * @c $gost12512hash$ (GOST R 34.11-2012, 512 bits) instead of with @c crypt and the method
      * @c $6$ (SHA-512)
      *
-     * @return the whole string the hash function gave, method and salt included; null when it gave
-     * nothing, as it does with GOST where this library was built without a GOST library or, with the
-     * one that comes along, for a password of more than 511 bytes.
+     * @return the whole result of the hash function, method and salt included; null when there is
+     * none: with GOST where this library was built without a GOST library, and with the GOST library
+     * that comes along for a password of more than 511 bytes.
      *
      * @c crypt may also report a failure, for instance a password that is too long for it, by a
-     * string that is no hash, @c "*0" or @c "*1". It is returned like a hash, and nobody could log
-     * in with it: take an empty string and one that starts with @c "*" for a failure.
+     * string that is no hash, @c "*0" or @c "*1". It is returned like a hash, and nobody can log
+     * in with it: treat an empty string and one that starts with @c "*" as a failure.
      *
      * Takes about 1 to 10 ms, with GOST 7 to 32 ms; longer passwords take longer. For one thread at a
      * time: the hash functions keep their result in static storage.
