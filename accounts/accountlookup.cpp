@@ -216,6 +216,6 @@ void AccountLookup::warnIfPrimaryGroupsUnreadable() const
 QString AccountLookup::text(const char *latin1)
 {
     const QString text = QString::fromLatin1(latin1);
-    // A set takes null and empty for the same.
+    // For a set, null and empty strings are the same.
     return text.isEmpty() ? text : *m_texts.insert(text);
 }

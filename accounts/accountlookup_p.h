@@ -23,8 +23,8 @@
  *
  * Every public call makes a lookup of its own and drops it on return. In between, the account
  * databases count as unchanged: /etc/passwd is read at most once for the primary members, and
- * the C library is asked for a group once. Failures are remembered like results, but are
- * reported each time that they are met. Records share their strings and member lists.
+ * the C library is asked for a group once. Failures are remembered like results, but they are
+ * reported each time. Records share their strings and member lists.
  */
 class AccountLookup
 {

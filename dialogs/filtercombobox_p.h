@@ -9,7 +9,7 @@
 #include <QComboBox>
 
 /**
- * A combo box whose list bears its name for screen readers.
+ * A combo box whose list has its name for screen readers.
  *
  * The list gets the focus when it pops up. QComboBox creates it then, or when a screen reader asks
  * for it, as a child of a window that is the combo box's child.

@@ -10,14 +10,14 @@
 #include <QSortFilterProxyModel>
 
 /**
- * Sorts and filters rows that have no rows below them.
+ * Sorts and filters rows that have no children.
  *
- * The list models do not look at the parent when they count their rows. Without this a row would
- * seem to have all rows below it, and expanding all of them, as views do at the asterisk key, would
- * never end.
+ * The list models do not look at the parent when they count their rows. Without this every row
+ * would seem to have all rows as children, and expanding all of them, as views do on the asterisk
+ * key, would never end.
  *
- * The flags of a row can cost an account lookup. A view that asks for all rows, or for one row many
- * times, can be spared that with a FlagsScope.
+ * The flags of a row can cost an account lookup. A FlagsScope saves lookups when a view asks for
+ * all rows, or for one row many times.
  */
 class FlatProxyModel : public QSortFilterProxyModel
 {

@@ -11,7 +11,7 @@
 
 namespace
 {
-/** A header as QTreeView has it. To draw a section, QHeaderView finds out whether all of its column is selected. */
+/** A header like that of QTreeView. To draw a section, QHeaderView finds out whether its whole column is selected. */
 class Header : public QHeaderView
 {
 public:
@@ -44,7 +44,7 @@ FlatTreeView::FlatTreeView(QWidget *parent)
 
 void FlatTreeView::doItemsLayout()
 {
-    // Only whether rows have rows below them counts here.
+    // Only whether rows have children matters here.
     const FlagsScope scope(model(), FlatProxyModel::Flags::Assumed);
     QTreeView::doItemsLayout();
 }
@@ -57,7 +57,7 @@ void FlatTreeView::paintEvent(QPaintEvent *event)
 
 void FlatTreeView::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
 {
-    // For screen readers QTreeView lists all of the selection, of which it takes the first row.
+    // For screen readers, QTreeView lists the whole selection and uses its first row.
     const FlagsScope scope(model(), FlatProxyModel::Flags::Assumed);
     QTreeView::selectionChanged(selected, deselected);
 }

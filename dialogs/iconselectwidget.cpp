@@ -182,7 +182,7 @@ void IconSelectWidget::rotate(int degrees)
     refresh();
 }
 
-/** The number of the grip at @p position; where grips overlap, the one that the hash has first. */
+/** The number of the grip at @p position; where grips overlap, the first one in the hash. */
 int IconSelectWidget::handleAt(const QPoint &position) const
 {
     for (auto handle = m_handles.cbegin(); handle != m_handles.cend(); ++handle) {

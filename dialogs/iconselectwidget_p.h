@@ -26,11 +26,11 @@ class IconSelectWidget : public QWidget
 public:
     explicit IconSelectWidget(QWidget *parent = nullptr);
 
-    /** Shows @p image. Of a null image nothing is shown, but the grips of the image before it stay in force. */
+    /** Shows @p image. A null image shows nothing, but the grips of the image before it keep working. */
     void setImage(const QImage &image);
     const QImage &image() const;
 
-    /** The selected square in pixels of the image; it can reach beyond the image's edges by what rounding gives. */
+    /** The selected square in pixels of the image; because of rounding it can reach beyond the image's edges. */
     QRect imageSelection() const;
 
     /** In widget coordinates: the shown image, the selected square, and its grips by number. */

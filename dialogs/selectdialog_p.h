@@ -15,7 +15,7 @@
 
 #include <initializer_list>
 
-/** What UserSelectDialog and GroupSelectDialog do alike when they are built. */
+/** What the constructors of UserSelectDialog and GroupSelectDialog have in common. */
 namespace SelectDialog
 {
 struct FilterEntry {

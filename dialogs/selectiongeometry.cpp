@@ -93,9 +93,9 @@ Span handleSpan(const Span &selection, Side side)
 }
 
 /**
- * Where the end @p side comes to stand when it is dragged to @p position and the other end is at
- * @p opposite. Where there is no room for both, the first end obeys the image and the last one the
- * smallest span.
+ * The place of the end @p side after it is dragged to @p position, with the other end at
+ * @p opposite. Without room for everything, the first end stays inside the image and the last one
+ * keeps the smallest span.
  */
 int limited(Side side, int position, int opposite, const Span &image)
 {

@@ -12,7 +12,7 @@
 #include <optional>
 
 /**
- * Where an image, the square selected in it and the grips of that square stand in a widget.
+ * Where an image, the square selected in it and the grips of that square are in a widget.
  *
  * All in whole pixels: divisions truncate toward zero, and right and bottom are the last pixels
  * of a rectangle, as QRect has them. Eight grips, known by their numbers, stand around the square:
@@ -44,9 +44,9 @@ QRect moved(const QRect &selection, const QPoint &topLeft, const QRect &image);
 /**
  * @p selection after its grip number @p handle was dragged to @p position.
  *
- * A corner leaves the opposite corner in place. An edge leaves the opposite edge in place and
- * widens or narrows the square on both sides; it cannot grow a square that has no room there, and
- * then there is no result.
+ * A corner leaves the opposite corner in place. An edge leaves the opposite edge in place
+ * and widens or narrows the square on both sides; without room for that there is no
+ * result.
  */
 std::optional<QRect> resized(const QRect &selection, int handle, const QPoint &position, const QRect &image);
 

@@ -26,7 +26,7 @@ bool skip(std::string_view &text, std::string_view prefix)
     return true;
 }
 
-/** Whether @p c may stand in a hash: fields, comments, locked accounts and escapes have signs of their own. */
+/** Whether @p c may be in a hash. Signs that separate fields, begin comments, lock accounts or escape may not. */
 bool isAllowed(char c)
 {
     constexpr std::string_view special = "!*:;\\";

@@ -35,13 +35,13 @@ public:
     /** Wipes what is left of the bytes. */
     ~Digest();
 
-    /** False when libgcrypt has no such algorithm or no memory; nothing else may then be called. */
+    /** False when libgcrypt has no such algorithm or no memory; then nothing else may be called. */
     bool isValid() const;
 
     void add(std::string_view text);
     void add(const DigestValue &value);
 
-    /** Adds @p length bytes: @p value over and over, the last time as much as fits. */
+    /** Adds @p length bytes: @p value repeated, and cut short at the end. */
     void addRepeated(const DigestValue &value, std::size_t length);
 
     void finish(DigestValue &value);

@@ -17,12 +17,12 @@
 namespace
 {
 /**
- * In bytes, as for the C library's crypt(), which everything that checks a password goes through. The
+ * In bytes, as for the C library's crypt(), which every program that checks a password calls. The
  * time grows with the square of the length: a megabyte would take hours.
  */
 constexpr std::size_t longestKey = 511;
 
-/** The first digest, over key and salt, which the rounds go on from. */
+/** The first digest, over key and salt, from which the rounds start. */
 void start(Digest &digest, std::string_view key, std::string_view salt, DigestValue &value)
 {
     DigestValue inner;

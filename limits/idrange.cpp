@@ -44,8 +44,8 @@ bool IdRange::contains(uint id) const
     return !first.isEmpty() && first.toUInt() <= id && (last.isEmpty() || id <= last.toUInt());
 }
 
-// The slashes are meant: a range of plain numbers is taken for the name of an account, and the two
-// ends, being no numbers, count as 0. Names are told apart before a match costs an allocation.
+// The slashes are there on purpose. A range of plain numbers is taken for the name of an account, and the ends of
+// a matching range are not numbers and count as 0. Plain names return early, since a match costs an allocation.
 
 IdRange userIds(const QString &domain)
 {

@@ -16,7 +16,7 @@ namespace
 constexpr int unlimited = -1;
 constexpr int highest = std::numeric_limits<int>::max();
 
-/** Without an application KI18n knows no language: it gives the English text, too, but warns of it. */
+/** Without an application KI18n knows no language. It would return the English text, too, but with a warning. */
 QString translated(const KLocalizedString &text)
 {
     return QCoreApplication::instance() ? text.toString() : QString::fromUtf8(text.untranslatedText());

@@ -30,7 +30,7 @@ QVariant valueOfName(const Rules &rules, const QString &name, const QString &ite
     return firstValue(rules, item, [&name](const QString &domain) { return domain == name; });
 }
 
-/** The value for the first group of @p names that has one behind @p sign. */
+/** The value for the first group of @p names that has a rule with @p sign before the name. */
 QVariant valueOfGroups(const Rules &rules, QChar sign, const QStringList &names, const QString &item)
 {
     for (const QString &name : names) {
@@ -63,7 +63,7 @@ bool appliesToUserId(const QString &domain, const UserInfo &user)
     return ids.isId(user.uid()) || ids.contains(user.uid());
 }
 
-/** A single id may be that of any group of the user, a range looks at the primary group alone. */
+/** A single id may be that of any group of the user; a range is compared with the primary group only. */
 bool appliesToGroupIdsOf(const QString &domain, const UserInfo &user)
 {
     const IdRange ids = groupIds(domain);

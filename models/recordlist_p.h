@@ -17,7 +17,7 @@
 /** What UserListModel and GroupListModel compute alike on lists of UserInfo or GroupInfo. */
 namespace RecordList
 {
-/** The record in the row of @p index, whatever model it is of; null when there is no such row. */
+/** The record in the row of @p index, which may be of any model; null when there is no such row. */
 template<typename Record>
 const Record *at(const QList<Record> &rows, const QModelIndex &index)
 {

@@ -11,7 +11,7 @@
 
 namespace
 {
-/** Has zlib expect the header of gzip. */
+/** Makes zlib expect the header of gzip. */
 constexpr int gzipWindow = 15 + 16;
 }
 

@@ -11,8 +11,8 @@
 bool isGzipped(const QByteArray &data);
 
 /**
- * What was compressed by gzip into @p data, but no more than @p longest bytes of it; as much as can be
- * read when it is damaged.
+ * Unpacks @p data, which gzip has compressed, up to @p longest bytes. Damaged data is unpacked as far
+ * as it can be read.
  */
 QByteArray gunzip(const QByteArray &data, qint64 longest);
 

@@ -12,8 +12,8 @@
 /**
  * Reads pictures out of files that the operator chose, in every format that Qt knows.
  *
- * Somebody else may have made them, so nothing but the file itself is opened, and a picture shows
- * nothing but what is in it.
+ * Somebody else may have made them, so only the file itself is opened, and a picture shows only
+ * what is in it.
  */
 namespace PictureReader
 {
