@@ -20,13 +20,13 @@ struct ListingFormat {
     enum Kind { Table, Json, Csv };
 
     Kind kind = Table;
-    /** The ids of the columns; none means the usual ones. */
+    /** The ids of the columns; empty for the default ones. */
     QStringList columns;
 
     /** --columns, --json and --csv. */
     static QList<QCommandLineOption> options();
 
-    /** Reads the options; UsageError, with a message, when they are wrong. @p allColumns may be asked for. */
+    /** Reads the options; UsageError, with a message, when they are wrong. @p allColumns are those to choose from. */
     int read(const QCommandLineParser &options, const QStringList &allColumns);
 };
 

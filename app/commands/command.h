@@ -14,12 +14,12 @@
 
 class QCommandLineParser;
 
-/** What the process reports to its caller. */
+/** The exit status of the process. */
 enum ExitStatus {
     Success = 0,
     Failure = 1,
     UsageError = 2,
-    /** Files that are needed cannot be read. */
+    /** Files that are needed could not be read. */
     Unreadable = 3,
 };
 
@@ -28,7 +28,7 @@ struct Command {
     enum class Interface { Terminal, Window };
 
     const char *name;
-    /** What follows the name: nothing, a word that must be there ("NAME") or may be ("[FILE]"), or several
+    /** The operands: none, a required one ("NAME"), an optional one ("[FILE]"), or several
      * ("[NAME...]"). */
     const char *operand;
     KLazyLocalizedString summary;
@@ -48,12 +48,12 @@ QString jsonOption();
 QCommandLineOption helpOption();
 
 /**
- * Parses @p arguments, the whole command line, for @p command and runs it. Without @p hasDisplay, one
- * that needs a window fails once its arguments are found to be right.
+ * Parses @p arguments, the whole command line, for @p command and runs it. Without @p hasDisplay, a
+ * command that needs a window checks its arguments and then fails.
  */
 int run(const Command &command, const QStringList &arguments, bool hasDisplay);
 
-/** Says that no window can be opened; Failure. */
+/** Reports that no window can be opened; Failure. */
 int displayFailure();
 
 /** The help of @p parser, with @p usage as the words that follow the name of the program. */
@@ -63,16 +63,16 @@ QString helpText(const QCommandLineParser &parser, const QString &usage);
 int print(const QByteArray &text);
 int print(const QString &text);
 
-/** Writes a message to standard error, as one line and with nothing in it that could steer a terminal. */
+/** Writes a message to standard error, as one line and without characters that could control a terminal. */
 void printError(const QString &message);
 
 /** Writes a message to standard error; Failure. */
 int failure(const QString &message);
 
-/** Says what is wrong with the command line, of which command, and where help is; UsageError. */
+/** Reports an error in the command line, with the command and where to find help; UsageError. */
 int usageError(const QString &message);
 
-/** Says what @p parser does not understand; UsageError. */
+/** Reports what @p parser does not understand; UsageError. */
 int usageError(const QCommandLineParser &parser);
 
 #endif

@@ -31,7 +31,7 @@ int hashPassword(const QCommandLineParser &options, const QString & /*operand*/)
     if (line.isNull()) {
         return failure(i18n("No password was given."));
     }
-    // A hash of something else than what was given would lock the user out.
+    // A hash of anything but the given password would lock the user out.
     const QString password = QString::fromUtf8(line);
     if (password.toUtf8() != line || line.contains('\0')) {
         return failure(i18n("The password is not UTF-8 text."));

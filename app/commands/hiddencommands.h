@@ -11,10 +11,10 @@
 class QString;
 
 /**
- * Runs the command @p name if it is one that this program starts itself with, to do work in a process of
- * its own; help does not mention them.
+ * Runs the command @p name if it is one of those with which this program starts itself to do work in
+ * another process. Help does not mention them.
  *
- * @return the exit status; none when @p name is another word
+ * @return the exit status; nothing when @p name is another command
  */
 std::optional<int> runHiddenCommand(const QString &name, int &argc, char **argv);
 

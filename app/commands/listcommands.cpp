@@ -46,7 +46,7 @@ bool isGroupListed(const GroupMembers &members, const QCommandLineParser &option
     return (!options.isSet(ordinaryOption()) || !isSystem) && (!options.isSet(systemOption()) || isSystem);
 }
 
-/** Says which files cannot be read, if any; Success when all can. */
+/** Reports the files that cannot be read; Success when there are none. */
 int checkFiles()
 {
     const QStringList errors = accountReadErrors();
@@ -56,7 +56,7 @@ int checkFiles()
     return errors.isEmpty() ? Success : Unreadable;
 }
 
-/** The users named, or all; a name that is nobody's makes @p status Failure. */
+/** The named users, or all; an unknown name sets @p status to Failure. */
 QList<UserInfo> findUsers(const QStringList &names, int &status)
 {
     if (names.isEmpty()) {
@@ -74,7 +74,7 @@ QList<UserInfo> findUsers(const QStringList &names, int &status)
     return users;
 }
 
-/** The groups named, or all; a name that is no group's makes @p status Failure. */
+/** The named groups, or all; an unknown name sets @p status to Failure. */
 QList<GroupMembers> findGroups(const QStringList &names, int &status)
 {
     if (names.isEmpty()) {
@@ -92,7 +92,7 @@ QList<GroupMembers> findGroups(const QStringList &names, int &status)
     return groups;
 }
 
-/** The columns of a table, unless others are asked for: the long ones come last. */
+/** The default columns of a table; the long ones come last. */
 QStringList userTable()
 {
     return {
@@ -116,7 +116,7 @@ QStringList groupTable()
     };
 }
 
-/** What lists of users and of groups differ in. */
+/** What differs between lists of users and lists of groups. */
 template<typename Record>
 struct Kind {
     AccountColumns<Record> (*columns)();
@@ -125,7 +125,7 @@ struct Kind {
     bool (*isListed)(const Record &record, const QCommandLineParser &options);
 };
 
-/** JSON and CSV have all columns, unless some are asked for. */
+/** JSON and CSV have all columns by default. */
 template<typename Record>
 int print(const QList<Record> &records,
           const ListingFormat &format,

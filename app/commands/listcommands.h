@@ -11,8 +11,8 @@
 QList<QCommandLineOption> userListOptions();
 QList<QCommandLineOption> groupListOptions();
 
-// Each prints the accounts with the names given, or all: Failure when there is none with one of the
-// names, Unreadable when the account files cannot be read.
+// Each prints the accounts with the given names, or all: Failure when one of the names is unknown,
+// Unreadable when the account files cannot be read.
 
 /** Lists users: those of /etc/passwd, unless names are given. */
 int listUsers(const QCommandLineParser &options, const QString &operand);

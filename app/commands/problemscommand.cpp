@@ -73,7 +73,7 @@ QString lineOf(const Problem &problem)
                  VisibleText::fromText(problem.text()));
 }
 
-/** What is the same for a kind of problem stands once, below all problems of the kind. */
+/** The meaning and the remedy are printed once for all problems of a kind, below them. */
 int printText(const QList<Problem> &problems)
 {
     QString text;

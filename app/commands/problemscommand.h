@@ -11,8 +11,8 @@
 QList<QCommandLineOption> problemsOptions();
 
 /**
- * Lists what is wrong with the accounts: Success when nothing is, Failure when something is, Unreadable
- * when files that anybody may read cannot be read.
+ * Lists the problems of the accounts: Success when there are none, Failure when there are some,
+ * Unreadable when files that anybody may read cannot be read.
  */
 int listProblems(const QCommandLineParser &options, const QString &operand);
 

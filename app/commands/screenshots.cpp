@@ -36,7 +36,7 @@
 
 namespace
 {
-/** Something to cut an icon out of where there are no stock pictures. */
+/** A picture for the icon dialog where there are no stock pictures. */
 QPixmap samplePicture()
 {
     QPixmap picture(640, 400);
@@ -112,7 +112,7 @@ const Dialog dialogs[] = {
     {"dialog-about", about},
 };
 
-/** Whether a part of @p widget is going to show more in a moment, such as the picture of a user. */
+/** Whether a part of @p widget is still waiting for something, such as the picture of a user. */
 bool isWaiting(const QWidget &widget)
 {
     const auto timers = widget.findChildren<QTimer *>();
@@ -132,7 +132,7 @@ public:
     bool take(QWidget &widget, const QString &name)
     {
         QCoreApplication::processEvents();
-        // A part that is laid out again may have its parent laid out again.
+        // The layout of a part may change the layout of its parent.
         QCoreApplication::processEvents();
         while (isWaiting(widget)) {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -155,7 +155,7 @@ bool takePages(Camera &camera)
     QEventLoop reading;
     QObject::connect(&window, &MainWindow::reloaded, &reading, &QEventLoop::quit);
     window.show();
-    // Not every platform has a first paint.
+    // Not every platform paints, and only the first paint would start reading.
     window.reload();
     reading.exec();
     QTabWidget &pages = *window.pages();

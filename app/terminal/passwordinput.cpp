@@ -16,7 +16,7 @@
 
 namespace
 {
-/** A terminal takes no longer line. */
+/** Terminals do not take longer lines. */
 using LineBuffer = std::array<char, 4096>;
 
 QByteArray readLine()
@@ -33,7 +33,7 @@ QByteArray readLine()
     return line.isEmpty() ? QByteArray() : line;
 }
 
-/** The end of the input cannot be told from an empty line, so neither is taken for a password. */
+/** The end of the input looks like an empty line, so neither is taken as a password. */
 QByteArray readTyped(const QString &prompt)
 {
     LineBuffer buffer = {};
@@ -41,7 +41,7 @@ QByteArray readTyped(const QString &prompt)
     const char *typed = nullptr;
     do {
         typed = readpassphrase(text.constData(), buffer.data(), buffer.size(), RPP_ECHO_OFF);
-        // A signal that the program ignores interrupts the input all the same.
+        // Even a signal that the program ignores interrupts the input.
     } while (!typed && errno == EINTR);
     QByteArray line = typed && *typed != '\0' ? QByteArray(typed) : QByteArray();
     explicit_bzero(buffer.data(), buffer.size());

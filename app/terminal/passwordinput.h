@@ -11,7 +11,7 @@
 class QString;
 
 /**
- * Reads a line from standard input; on a terminal with @p prompt before and without echo.
+ * Reads a line from standard input; on a terminal after @p prompt and without echo.
  *
  * @return the line without its end; null when there is none, and for an empty line from a terminal.
  */

@@ -11,7 +11,7 @@
 
 namespace
 {
-/** Shorter tasks show nothing, and longer ones no more often. */
+/** In milliseconds. Shorter tasks show nothing, and longer ones are not shown more often than this. */
 constexpr int interval = 500;
 }
 

@@ -8,7 +8,7 @@
 
 #include <QElapsedTimer>
 
-/** Shows on standard error how much of a long task is done, when that is a terminal, and clears it afterwards. */
+/** Shows the progress of a long task on standard error if that is a terminal, and clears it afterwards. */
 class Progress
 {
 public:
@@ -18,7 +18,7 @@ public:
     Progress(const Progress &) = delete;
     Progress &operator=(const Progress &) = delete;
 
-    /** Shows that @p percent of the task are done, unless the task has only just begun. */
+    /** Shows that @p percent of the task is done, unless the task has just begun. */
     void show(int percent);
 
 private:

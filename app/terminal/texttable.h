@@ -9,14 +9,14 @@
 #include <QStringList>
 #include <QVector>
 
-/** Rows of text in aligned columns. Characters that are none are shown by signs. */
+/** Rows of text in aligned columns. Invisible characters are replaced by signs. */
 class TextTable
 {
 public:
     struct Column {
         QString title;
         Qt::Alignment alignment = Qt::AlignLeft;
-        /** Whether cells may continue in further lines. */
+        /** Whether cells may wrap. */
         bool wraps = true;
     };
 
@@ -25,7 +25,7 @@ public:
     /** Adds a row with one cell for each column. */
     void addRow(const QStringList &cells);
 
-    /** The title row and the rows below it, on a terminal as wide as that. */
+    /** The title row and the rows below it, for a terminal of this width. */
     QString toString() const;
 
 private:

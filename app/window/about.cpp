@@ -46,7 +46,7 @@ QMessageBox *About::createDialog(QWidget *parent)
     dialog->setText(i18nc("@title %1 is the version", "Ormel Users %1", about.version()));
     dialog->setInformativeText(paragraphs.join(QLatin1String("\n\n")));
     dialog->setStandardButtons(QMessageBox::Close);
-    // The name and the copyright keep their letters in every language.
+    // The name and the copyright are not translated.
     const auto labels = dialog->findChildren<QLabel *>();
     for (QLabel *label : labels) {
         label->setAlignment(Qt::AlignVCenter | LeftToRight::lineStart());

@@ -9,13 +9,13 @@
 class QMessageBox;
 class QWidget;
 
-/** What the application tells about itself. */
+/** Facts about the application. */
 namespace About
 {
-/** Makes name, version, icon and the like known to Qt. */
+/** Sets name, version, icon and the like. */
 void setApplicationData();
 
-/** The dialog with what setApplicationData() told; deletes itself when it is closed. */
+/** The dialog that shows what setApplicationData() has set; deletes itself when it is closed. */
 QMessageBox *createDialog(QWidget *parent = nullptr);
 }
 

@@ -13,15 +13,15 @@ class QAction;
 class QDialog;
 class QWidget;
 
-/** Help about what the window shows. */
+/** Help on what the window shows. */
 namespace Help
 {
 /**
- * A dialog about a page, which deletes itself when it is closed.
+ * A dialog on a page, which deletes itself when it is closed.
  *
  * @param page the object name of the page
- * @param title what the page is called
- * @param actions those whose keys are told
+ * @param title the title of the page
+ * @param actions those whose shortcuts are listed
  */
 QDialog *createDialog(const QString &page, const QString &title, const QList<QAction *> &actions, QWidget *parent);
 }

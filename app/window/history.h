@@ -11,7 +11,7 @@
 #include <QObject>
 #include <QVector>
 
-/** The places where the operator followed a link, to go back to them and forth again. */
+/** The places where the operator followed a link, for going back and forward. */
 class History : public QObject
 {
     Q_OBJECT

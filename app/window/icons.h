@@ -6,16 +6,16 @@
 #ifndef ICONS_H
 #define ICONS_H
 
-/** Icons, where no desktop sees to them and on screens with small pixels. */
+/** Icons without a desktop that provides them, and on high-resolution screens. */
 namespace Icons
 {
-/** Has icons, and all else, drawn as large and as sharp as the screen calls for. Before there is an application. */
+/** Scales the window and its icons for high-resolution screens. Call it before the application object exists. */
 void useScreenResolution();
 
-/** Has icons that the desktop's theme lacks taken from a theme that has them, if it is installed. */
+/** Takes icons that the desktop's theme lacks from an installed theme that has them. */
 void setFallback();
 
-/** Finds the installed themes on a platform that knows of none, such as the one without a display. */
+/** Finds the installed themes on a platform that knows none, such as the one without a display. */
 void findThemes();
 }
 

@@ -94,7 +94,7 @@ void MainWindow::addPages()
 void MainWindow::addPage(QWidget *page, const char *name, const QString &title)
 {
     page->setObjectName(QString::fromLatin1(name));
-    // The letters of the pages are for the fields in them.
+    // The mnemonics of the pages are for the fields in them.
     m_pages->addTab(page, KLocalizedString::removeAcceleratorMarker(title));
 
     QAction *action = m_pageActions->addAction(title);

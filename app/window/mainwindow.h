@@ -30,7 +30,7 @@ class MainWindow : public QMainWindow
 public:
     explicit MainWindow(QWidget *parent = nullptr);
 
-    /** Reads everything; from the beginning when that is going on already. */
+    /** Starts reading everything, or starts over. */
     void reload();
 
     QTabWidget *pages() const;
@@ -39,7 +39,7 @@ public:
     QDialog *showHelp();
 
 Q_SIGNALS:
-    /** Nothing is being read any more. */
+    /** Reading has ended. */
     void reloaded();
 
 protected:
@@ -80,7 +80,7 @@ private:
     QAction *m_searchAction = nullptr;
     QAction *m_backAction = nullptr;
     QAction *m_forwardAction = nullptr;
-    /** Whether reading has begun. The first paint begins it, if nobody did before. */
+    /** Whether reading has begun. The first paint begins it if nothing else did. */
     bool m_started = false;
 };
 

@@ -44,7 +44,7 @@ QString parserOption()
     return QStringLiteral("parser");
 }
 
-/** What is wrong with the choice of options; empty when nothing is. */
+/** Why the options do not go together; empty when they do. */
 QString problemWith(const QCommandLineParser &options)
 {
     const bool ofUser = options.isSet(userOption());

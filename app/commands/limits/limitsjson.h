@@ -14,7 +14,7 @@
 /** Limits as JSON. */
 namespace LimitsJson
 {
-/** The limits of all items; @p name is of a "user" or a "group", as @p key says. */
+/** The limits of all items for @p name; @p key is "user" or "group". */
 QJsonObject answer(const PamLimits::SessionLimits &limits,
                    const PamLimits::Answer &answer,
                    const QString &key,

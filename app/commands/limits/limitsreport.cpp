@@ -49,7 +49,7 @@ int printSentence(const QString &sentence)
     return print(VisibleText::fromText(sentence) + QLatin1Char('\n'));
 }
 
-/** Why pam_limits ignores a line or what it takes it for. */
+/** Why pam_limits ignores a line, or how it understands it. */
 QString meaning(const PamLimits::Rules &rules, const PamLimits::Line &line)
 {
     QString ofFile = LimitWords::problem(rules.fileOf(line));

@@ -15,14 +15,14 @@
 /** A column that a list of accounts can have. */
 template<typename Record>
 struct AccountColumn {
-    /** A word is shown in one line, a text may be broken. */
+    /** A word stays on one line; a text may wrap. */
     enum Kind { Number, Word, Text };
 
-    /** A word for scripts, which is also the name in JSON and the heading in CSV. */
+    /** The identifier for scripts, also the name in JSON and the heading in CSV. */
     const char *id;
     KLazyLocalizedString title;
     Kind kind;
-    /** A text, a number, a truth value or a list of names, decoded from the record. */
+    /** A text, a number, a Boolean or a list of names, decoded from the record. */
     QVariant (*value)(const Record &record);
 };
 
@@ -32,7 +32,7 @@ using AccountColumns = QVector<const AccountColumn<Record> *>;
 /** What a table shows of a value: names are separated by commas. */
 QString columnText(const QVariant &value);
 
-/** The same for scripts, in any language: truth values are "true" and "false". */
+/** The same for scripts, in any language: Booleans are "true" and "false". */
 QString columnCode(const QVariant &value);
 
 /** The columns of @p record by their ids. */

@@ -14,7 +14,7 @@ namespace AccountPacket
 enum Type : quint8 {
     Hello = HelloPacket,
     Alive = AlivePacket,
-    Unreadable, ///< UnreadableFiles: why there is less than there should be before the next end
+    Unreadable, ///< UnreadableFiles: why records are missing before the next end
     Groups, ///< GroupRecords, in the order of the file
     GroupsEnd, ///< whether there is an administrators group
     Users, ///< UserRecords, in the order of the file

@@ -10,8 +10,8 @@
 #include "packetprocess.h"
 
 /**
- * Reads the accounts of the machine in a process of its own, so that neither slow disks and name services
- * nor many accounts keep the caller waiting. What has arrived is taken in piece by piece from the event loop.
+ * Reads the accounts of the machine in a process of its own, so that neither slow disks and name services nor
+ * many accounts keep the caller waiting. The event loop takes in the records piece by piece.
  */
 class AccountReader : public QObject
 {
@@ -24,10 +24,10 @@ public:
     /** This program. */
     static PacketSource ownProgram();
 
-    /** Starts to read; from the beginning when that is going on already. */
+    /** Starts reading, or starts over. */
     void start();
 
-    /** Stops reading. Nothing more is reported. */
+    /** Stops reading. No more signals follow. */
     void cancel();
 
     bool isReading() const;
@@ -41,7 +41,7 @@ Q_SIGNALS:
     /** Reading has ended, and everything but @p unreadable was read. */
     void finished(const QVector<UnreadableFile> &unreadable);
 
-    /** Reading has ended early, for the reason that @p message tells in a sentence. */
+    /** Reading has ended early; @p message is a sentence that says why. */
     void failed(const QString &message);
 
 private:

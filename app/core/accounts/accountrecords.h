@@ -12,11 +12,11 @@
 
 #include <tuple>
 
-// Names and paths are as people read them: UTF-8 where the file has that.
+// Names and paths are decoded for display: from UTF-8 where the file has that.
 //
-// The function fields() of a record names all of its fields, for what goes through them one by one.
+// The function fields() of a record lists all of its fields, for code that handles them one by one.
 
-/** A line of /etc/group, with the users whose primary group it is apart from the members that the line names. */
+/** A line of /etc/group. The members that it names and the users whose primary group it is are kept apart. */
 struct GroupRecord {
     QString name;
     QStringList members;
@@ -34,7 +34,7 @@ struct GroupRecord {
     }
 };
 
-/** A line of /etc/passwd, with the groups that the name service knows of. */
+/** A line of /etc/passwd, with the groups that the name service reports. */
 struct UserRecord {
     QString name;
     QString gecos;

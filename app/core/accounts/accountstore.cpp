@@ -62,7 +62,7 @@ void AccountStore::read()
     Q_EMIT started();
 }
 
-/** Where the files change all the time, reading would never come to an end if it began again each time. */
+/** With files that change all the time, reading would never end if each change started it over. */
 void AccountStore::readWhenIdle()
 {
     if (isReading()) {
@@ -86,7 +86,7 @@ bool AccountStore::isReading() const
     return m_isReading;
 }
 
-/** In a thread, since it touches nothing that another thread uses: a slow disk does not stop the window. */
+/** In a thread, so that a slow disk does not block the window. It shares no data with other threads. */
 void AccountStore::readLimits()
 {
     m_limitsReader.setFuture(QtConcurrent::run([] { return PamLimits::SessionLimits::read(); }));

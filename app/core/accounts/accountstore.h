@@ -17,8 +17,8 @@
 #include <QTime>
 
 /**
- * What the pages show: the accounts and limits of the machine as they were last read. They are read again
- * when their files change. What was read before stays until the new is there, and where it cannot be read.
+ * What the pages show: the accounts and limits of the machine as they were last read. They are read again when
+ * their files change. What was read before stays until new data has arrived, and also when reading fails.
  */
 class AccountStore : public QObject
 {
@@ -27,7 +27,7 @@ class AccountStore : public QObject
 public:
     explicit AccountStore(QObject *parent = nullptr, const PacketSource &source = AccountReader::ownProgram());
 
-    /** Reads everything; from the beginning when that is going on already. */
+    /** Starts reading everything, or starts over. */
     void read();
 
     /** Stops reading. What was read before stays. */
@@ -41,7 +41,7 @@ public:
     /** The groups in the order of their file. */
     const QVector<GroupRecord> &groups() const;
 
-    /** The users that were not there, or not the same, when they were read before. */
+    /** The users that are new or have changed since they were read before. */
     const QSet<QString> &changedUsers() const;
     const QSet<QString> &changedGroups() const;
 
@@ -51,7 +51,7 @@ public:
     /** When everything was last read; invalid when it never was. */
     QTime lastRead() const;
 
-    /** Why accounts could not be read when that was last tried; empty when they could. */
+    /** Why the accounts could not be read last time; empty when they could. */
     const QString &accountsError() const;
 
     /** What pam_limits gives sessions. */
@@ -66,7 +66,7 @@ Q_SIGNALS:
     void groupsRead();
     void usersRead();
 
-    /** Nothing is being read any more: all was read, something could not be read, or reading was cancelled. */
+    /** Reading has ended: everything was read, something could not be read, or it was cancelled. */
     void ended();
 
 private:
@@ -93,7 +93,7 @@ private:
     bool m_hasAdministratorsGroup = true;
     bool m_hasUsers = false;
     bool m_hasGroups = false;
-    /** Whether reading began with started() and has not come to ended() yet. */
+    /** Whether started() was emitted and ended() has not followed yet. */
     bool m_isReading = false;
     /** Whether the files have changed since reading began. */
     bool m_outdated = false;

@@ -13,7 +13,7 @@
 
 #include <algorithm>
 
-/** The names of the records that are in @p now, but were not in @p before, or not with the same contents. */
+/** The names of the records in @p now that are missing from @p before or differ there. */
 template<typename Record>
 QSet<QString> changedNames(const QVector<Record> &before, const QVector<Record> &now)
 {

@@ -70,7 +70,7 @@ void FileWatcher::look()
     }
 }
 
-/** A file that is replaced is no longer watched, and one that was not there was not watched before. */
+/** A replaced file is no longer watched, and a new one is not watched yet. */
 void FileWatcher::watchAgain()
 {
     QStringList wanted;

@@ -12,8 +12,8 @@
 #include <QTimer>
 
 /**
- * Notices when files are written, replaced, or come and go. Their folders are watched as well, since most
- * tools write a new file and give it the name of the old one.
+ * Notices when files are written, replaced, created or removed. Their folders are watched as well, since
+ * most tools write a new file and give it the name of the old one.
  */
 class FileWatcher : public QObject
 {
@@ -24,7 +24,7 @@ public:
     explicit FileWatcher(const QStringList &paths, QObject *parent = nullptr);
 
 Q_SIGNALS:
-    /** There are changes, and for half a second there were no more. */
+    /** Files have changed, but not within the last half second. */
     void changed();
 
 private:
@@ -35,7 +35,7 @@ private:
     const QStringList m_paths;
     QFileSystemWatcher m_watcher;
     QTimer m_calm;
-    /** What tells one state of the files from another one. */
+    /** Differs whenever the files differ. */
     QByteArray m_state;
 };
 

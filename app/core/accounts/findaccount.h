@@ -10,7 +10,7 @@ class GroupInfo;
 class QString;
 class UserInfo;
 
-/** The accounts that people name; empty when there is none. The files may hold a name in UTF-8 or in Latin-1. */
+/** The account with a name that somebody typed; empty when there is none. Files may have it in UTF-8 or in Latin-1. */
 namespace FindAccount
 {
 UserInfo user(const QString &name);

@@ -8,7 +8,7 @@
 
 #include <GroupInfo>
 
-/** A group with those members apart that its line names and those whose primary group it is. */
+/** A group with its members in two lists: those that its line names, and those whose primary group it is. */
 struct GroupMembers {
     /** With the members that the line names. */
     GroupInfo group;
@@ -21,7 +21,7 @@ struct GroupMembers {
     /** The groups of /etc/group, in the order of the file; none when it cannot be read. */
     static QList<GroupMembers> ofAllGroups();
 
-    /** The members of the group with the name of @p group, which exists. */
+    /** The members of the existing group with the name of @p group. */
     static GroupMembers of(const GroupInfo &group);
 };
 

@@ -28,7 +28,7 @@ struct FileCloser {
     }
 };
 
-/** The library says nothing but that there are no accounts when a file cannot be read. */
+/** When a file cannot be read, the library just returns no accounts. */
 bool isReadable(const QString &path, QVector<UnreadableFile> &unreadable)
 {
     QFile file(path);

@@ -8,12 +8,12 @@
 
 #include "accountrecords.h"
 
-/** What the account files hold, in their order, and which of the files could not be read. */
+/** The contents of the account files, in their order, and the files that could not be read. */
 namespace LocalAccounts
 {
 QVector<GroupRecord> groups(QVector<UnreadableFile> &unreadable);
 
-/** Asks the name service for the groups of each user, which takes long where there are many accounts. */
+/** Asks the name service for the groups of each user, which takes long with many accounts. */
 QVector<UserRecord> users(QVector<UnreadableFile> &unreadable);
 
 /** Whether there is a group whose members are administrators. */

@@ -8,7 +8,7 @@
 
 #include <QStringList>
 
-/** Why each of the account files that cannot be read cannot: a sentence for each; none when all can. */
+/** A sentence for each account file that cannot be read, with the reason; empty when all can be read. */
 QStringList accountReadErrors();
 
 #endif

@@ -10,7 +10,7 @@
 
 struct UserRecord;
 
-/** @p user as it counts for the limits of a session. Looks nothing up, so it never waits for a name service. */
+/** What counts of @p user for the limits of a session. Looks nothing up, so it never waits for a name service. */
 PamLimits::Account sessionAccountOf(const UserRecord &user);
 
 #endif

@@ -8,13 +8,13 @@
 
 #include <QString>
 
-/** The word of the command line that runs writeAccounts(). Nobody but this program needs it. */
+/** The command that runs writeAccounts(). Only this program uses it. */
 QString writeAccountsCommand();
 
 /** Reads the accounts of the machine and writes them as packets to standard output; the exit status. */
 int writeAccounts();
 
-/** The text of AccountPacket::Hello: only the same program understands what it sends. */
+/** The text of AccountPacket::Hello, since only the same version of the program understands the packets. */
 QString accountsHello();
 
 #endif

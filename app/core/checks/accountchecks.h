@@ -10,9 +10,9 @@
 
 struct AccountFiles;
 
-// Each looks at one subject. Accounts that are not in the files are asked of the name service.
+// Each looks at one subject. Accounts that are not in the files are looked up in the name service.
 
-/** Lines of which the C library or the tools that change accounts can make nothing. */
+/** Lines that the C library or the tools that change accounts do not understand. */
 QList<Problem> checkLines(const AccountFiles &files);
 
 /** Names that occur twice in a file. */
@@ -24,7 +24,7 @@ QList<Problem> checkNames(const AccountFiles &files);
 /** UIDs and GIDs that are shared, not valid, or those of root, and missing primary groups. */
 QList<Problem> checkIds(const AccountFiles &files);
 
-/** Members and administrators of groups that are no users. */
+/** Members and administrators of groups that are not users. */
 QList<Problem> checkMembers(const AccountFiles &files);
 
 /** Home directories that do not exist or belong to somebody else. */
@@ -36,7 +36,7 @@ QList<Problem> checkShells(const AccountFiles &files);
 /** Passwords and accounts that are empty, locked or expired. */
 QList<Problem> checkPasswords(const AccountFiles &files);
 
-/** Accounts and their lines in the shadow files that do not fit each other. */
+/** Accounts that do not match their lines in the shadow files. */
 QList<Problem> checkShadowLines(const AccountFiles &files);
 
 #endif

@@ -63,7 +63,7 @@ struct GroupShadowLine {
 template<typename Line>
 struct AccountFile {
     QVector<Line> lines;
-    /** Lines of which nothing or not all can be told. */
+    /** Lines that cannot be understood, or not completely. */
     QList<Problem> problems;
     /** Why the file could not be read; 0 when it could. */
     int error = 0;

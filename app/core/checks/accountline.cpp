@@ -20,8 +20,8 @@ namespace
 {
 using Fields = QByteArrayList;
 
-// How the lines of each file are read: by a function of the C library, which decides whether there is
-// an entry, and from the fields as they are written, which it may trim.
+// How the lines of each file are read. A function of the C library decides whether there is an entry.
+// It may trim fields, so the fields are taken from the text itself.
 template<typename Line>
 struct Format;
 

@@ -16,7 +16,7 @@ namespace
 {
 using Kind = Problem::Kind;
 
-/** Said on purpose of accounts that have no home directory. */
+/** Written on purpose for accounts without a home directory. */
 constexpr char nonexistent[] = "/nonexistent";
 
 QString ownerName(uid_t uid)
@@ -30,7 +30,7 @@ bool isMissing(int error)
     return error == ENOENT || error == ENOTDIR || error == ELOOP || error == ENAMETOOLONG;
 }
 
-/** Directories of the system itself are the home of many system accounts. */
+/** Many system accounts have a directory of the system as their home. */
 bool isForeign(const UserLine &user, uid_t owner)
 {
     return owner != user.uid && !(owner == 0 && isSystemId(user.uid));
@@ -41,7 +41,7 @@ QList<Problem> checkHome(const UserLine &user)
 {
     const QStringList nameAndPath{textOf(user.name), textOf(user.home)};
     struct stat status = {};
-    // What is no absolute path means another directory each time.
+    // A relative path means another directory each time.
     const bool found = user.home.startsWith('/') && stat(user.home.constData(), &status) == 0;
     if (!found && (!user.home.startsWith('/') || isMissing(errno))) {
         const Kind kind = isSystemId(user.uid) && user.uid != 0 ? Kind::MissingSystemHome : Kind::MissingHome;

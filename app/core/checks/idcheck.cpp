@@ -14,7 +14,7 @@
 
 namespace
 {
-/** Says who else has an id, of those with another name. */
+/** The accounts with another name that have the same id. */
 template<typename Line>
 QList<Problem> sharedIds(const QVector<Line> &lines, uint Line::*id, Problem::Kind kind)
 {

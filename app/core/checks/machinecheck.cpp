@@ -25,7 +25,7 @@ constexpr Check checks[] = {
     checkPasswords,
 };
 
-/** These would take an account for missing when the file that it is in could not be read. */
+/** Without one of the files, these checks would report its accounts as missing. */
 constexpr Check checksAcrossFiles[] = {
     checkIds,
     checkMembers,

@@ -8,7 +8,7 @@
 
 #include "problem.h"
 
-/** A file that could not be read, so that nothing is said about what is in it. */
+/** A file that could not be read, so that its contents were not checked. */
 struct UnreadFile {
     QString path;
     QString reason;
@@ -23,7 +23,7 @@ struct MachineCheck {
 
     /**
      * Reads the files, the limits files among them, and looks at the home directories and shells; the worst problems
-     * come first. It takes long with very many accounts that are not in the files, each of which is looked up.
+     * come first. It takes long with very many names that are not in the files, since each of them is looked up.
      */
     static MachineCheck run();
 };

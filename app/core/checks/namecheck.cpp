@@ -26,7 +26,7 @@ bool isDigit(char character)
     return character >= '0' && character <= '9';
 }
 
-/** What no program takes for a name, whatever the rule for new names is. */
+/** Whether no program accepts this name, whatever the rule for new names is. */
 bool isInvalid(const QByteArray &name)
 {
     return name.isEmpty() || name.size() > longestName || name == "." || name == ".."
@@ -44,7 +44,7 @@ uint idOf(const GroupLine &group)
     return group.gid;
 }
 
-/** The rule for new names is one for ordinary accounts: those of the system come from packages. */
+/** The rule for new names is for ordinary accounts; system accounts come from packages. */
 template<typename Line>
 QList<Problem> checkNamesOf(const QVector<Line> &lines, QValidator *(*createValidator)(QObject *))
 {

@@ -18,7 +18,7 @@ constexpr long secondsPerDay = 24L * 60 * 60;
 /** What /etc/passwd has instead of a password that is in /etc/shadow. */
 constexpr char shadowed[] = "x";
 
-/** Whether no password fits. */
+/** Whether no password can match. */
 bool isDisabled(const QByteArray &password)
 {
     return password.startsWith('!') || password.startsWith('*');

@@ -31,12 +31,12 @@ bool isProgram(const QByteArray &path)
 {
     struct stat status = {};
     if (stat(path.constData(), &status) != 0) {
-        return errno == EACCES; // it cannot be told
+        return errno == EACCES; // nobody knows
     }
     return S_ISREG(status.st_mode) && (status.st_mode & (S_IXUSR | S_IXGRP | S_IXOTH)) != 0;
 }
 
-/** Whether the shell says that the user is not to log in. */
+/** Whether the shell is one that refuses logins. */
 bool refusesLogin(const QByteArray &shell)
 {
     return shell.endsWith("/nologin") || shell.endsWith("/false");

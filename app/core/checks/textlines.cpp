@@ -16,7 +16,7 @@
 
 namespace
 {
-/** No line of an account file is longer on purpose. */
+/** Longer than any line that somebody writes on purpose. */
 constexpr ssize_t longestLine = 64L * 1024 * 1024;
 
 struct StreamCloser {

@@ -14,22 +14,22 @@
 constexpr int longestName = 32;
 constexpr int anyLength = std::numeric_limits<int>::max();
 
-/** What a validator of the library says of a text, and by which rule. */
+/** The verdict of a validator of the library on a text, and the rule behind it. */
 struct InputCheck {
     QValidator::State state = QValidator::Acceptable;
-    /** The regular expression that the text has to match as a whole. */
+    /** The regular expression that the whole text has to match. */
     QString pattern;
-    /** How many characters there may be, when there are more; otherwise anyLength. */
+    /** The longest accepted length if the text exceeds it; otherwise anyLength. */
     int exceededLength = anyLength;
 
     /** For example "rejected: a name has at most 32 characters". */
     QString toString() const;
 
-    /** The same with @p rule, which says in words what the rule is. */
+    /** The same with the rule in words, @p rule. */
     QString toString(const QString &rule) const;
 };
 
-/** Checks @p text, which is to have at most @p longest characters, with one of the library's validators. */
+/** Checks @p text, which may have at most @p longest characters, with one of the library's validators. */
 InputCheck checkInput(const QValidator &validator, QString text, int longest);
 
 #endif

@@ -11,7 +11,7 @@
 
 namespace
 {
-/** A machine without a GOST library hashes nothing, not even an empty password. */
+/** Without a GOST library nothing is hashed, not even an empty password. */
 bool isGostAvailable()
 {
     return !UserUtils::saltPassword(QString(), true).isEmpty();

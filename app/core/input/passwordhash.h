@@ -8,7 +8,7 @@
 
 #include <QString>
 
-/** A hash for the shadow file or, where there is none, why. */
+/** A hash for the shadow file, or the reason why there is none. */
 struct PasswordHash {
     QString hash;
     QString error;

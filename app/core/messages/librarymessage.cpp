@@ -16,7 +16,7 @@ QString unreadFile(const QString &path)
     return i18n("Cannot read '%1'.", path);
 }
 
-/** Who asks for a group by its name says that there is none; nobody asks for that of the administrators. */
+/** Code that asks for a group by name reports itself that there is none. Nobody asks for the administrators. */
 QString missingGroup(const QString &name)
 {
     return name == QLatin1String("ormel-admin")

@@ -9,8 +9,8 @@
 #include <QString>
 
 /**
- * What @p message, which the library or Qt logged, means to people: in words of the application where
- * it is the library's, empty where it tells them nothing, and the message itself otherwise.
+ * The text to show for @p message, which the library or Qt logged: messages of the library in words
+ * of the application, empty for what is of no use to people, others unchanged.
  */
 QString meaningOfMessage(const QString &message);
 

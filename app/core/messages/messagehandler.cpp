@@ -18,7 +18,7 @@ namespace
 QBasicMutex s_mutex;
 void (*s_show)(const QString &text);
 
-/** Whether @p text comes for the first time. */
+/** Whether @p text has not been seen before. */
 bool isNew(const QString &text)
 {
     static QStringList shown;

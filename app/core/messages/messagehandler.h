@@ -12,9 +12,9 @@
 namespace MessageHandler
 {
 /**
- * Gives each message to @p show once, in the thread that logs it: a missing administrators group is
- * logged for every account. What is fatal to Qt, as a display that cannot be reached, ends the program
- * without a core dump.
+ * Passes each message to @p show, in the thread that logs it, but only once: a missing administrators
+ * group is logged for every account. Fatal errors of Qt, such as a display that cannot be reached, end
+ * the program without a core dump.
  */
 void install(void (*show)(const QString &text));
 }

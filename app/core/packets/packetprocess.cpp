@@ -11,10 +11,10 @@
 
 namespace
 {
-/** How long packets are taken before other events have their turn. In milliseconds. */
+/** How long packets are handled before other events have their turn. In milliseconds. */
 constexpr int turn = 5;
 
-/** How long an ended process may take to go. In milliseconds. */
+/** How long a killed process may take to end. In milliseconds. */
 constexpr int farewell = 1000;
 }
 
@@ -149,7 +149,7 @@ void PacketProcess::endIfProcessHasEnded()
 
 void PacketProcess::checkSilence()
 {
-    // Nobody may have looked for a while.
+    // There may be output that the busy event loop has not read yet.
     if (!m_process->waitForReadyRead(0)) {
         fail(Failure::Silent);
     }

@@ -17,7 +17,7 @@
 
 class QProcess;
 
-/** A program that writes packets to its standard output, and how long it may say nothing. */
+/** A program that writes packets to its standard output, and how long it may be silent. */
 struct PacketSource {
     QString program;
     QStringList arguments;
@@ -28,8 +28,8 @@ struct PacketSource {
 };
 
 /**
- * Runs a program that writes packets. What has arrived is taken in piece by piece from the event loop, so that
- * nobody has to wait for it.
+ * Runs a program that writes packets. The event loop takes in the packets piece by piece, so that the caller
+ * never waits.
  */
 class PacketProcess : public QObject
 {
@@ -43,7 +43,7 @@ public:
         Silent,
     };
 
-    /** Takes a packet in; false when it is not understood. The last one has to cancel(). */
+    /** Handles a packet; false when it is not understood. With the last one, call cancel(). */
     using Take = std::function<bool(quint8 type, Unpacker &unpack)>;
 
     /** @param hello the text that the program begins with */
@@ -52,10 +52,10 @@ public:
     /** Ends the program. */
     ~PacketProcess() override;
 
-    /** Starts the program; from the beginning when it is running already. */
+    /** Starts the program, or starts over. */
     void start();
 
-    /** Ends the program. Nothing more is reported. */
+    /** Ends the program. No more signals follow. */
     void cancel();
 
     bool isRunning() const;
@@ -79,7 +79,7 @@ private:
     const Take m_take;
     QProcess *m_process = nullptr;
     QTimer m_silence;
-    /** Takes the packets that were left for later. */
+    /** Handles the packets that were left for later. */
     QTimer m_later;
     PacketStream m_stream;
     Unpacker m_unpack;

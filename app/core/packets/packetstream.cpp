@@ -10,14 +10,14 @@
 namespace
 {
 constexpr int lengthSize = sizeof(quint32);
-/** Something to recognize a packet by, its type, and its length. */
+/** A signature, the type and the length of a packet. */
 constexpr int headerSize = 2 + lengthSize;
 constexpr char mark = '\xa5';
 
 /** No packet is larger than a group with as many members as a machine has ids. */
 constexpr quint32 maxLength = 256 * 1024 * 1024;
 
-/** How many bytes that are done with are kept: to move the others for each packet would take long. */
+/** How many handled bytes are kept: moving the others after each packet would take long. */
 constexpr int maxDone = 1024 * 1024;
 }
 

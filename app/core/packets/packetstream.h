@@ -10,7 +10,7 @@
 
 #include <optional>
 
-/** The types that all programs send. Before anything else, they say what they are, as a text. */
+/** The types that all programs send. The first packet is a hello, with a text that names the program. */
 enum CommonPacket : quint8 {
     HelloPacket = 1,
     AlivePacket, ///< nothing; between any two others
@@ -32,7 +32,7 @@ public:
     /** Adds bytes that have arrived. */
     void append(const QByteArray &bytes);
 
-    /** Takes the next packet out; none before all of it has arrived. */
+    /** Takes out the next packet; nothing until all of it has arrived. */
     std::optional<Packet> take();
 
     /** Whether bytes have arrived that are not from toBytes(). Nothing can be taken out from then on. */

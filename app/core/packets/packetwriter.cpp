@@ -31,7 +31,7 @@ public:
         m_file.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
     }
 
-    /** When nobody reads any more there is nothing left to do. */
+    /** When nobody reads any more, there is nothing left to do. */
     void write(quint8 type, const QByteArray &data = {})
     {
         const std::lock_guard lock(m_mutex);
@@ -46,7 +46,7 @@ private:
     std::mutex m_mutex;
 };
 
-/** Says that this process is alive while the C library is busy. */
+/** Sends signs of life while the C library is busy. */
 class PacketWriter::Heart
 {
 public:

@@ -13,7 +13,7 @@
 
 /**
  * Writes packets to standard output, for a PacketProcess in the process that started this one. While it
- * lives, a thread says that this process does, too.
+ * exists, a thread sends signs of life.
  */
 class PacketWriter
 {
@@ -49,7 +49,7 @@ private:
     class Output;
     class Heart;
 
-    /** How many records are in a packet: few enough to be taken in without anybody noticing. */
+    /** How many records are in a packet: few enough to be handled without a noticeable delay. */
     static constexpr int batchSize = 256;
 
     void write(quint8 type, const QByteArray &data);

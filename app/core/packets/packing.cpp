@@ -108,7 +108,7 @@ void Unpacker::unpack(QString &text)
 void Unpacker::unpack(QStringList &texts)
 {
     const quint32 count = number();
-    // Each text takes some bytes, so a number that is too large is none of texts.
+    // Each text takes some bytes, so there cannot be more texts than bytes.
     m_valid = m_valid && count <= quint32(m_bytes.size() - m_position) / numberSize;
     texts.clear();
     if (m_valid) {

@@ -13,7 +13,7 @@
 
 #include <tuple>
 
-/** Records as bytes. A text that was there before, in any record, takes four bytes. */
+/** Records as bytes. A text that was already packed, in any record, takes four bytes. */
 class Packer
 {
 public:
@@ -53,13 +53,13 @@ public:
 
     bool atEnd() const;
 
-    /** Whether there was something to read, each time, and of the kind that was asked for. */
+    /** Whether each read has found a value of the expected type. */
     bool isValid() const;
 
-    /** Whether all was read, and was of the right kind. */
+    /** Whether everything was read and had the expected type. */
     bool isDone() const;
 
-    /** Reads the records that are left, by their fields(); false when they are of another kind. */
+    /** Reads the remaining records by their fields(); false when they are of another type. */
     template<typename Record>
     bool appendTo(QVector<Record> &records)
     {

@@ -48,7 +48,7 @@ bool setLimits()
 }
 
 #ifdef HAVE_SECCOMP
-/** What memory, output, clocks, locks and the end of the process need. Others fail, as if not permitted. */
+/** What memory, output, clocks, locks and the end of the process need. Other calls fail as not permitted. */
 constexpr int systemCalls[] = {
     SCMP_SYS(brk),
     SCMP_SYS(clock_gettime),
@@ -75,7 +75,7 @@ bool filterSystemCalls()
     bool complete = std::all_of(std::begin(systemCalls), std::end(systemCalls), [filter](int call) {
         return seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 0) == 0;
     });
-    // Memory, but none to run code from.
+    // Memory, but not executable.
     const scmp_arg_cmp notExecutable = {2, SCMP_CMP_MASKED_EQ, PROT_EXEC, 0};
     for (const int call : {SCMP_SYS(mmap), SCMP_SYS(mprotect)}) {
         complete = complete && seccomp_rule_add_array(filter, SCMP_ACT_ALLOW, call, 1, &notExecutable) == 0;

@@ -6,7 +6,7 @@
 #ifndef CONFINEMENT_H
 #define CONFINEMENT_H
 
-/** Takes rights from a process that is going to work on data of somebody hostile. */
+/** Takes rights away from a process that is about to handle hostile data. */
 namespace Confinement
 {
 /** In seconds of processor time. */
@@ -16,8 +16,8 @@ constexpr int mostTime = 2;
 constexpr long mostMemory = 80L * 1024 * 1024;
 
 /**
- * From now on the process can compute, take memory and write to files that are open, each within
- * limits, and nothing else. False when that cannot be had.
+ * From now on the process can compute, allocate memory and write to open files, each within
+ * limits, and nothing else. False when this is not possible.
  */
 bool begin();
 }

@@ -10,7 +10,7 @@
 
 #include <unistd.h>
 
-/** Closes a file descriptor in the end. */
+/** Owns a file descriptor and closes it. */
 class Descriptor
 {
 public:

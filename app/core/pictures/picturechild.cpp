@@ -81,7 +81,7 @@ SmallPicture::Result firstPicture(const QVector<QByteArray> &files, const QSize 
     return picture;
 }
 
-/** Of those that are sent. */
+/** Of the images that are sent. */
 QSize largestImage(const QSize &size)
 {
     return 2 * size;
@@ -125,7 +125,7 @@ int PictureChild::run(const char *const *argv)
         return 1;
     }
     const SmallPicture::Result picture = firstPicture(files, size);
-    // Nothing else may run that was not made for these limits.
+    // No more code may run, since destructors and exit handlers do not expect these limits.
     _exit(picture.image.isNull() || writePicture(picture) ? 0 : 1);
 }
 

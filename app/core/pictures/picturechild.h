@@ -18,8 +18,8 @@ struct PictureOwner {
 };
 
 /**
- * The process that reads the picture of a user, so that whatever the file does to the decoder ends
- * with it. It is ormel-users with arguments that no help mentions.
+ * The process that reads the picture of a user, so that a file that attacks the decoder harms
+ * nothing else. It is ormel-users with arguments that help does not mention.
  */
 namespace PictureChild
 {
@@ -38,7 +38,7 @@ int run(const char *const *argv);
 /** The most bytes that it writes for a picture of about @p size. */
 int longestOutput(const QSize &size);
 
-/** The picture in @p output, which fits into @p size; null when there is none, or none that it would have written. */
+/** The picture in @p output, which fits into @p size; null when there is none or the output is not valid. */
 QImage picture(const QByteArray &output, const QSize &size);
 }
 

@@ -65,7 +65,7 @@ QImage shrunk(const QImage &image, const QSize &size)
     return result;
 }
 
-/** Without QImageReader's own way, which would turn the picture before it is shrunk. */
+/** QImageReader itself would turn the picture before it is shrunk. */
 QImage transformed(const QImage &image, QImageIOHandler::Transformations how)
 {
     const QImage mirrored =

@@ -14,8 +14,8 @@
 namespace
 {
 /**
- * In milliseconds, for starting a process, and for what it does then. Its processor time is limited to less; this
- * is for one that waits, for a disk or on a busy machine for a processor.
+ * How long a process may take, in milliseconds, its start included. Its processor time has a lower limit. This
+ * one is for a process that waits for a disk or, on a busy machine, for a processor.
  */
 constexpr int startLimit = 20000;
 constexpr int workLimit = 10000;
@@ -83,7 +83,7 @@ void UserPicture::readOutput()
 void UserPicture::finish()
 {
     if (!m_process) {
-        return; // told already
+        return; // reported already
     }
     m_output += m_process->readAllStandardOutput();
     const QImage picture = PictureChild::picture(m_output, m_size);

@@ -30,7 +30,7 @@ public:
     /** Finds the picture of @p user. found() follows, unless another call comes before. */
     void find(const PictureOwner &user, const QSize &size);
 
-    /** Forgets what was to be found. */
+    /** Cancels the search. */
     void cancel();
 
 Q_SIGNALS:

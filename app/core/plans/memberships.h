@@ -27,7 +27,7 @@ Plan changeMembers(const GroupMembers &group, const QStringList &wanted, const Q
 /** The users of /etc/passwd. */
 QStringList localUsers();
 
-/** Whether usermod and useradd take @p group for itself in a list, and not for several names or for a gid. */
+/** Whether usermod and useradd take @p group in a list as one name, and not as several names or a gid. */
 bool fitsInList(const QByteArray &group);
 
 /** Whether the tools know a user or group of that name; if not, says so in @p plan. */

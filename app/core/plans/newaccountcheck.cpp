@@ -28,7 +28,7 @@ QString isolated(const QString &expression)
     return QChar(0x2066) + expression + QChar(0x2069);
 }
 
-/** The rules of the library, in words. Another one comes from /etc/adduser.conf and can only be shown. */
+/** The rules of the library, in words. A pattern from /etc/adduser.conf can only be shown as it is. */
 QString ruleInWords(const QString &pattern)
 {
     if (pattern == QLatin1String("[a-z][a-z0-9\\_\\-]*")) {
@@ -149,7 +149,7 @@ NewAccountCheck::Note NewAccountCheck::uid(const QString &number) const
 
 NewAccountCheck::Note NewAccountCheck::gecosField(const QString &text, bool takesEquals) const
 {
-    // With the commas that separate the five subfields, every other one is too many.
+    // Any comma besides those that separate the five subfields is one too many.
     if (checkInput(*m_gecos, text + QLatin1String(",,,,"), anyLength).state != QValidator::Acceptable) {
         return {i18n("rejected: commas separate these fields"), true};
     }

@@ -19,14 +19,14 @@ class QValidator;
 class NewAccountCheck
 {
 public:
-    /** What there is to say of a text. */
+    /** What to say about a text. */
     struct Note {
         QString text;
         /** Whether no account can be created with it. */
         bool isRefused = false;
     };
 
-    /** Without accounts. */
+    /** A check that knows no accounts. */
     NewAccountCheck();
     ~NewAccountCheck();
 

@@ -16,7 +16,7 @@ struct Plan {
     using Command = QByteArrayList;
 
     QVector<Command> commands;
-    /** What there is to know about them, a sentence or more each. */
+    /** Notes about the commands, each of one or more sentences. */
     QStringList notes;
     /** Whether a password hash is among the arguments. */
     bool holdsHash = false;

@@ -13,7 +13,7 @@ QString writeScript(const QString &path, const Plan &plan)
 {
     const QByteArray script = plan.toScript();
     QSaveFile file(path);
-    // Nobody else can open it, not even before there is anything in it that is worth reading.
+    // Nobody else can open it, not even while it is still empty.
     const bool written = file.open(QIODevice::WriteOnly)
         && file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner)
         && file.write(script) == script.size() && file.commit();

@@ -13,7 +13,7 @@ struct Plan;
 /**
  * Writes the script of @p plan to @p path. Only its owner can read and run it, since it may hold a password hash.
  *
- * @return why it cannot be written; empty when it was
+ * @return why it cannot be written; empty on success
  */
 QString writeScript(const QString &path, const Plan &plan);
 

@@ -17,7 +17,7 @@ bool isLetterOrDigit(char character)
         || (character >= '0' && character <= '9');
 }
 
-/** Whether no shell takes the character for anything but itself, wherever it stands. */
+/** Whether the character stands for itself in every shell and in every position. */
 bool isPlain(char character)
 {
     return isLetterOrDigit(character) || QByteArray("_./,:@+-").contains(character);

@@ -11,9 +11,9 @@
 #include <QStringList>
 
 /**
- * Something about the accounts or limits of the machine that is wrong or worth a look.
+ * Something in the accounts or limits of the machine that is wrong or worth a look.
  *
- * The texts are translated. Names in them are as they stand in the files, and may hold anything.
+ * The texts are translated. Names in them are as they are in the files and may contain anything.
  */
 struct Problem {
     enum class Severity { Error, Warning, Note };
@@ -69,10 +69,10 @@ struct Problem {
     /** The account that the problem belongs to: a user, a group or, for a line that is no account, neither. */
     QString user;
     QString group;
-    /** What text() mentions. */
+    /** The names and numbers in text(). */
     QStringList details;
 
-    /** A word for scripts, for example "duplicate-uid". */
+    /** An identifier for scripts, for example "duplicate-uid". */
     QString id() const;
 
     Severity severity() const;

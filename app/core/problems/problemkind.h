@@ -10,7 +10,7 @@
 
 #include <KLazyLocalizedString>
 
-/** What is the same for all problems of a kind. */
+/** What all problems of a kind share. */
 struct ProblemKind {
     Problem::Kind kind;
     Problem::Severity severity;

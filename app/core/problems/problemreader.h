@@ -9,7 +9,7 @@
 #include "machinecheck.h"
 #include "packetprocess.h"
 
-/** Checks the machine in a process of its own, which may take long, without keeping the caller waiting. */
+/** Checks the machine in a process of its own. This may take long, but the caller never waits. */
 class ProblemReader : public QObject
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
     /** This program. */
     static PacketSource ownProgram();
 
-    /** Starts to check; from the beginning when that is going on already. */
+    /** Starts checking, or starts over. */
     void start();
 
     bool isChecking() const;
@@ -29,7 +29,7 @@ public:
 Q_SIGNALS:
     void finished(const MachineCheck &check);
 
-    /** Checking has ended early, for the reason that @p message tells in a sentence. */
+    /** Checking has ended early; @p message is a sentence that says why. */
     void failed(const QString &message);
 
 private:

@@ -41,7 +41,7 @@ ProblemStore::ProblemStore(const AccountStore *accounts, QObject *parent, const 
     });
 }
 
-/** Where the files change all the time, a check would never come to an end if it began again each time. */
+/** With files that change all the time, a check would never end if each change started it over. */
 void ProblemStore::checkWhenIdle()
 {
     if (isChecking()) {

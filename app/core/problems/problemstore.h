@@ -12,8 +12,8 @@
 class AccountStore;
 
 /**
- * What is wrong with the machine, as it was when that was last checked: after the accounts were read, and when
- * one of the other files changes. What was found before stays until the new is there.
+ * The problems of the machine when it was last checked. It is checked after the accounts were read, and when
+ * one of the other files changes. What was found before stays until the check has ended.
  */
 class ProblemStore : public QObject
 {
@@ -26,7 +26,7 @@ public:
 
     bool isChecking() const;
 
-    /** Whether there is a result, even if it is an old one. */
+    /** Whether there is a result, perhaps an old one. */
     bool hasChecked() const;
 
     const MachineCheck &check() const;
@@ -34,11 +34,11 @@ public:
     /** How many of the problems are more than notes. */
     int seriousCount() const;
 
-    /** Why the machine could not be checked when that was last tried; empty when it could. */
+    /** Why the last check failed; empty when it did not. */
     const QString &error() const;
 
 Q_SIGNALS:
-    /** Nothing is being checked any more. */
+    /** The check has ended. */
     void ended();
 
 private:

@@ -10,13 +10,13 @@
 
 #include <tuple>
 
-/** The word of the command line that runs writeProblems(). Nobody but this program needs it. */
+/** The command that runs writeProblems(). Only this program uses it. */
 QString writeProblemsCommand();
 
 /** Checks the machine and writes what is found as packets to standard output; the exit status. */
 int writeProblems();
 
-/** The text of the first packet: only the same program understands what it sends. */
+/** The text of the first packet, since only the same version of the program understands the packets. */
 QString problemsHello();
 
 /** What the process sends after its hello, in this order. */

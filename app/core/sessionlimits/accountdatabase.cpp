@@ -54,11 +54,11 @@ bool hasFilesOnly()
     return sourcesOf("group") == files && (initial.isEmpty() || initial == files);
 }
 
-/** Room for an entry of the name service; it grows where an entry needs more. */
+/** A buffer for one entry of the name service, which grows when an entry is larger. */
 class EntryBuffer
 {
 public:
-    /** What @p read returns when it is given enough room: 0 unless it failed. */
+    /** Calls @p read until the buffer is large enough. Returns its result: 0 or an error. */
     template<typename Read>
     int fill(const Read &read)
     {

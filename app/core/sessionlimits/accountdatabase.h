@@ -18,8 +18,8 @@ struct group;
 namespace PamLimits
 {
 /**
- * Accounts as the name service knows them. Where it knows no other source of groups than /etc/group, that
- * is read once; otherwise the name service is asked each time, which takes long for many accounts.
+ * Accounts as the name service knows them. When /etc/group is the only source of groups, it is read once.
+ * Otherwise the name service is asked each time, which takes long for many accounts.
  *
  * Groups can be asked for in any thread. find() and all() are for one thread at a time.
  */

@@ -13,8 +13,8 @@
 namespace PamLimits
 {
 /**
- * Tells which lines of a domain can decide something or keep others from it. With one domain's lines
- * being equal in rank for every account, those are
+ * Finds the lines of a domain that can decide something or keep others from deciding. All lines of a
+ * domain have the same rank for an account, so these are
  * - the last one for a soft and the last one for a hard limit of each item,
  * - the first one for a soft limit, which keeps rules of type "-" and lower rank from both limits,
  * - earlier rules of type "-" for hard limits, as far as such a first one stands between them and the next.
@@ -27,14 +27,14 @@ public:
     /** Takes the lines of a domain from the last to the first; true for those that count. */
     bool counts(int place);
 
-    /** The later line of the domain that stands in for one that does not count. */
+    /** The later line of the domain that overrides one that does not count. */
     int successorOf(int place) const;
 
-    /** To be called before the first line of each domain. */
+    /** Call it before the first line of each domain. */
     void startDomain();
 
 private:
-    /** Places of lines that were taken before and stand behind; -1 for none. */
+    /** Places of lines that were looked at before, which are later ones; -1 for none. */
     struct Seen {
         int soft = -1;
         int hard = -1;

@@ -18,7 +18,7 @@ enum class Fate : quint8 {
     Decides,
     Outranked, ///< a rule of a higher rank decides
     Overridden, ///< a later rule decides
-    Blocked, ///< hard limits of type "-" are lost with the soft one, when that is outranked at this moment
+    Blocked, ///< the hard limit of a rule of type "-" is lost when its soft limit is outranked at this point
     Lowered, ///< the hard limit is below this soft one, and counts for both
     Refused, ///< the kernel takes no hard limit above /proc/sys/fs/nr_open
     Exempt, ///< another line exempts the account from all limits
@@ -26,7 +26,7 @@ enum class Fate : quint8 {
     NotReached, ///< the session fails before
 };
 
-/** The two halves of a limit or of a rule. Of an item with one limit, the soft one stands for both. */
+/** The two halves of a limit or of a rule. Items with a single limit have it in the soft half. */
 enum Half { SoftHalf, HardHalf };
 constexpr int halfCount = 2;
 
@@ -49,11 +49,11 @@ struct Outcome {
     }
 };
 
-/** Puts rules of one account against each other, in the order in which they are read. */
+/** Compares the rules for one account, in the order in which they are read. */
 class Contest
 {
 public:
-    /** @param outcomes where the fate of each rule is kept; null when only the winners count */
+    /** @param outcomes receives what became of each rule; null when only the winners count */
     explicit Contest(const Rules &rules, QVector<Outcome> *outcomes = nullptr);
 
     /** The next rule, by the place of its line. */
@@ -62,7 +62,7 @@ public:
     /** The place of the line that decides; -1 for none. */
     int winner(Item item, Half half) const;
 
-    /** Sets what becomes of the winner after all, and which line decides instead; -1 for none. */
+    /** Takes the win away: sets what became of the winner, and the line that decides instead; -1 for none. */
     void dismiss(Item item, Half half, Fate fate, int against, int successor);
 
 private:
@@ -81,7 +81,7 @@ private:
     const Rules &m_rules;
     QVector<Outcome> *const m_outcomes;
     std::array<Limit, itemCount> m_limits;
-    /** Which of the items is limited that share one value. */
+    /** Which of the two items that share a value is limited. */
     Item m_logins = Item::MaxLogins;
 };
 }

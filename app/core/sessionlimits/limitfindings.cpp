@@ -44,7 +44,7 @@ QString lockedOut(const LimitUsage::Line &use, const Line &line)
                  item);
 }
 
-/** The kernel's limit is asked for here, as it counts for whoever the rule is for. */
+/** The kernel's limit is checked here, since it counts whoever the rule is for. */
 QString refused(const SessionLimits &limits, const Line &line)
 {
     const bool isTooHigh = line.kind == LineKind::Rule && line.item == Item::NoFile && (line.type & PamLimits::Hard)
@@ -67,7 +67,7 @@ Finding findingAbout(const PamLimits::File &file)
     };
 }
 
-/** Whether there is something to say of a whole file: of one with another name when it has rules. */
+/** Whether a whole file is suspicious. One with another name is when it has rules. */
 bool isOdd(const PamLimits::File &file, bool hasRules)
 {
     using State = PamLimits::File::State;

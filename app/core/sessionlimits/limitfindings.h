@@ -10,7 +10,7 @@
 
 namespace PamLimits
 {
-/** Something in the limits files that is not what it seems to be. */
+/** Something in the limits files that does not mean what it seems to mean. */
 struct Finding {
     enum class Kind : quint8 {
         IgnoredFile,
@@ -28,20 +28,20 @@ struct Finding {
     /** 0 for the whole file. */
     int number = 0;
     QString text;
-    /** What is the case, as a sentence without a full stop. */
+    /** A sentence without a full stop. */
     QString statement;
 };
 
-/** Tells what there is to say of lines and files. */
+/** Finds suspicious lines and files. */
 class Findings
 {
 public:
     Findings(const SessionLimits &limits, const LimitUsage &usage);
 
-    /** What there is to say of the line at @p place; empty for nothing. */
+    /** What is suspicious about the line at @p place; empty for nothing. */
     QStringList statementsOf(int place) const;
 
-    /** Everything, in the order of the files and lines. */
+    /** All findings, in the order of the files and lines. */
     QVector<Finding> all() const;
 
 private:
@@ -51,7 +51,7 @@ private:
 
     const SessionLimits &m_limits;
     const LimitUsage &m_usage;
-    /** What was found of domains, by their places. */
+    /** The results for domains, by their places. */
     mutable QHash<int, QString> m_nobodyMeant;
 };
 

@@ -35,7 +35,7 @@ public:
     /** The lines with an item, of the domain at place @p domain. */
     Places all(int domain) const;
 
-    /** Those of them on which a contest can depend: a few, even of very many. */
+    /** Those of them that a contest can depend on: a few, even among very many. */
     Places candidates(int domain) const;
 
     /** The first exemption of a domain; -1 when there is none. */

@@ -40,7 +40,7 @@ public:
     bool exempts(int place, const Account &account) const;
 
 private:
-    /** Ids from one to another. */
+    /** A range of ids. */
     struct Range {
         quint32 first;
         quint32 last;

@@ -33,7 +33,7 @@ bool isSameValue(const Line &line, const QString &value)
     }
     const int number = parserValue(value);
     if (isSigned(kindOf(line.item))) {
-        // A number out of range is cut by the kernel alone.
+        // Only the kernel cuts a number that is out of range.
         bool isNumber = false;
         value.toInt(&isNumber);
         return isNumber;
@@ -58,7 +58,7 @@ QString problemWithColumns(const QStringList &columns, const Line &line)
     return {};
 }
 
-/** The line as LimitsParser takes it, which knows no comment behind a word. */
+/** The line as LimitsParser sees it. It does not know comments that begin within a line. */
 QString parserText(const PamLimits::Rules &rules, const Line &line)
 {
     const QByteArray &content = rules.fileOf(line).content;

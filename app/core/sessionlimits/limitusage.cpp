@@ -13,7 +13,7 @@ using PamLimits::HardHalf;
 using PamLimits::Outcome;
 using PamLimits::SoftHalf;
 
-/** The place of the line that @p outcome is lost against; -1 for none. */
+/** The place of the line that @p outcome lost against; -1 for none. */
 int opponent(const Outcome &outcome)
 {
     return std::max(outcome.parts[SoftHalf].against, outcome.parts[HardHalf].against);

@@ -18,7 +18,7 @@ public:
         /** For how many accounts it decides something, and the first of them. */
         int decides = 0;
         QList<QByteArray> decidesFor;
-        /** For how many accounts it is meant, of those that were asked. */
+        /** How many of the counted accounts it is for. */
         int matches = 0;
         /** The place of a line that it loses against, for the first account; -1 for none. */
         int against = -1;
@@ -37,7 +37,7 @@ public:
     /** Counts what the lines do for @p account. */
     void add(const Account &account);
 
-    /** To be called after the last account. */
+    /** Call it after the last account. */
     void finish();
 
     const Line &at(int place) const;

@@ -8,10 +8,10 @@
 
 #include "sessionlimits.h"
 
-/** What there is to say of limits, in the language of the operator. */
+/** Limits in words, in the language of the operator. */
 namespace LimitWords
 {
-/** Bytes of a file, most likely in UTF-8. */
+/** Decodes bytes of a file, most likely from UTF-8. */
 QString fromFile(PamLimits::Text text);
 QString fromFile(const QByteArray &text);
 

@@ -11,7 +11,7 @@
 
 namespace PamLimits
 {
-/** What counts of an account when a session is opened. */
+/** What matters of an account when a session is opened. */
 struct Account {
     QByteArray name;
     quint32 uid = 0;
@@ -19,7 +19,7 @@ struct Account {
     quint32 gid = 0;
     /** All groups, the primary one among them. */
     QVector<quint32> groups;
-    /** Whether it stands for any member of a group, of which neither uid nor primary group is known. */
+    /** Whether it stands for any member of a group. Then neither the uid nor the primary group is known. */
     bool isAnyMember = false;
 
     static Account memberOf(quint32 group)

@@ -31,7 +31,7 @@ bool isAbove(Item item, quint64 soft, quint64 hard)
     return PamLimits::isSigned(PamLimits::kindOf(item)) ? qint64(soft) < qint64(hard) : soft > hard;
 }
 
-/** Whether @p path certainly is no directory that a session can change to. */
+/** Whether it is certain that a session cannot change to the directory @p path. */
 bool isMissing(const QByteArray &path)
 {
     struct stat status = {};
@@ -208,7 +208,7 @@ PamLimits::Value PamLimits::SessionLimits::valueOf(Item item, int line) const
     }
     const Line &rule = m_rules.lines().at(line);
     if (kindOf(item) == ItemKind::Directory) {
-        // The module has made all words of a line small.
+        // The module has put all words of a line into lower case.
         return {Value::Kind::Path, 0, copyOf(m_rules.columnsOf(rule).back()).toLower()};
     }
     const bool isHighest = item == Item::NoFile && rule.value == unlimited;

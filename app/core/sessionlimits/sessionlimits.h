@@ -50,7 +50,7 @@ struct Answer {
     }
 };
 
-/** What pam_limits makes of the limits files. It is meant to give the very limits that a session has. */
+/** What pam_limits makes of the limits files: the limits that a session really gets. */
 class SessionLimits
 {
 public:
@@ -73,13 +73,13 @@ public:
     /** For each unreadable file, what is wrong with it. */
     QStringList errors() const;
 
-    /** @param outcomes takes how those lines came out on which the answer depends; null when they do not matter */
+    /** @param outcomes receives the outcomes of the lines that the answer depends on; null when they do not matter */
     Answer answer(const Account &account, QVector<Outcome> *outcomes = nullptr) const;
 
     /** Whether the line at @p place decides something for @p account. */
     bool decides(int place, const Account &account) const;
 
-    /** The place of the line that makes the one at @p place useless whoever it is for; -1 when there is none. */
+    /** The place of the line that makes the one at @p place useless for every account; -1 when there is none. */
     int successorOf(int place) const;
 
     /** All rules for @p item that match @p account, in the order in which they are read. */

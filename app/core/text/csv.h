@@ -15,8 +15,8 @@ QString csvQuoted(const QString &value);
 QString csvField(const QString &value);
 
 /**
- * A line of comma-separated values, with its end. Characters
- * that are none are shown by signs, so that the line can be shown on a terminal.
+ * A line of comma-separated values, with its end. Invisible characters are replaced by
+ * signs, so that a terminal can show the line.
  */
 QString csvLine(const QStringList &values);
 

@@ -14,7 +14,7 @@
  */
 namespace RecordText
 {
-/** What @p record says: UTF-8 where its bytes are valid UTF-8, and the same text where they are not. */
+/** Decodes @p record from UTF-8 if its bytes are valid UTF-8, and leaves it as it is otherwise. */
 QString decode(const QString &record);
 QStringList decode(QStringList records);
 

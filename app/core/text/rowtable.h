@@ -15,11 +15,11 @@ struct RowTable {
     struct Cell {
         /** What the list shows. */
         QString text;
-        /** What that means: a text, a list of texts, a number or a truth value. */
+        /** The value behind it: a text, a list of texts, a number or a Boolean. */
         QVariant value;
     };
 
-    /** A word for each column, and what stands above it. */
+    /** An identifier and a title for each column. */
     QStringList ids;
     QStringList titles;
     QVector<QVector<Cell>> rows;
@@ -28,8 +28,8 @@ struct RowTable {
     QString toText() const;
 
     /**
-     * Lines as in RFC 4180, the titles first. Texts that a spreadsheet would take for a formula begin with an
-     * apostrophe: other users have chosen them.
+     * Lines as in RFC 4180, the titles first. Other users have chosen these texts, so one that a spreadsheet
+     * would take for a formula gets an apostrophe in front.
      */
     QString toCsv() const;
 

@@ -9,7 +9,7 @@
 #include <QStringList>
 #include <QVector>
 
-/** What somebody searches for: texts in which each of some words occurs, in upper or lower case. */
+/** A search for texts that contain each of some words, in upper or lower case. */
 class SearchWords
 {
 public:
@@ -37,7 +37,7 @@ public:
     bool isEmpty() const;
     const QVector<Word> &words() const;
 
-    /** The parts of @p text that are one of the words, in their order, none of which touches another. */
+    /** Where the words occur in @p text, in order. The parts do not overlap or touch each other. */
     QVector<Hit> hitsIn(const QString &text) const;
 
 private:

@@ -89,7 +89,8 @@ QString VisibleText::fromText(const QString &text)
 
 QByteArray VisibleText::fromJson(const QByteArray &json)
 {
-    // Those below the first printable one are white space between the values; in strings they are escaped already.
+    // Characters below the first printable one are white space between the values. In strings they are already
+    // escaped.
     const auto mustBeEscaped = [](uint character) { return character > firstPrintable && isInvisible(character); };
     const QVector<uint> characters = QString::fromUtf8(json).toUcs4();
     if (std::none_of(characters.begin(), characters.end(), mustBeEscaped)) {

@@ -11,22 +11,22 @@
 class QByteArray;
 
 /**
- * Texts of accounts and files in which nothing acts on what shows them. Users choose some of them:
- * an escape sequence would steer a terminal, and a bidirectional override would make one name look
+ * Makes texts of accounts and files safe to show. Users choose some of them: an escape
+ * sequence would control a terminal, and a bidirectional override would make one name look
  * like another.
  */
 namespace VisibleText
 {
 /**
- * @p text with a visible sign in the place of each character that is none: control characters, line
+ * @p text with a visible sign in the place of each invisible character: control characters, line
  * and paragraph separators, and invisible formatting such as bidirectional controls. The characters
  * that join letters or keep them apart stay, as some scripts need them.
  */
 QString fromText(const QString &text);
 
 /**
- * @p json, which is JSON text in UTF-8, with the same characters escaped. What is parsed out of it is
- * the same.
+ * @p json, which is JSON text in UTF-8, with the same characters escaped. It is still parsed to the
+ * same values.
  */
 QByteArray fromJson(const QByteArray &json);
 

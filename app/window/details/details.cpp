@@ -124,7 +124,7 @@ LinkLabel *Details::addLinks(const QString &title)
 
 void Details::addField(const QString &title, QLabel *field)
 {
-    // Reached with the tab key, too, so that it can be read out and copied.
+    // The tab key stops here, too, so that the text can be read out and copied.
     field->setFocusPolicy(Qt::StrongFocus);
     field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     PageLayout::addRow(m_fieldsLayout, title, field);
@@ -138,7 +138,7 @@ void Details::addButtons(const QList<QAction *> &actions)
         buttons.append(createButton(action));
         width += buttons.constLast()->sizeHint().width();
     }
-    // In one line only where that makes the details no wider.
+    // On one line only if this makes the details no wider.
     const bool fit = width < minimumWidth();
     auto *line = new QBoxLayout(fit ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     for (QWidget *button : qAsConst(buttons)) {

@@ -15,7 +15,7 @@ class QAction;
 class QFormLayout;
 class QLabel;
 
-/** What is known of one account: picture, name, remarks, and fields below. */
+/** The details of one account: picture, name, remarks, and fields below. */
 class Details : public ContentArea
 {
     Q_OBJECT
@@ -34,7 +34,7 @@ public:
     /** Shows a line for each of @p remarks below the title. */
     void setRemarks(const QStringList &remarks);
 
-    /** A field for text in one line. What does not fit is cut short. */
+    /** A field for text on one line. Text that does not fit is elided. */
     LineLabel *addField(const QString &title);
 
     /** A field for links to accounts. */

@@ -9,7 +9,7 @@
 #include "accountrecords.h"
 #include "details.h"
 
-/** What is known of a group, but for its members. */
+/** The details of a group, without its members. */
 class GroupDetails : public Details
 {
     Q_OBJECT

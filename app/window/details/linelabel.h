@@ -8,7 +8,7 @@
 
 #include <KSqueezedTextLabel>
 
-/** A line of plain text, cut short where there is no room for it. Its tool tip and what is copied are whole. */
+/** A line of plain text, elided where there is no room for it. Its tool tip and copies have the whole text. */
 class LineLabel : public KSqueezedTextLabel
 {
     Q_OBJECT

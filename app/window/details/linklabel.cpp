@@ -26,7 +26,7 @@ void LinkLabel::setLinks(AccountLink::Kind kind, const QStringList &names)
     }
     setText(links.isEmpty() ? QStringLiteral(u"\u2013") : links.join(QLatin1String(", ")));
     setAccessibleName(VisibleText::fromText(names.join(QLatin1String(", "))));
-    // With nothing to follow there is nothing to stop at.
+    // Without links the tab key has no reason to stop here.
     setTextInteractionFlags(links.isEmpty() ? Qt::TextSelectableByMouse
                                             : Qt::TextBrowserInteraction | Qt::LinksAccessibleByKeyboard);
 }

@@ -10,7 +10,7 @@
 
 #include <QLabel>
 
-/** Links to accounts, in as many lines as they take. */
+/** Links to accounts, on as many lines as necessary. */
 class LinkLabel : public QLabel
 {
     Q_OBJECT

@@ -10,7 +10,7 @@
 
 class QLineEdit;
 
-/** A line of text about the contents of a line edit, there only while there is something to say. */
+/** A line of text about the contents of a line edit, visible only while there is something to say. */
 class NoteLabel : public QLabel
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     /** The note on @p edit, which is named after it. */
     explicit NoteLabel(QLineEdit *edit);
 
-    /** Shows @p note, which is also what is read out about the line edit; hides the label when empty. */
+    /** Shows @p note, which screen readers read out for the line edit; hides the label when it is empty. */
     void setNote(const QString &note);
 
 private:

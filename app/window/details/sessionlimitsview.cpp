@@ -117,7 +117,7 @@ bool SessionLimitsView::eventFilter(QObject *watched, QEvent *event)
 
 void SessionLimitsView::fitSources()
 {
-    // In little room the sources are cut, which the tool tips show, and not the title of the descriptions.
+    // Without enough room the sources are elided, since tool tips show them, and not the title of the descriptions.
     const QHeaderView &header = *m_table->header();
     int room = m_table->viewport()->width() - header.sectionSizeHint(DescriptionColumn);
     for (const int column : {ItemColumn, SoftColumn, HardColumn}) {
@@ -125,7 +125,7 @@ void SessionLimitsView::fitSources()
     }
     const int least = header.sectionSizeHint(SourceColumn);
     m_table->setColumnWidth(SourceColumn, qMax(least, qMin(room, m_sourceWidth)));
-    // Where even that is too much, the table scrolls.
+    // If even that is too wide, the table scrolls.
     m_table->header()->setStretchLastSection(room >= least);
     if (room < least) {
         m_table->setColumnWidth(DescriptionColumn, header.sectionSizeHint(DescriptionColumn));

@@ -19,7 +19,7 @@ namespace
 {
 constexpr int userPictureSize = 96;
 
-/** How long a user is current before the picture is read, which takes a process. In milliseconds. */
+/** How long a user is current before a process is started to read the picture. In milliseconds. */
 constexpr int pictureDelay = 50;
 
 constexpr uint nobody = 65534;
@@ -75,7 +75,7 @@ void UserDetails::showNobody()
     setTitle(i18n("No user is selected"));
     setRemarks({});
     for (LineLabel *field : m_gecos) {
-        setFieldVisible(*field, true); // there must be room for all
+        setFieldVisible(*field, true); // to make room for all
     }
     setEnabled(false);
 }

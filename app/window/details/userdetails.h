@@ -12,7 +12,7 @@
 
 #include <QTimer>
 
-/** What is known of a user. */
+/** The details of a user. */
 class UserDetails : public Details
 {
     Q_OBJECT

@@ -8,7 +8,7 @@
 
 class QTreeView;
 
-/** Sets @p view up for rows without rows below them, of equal height and as one piece each. */
+/** Sets @p view up for a flat list: rows of equal height without children. */
 void setUpFlatTree(QTreeView &view);
 
 #endif

@@ -68,7 +68,7 @@ void HitDelegate::paintHits(QPainter &painter, const QStyleOptionViewItem &optio
     const QRect place = QStyle::alignedRect(option.direction, option.displayAlignment, size, room);
     const bool selected = option.state & QStyle::State_Selected;
     const QColor color = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Link);
-    // The layout has as much room as it likes, and begins at its left edge.
+    // The layout has unlimited room and begins at its left edge.
     const qreal offset = place.left() - line.naturalTextRect().left();
     for (const SearchWords::Hit &hit : hits) {
         const qreal from = offset + line.cursorToX(hit.start);

@@ -12,7 +12,7 @@
 
 class RecordModel;
 
-/** Draws the cells of a RecordModel, marking what is searched for and what has just changed. */
+/** Draws the cells of a RecordModel. Marks what is searched for and what has just changed. */
 class HitDelegate : public LeftToRight::Delegate
 {
     Q_OBJECT

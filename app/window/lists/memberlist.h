@@ -15,7 +15,7 @@ class MemberModel;
 class QLabel;
 class RecordView;
 
-/** The members of a group, those that its line names apart from those whose primary group it is. */
+/** The members of a group: those that its line names, and separately those whose primary group it is. */
 class MemberList : public QWidget
 {
     Q_OBJECT

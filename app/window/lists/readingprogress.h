@@ -13,7 +13,7 @@ class QLabel;
 class QProgressBar;
 class QPushButton;
 
-/** What is being read at the moment, with a button to stop it, or when it was read. */
+/** Shows what is being read, with a button to stop it, or when it was last read. */
 class ReadingProgress : public QWidget
 {
     Q_OBJECT

@@ -28,15 +28,15 @@ class RecordList : public QWidget
 
 public:
     struct Texts {
-        /** What screen readers call the list, and files are named after. */
+        /** The name of the list, for screen readers and exported files. */
         QString name;
         /** The filters of the model, the first one for all. */
         QStringList filters;
         /** Why no record is shown. */
         std::function<QString()> noMatch;
-        /** What is said when there is nothing to show, search or not; an empty list when that is empty. */
+        /** The text for no records at all; when it is empty, an empty list is shown. */
         std::function<QString()> none = [] { return QString(); };
-        /** How many of how many are shown. */
+        /** How many records are shown, and of how many. */
         std::function<QString(int shown, int total)> count;
     };
 
@@ -49,7 +49,7 @@ public:
     /** Shows @p text above the list; nothing when it is empty. */
     void setError(const QString &text);
 
-    /** Shows the record that is called so, without search and filter if they hide it; false when there is none. */
+    /** Shows the record of that name, without search and filter if they hide it; false when there is none. */
     bool showRecord(const QString &name);
 
     void focusList();

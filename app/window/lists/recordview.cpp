@@ -22,11 +22,11 @@
 
 namespace
 {
-/** How wide a column becomes by itself, at most. In characters. */
+/** The largest width that a column gets by default. In characters. */
 constexpr int maxCharacters = 28;
 constexpr int maxWideCharacters = 60;
 
-/** How wide a list wants to be. In characters. */
+/** The preferred width of a list. In characters. */
 constexpr int wantedCharacters = 56;
 }
 
@@ -85,7 +85,7 @@ void RecordView::setCurrentName(const QString &name)
     m_currentName = name;
     const QModelIndex index = m_model->find(name);
     if (index.isValid()) {
-        // Whatever keys are held down.
+        // Whatever modifiers are held down.
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         scrollTo(index);
     }
@@ -130,7 +130,7 @@ void RecordView::restore()
     QModelIndex current = m_model->find(m_currentName);
     const bool hidden = !current.isValid() && m_model->rowCount() < m_model->recordCount();
     if (!current.isValid() && m_model->rowCount() > 0) {
-        // The next one in the place of one that is gone, but the best hit of a search.
+        // The next record in the place of one that is gone; in a search, the best hit.
         current = m_model->index(hidden ? 0 : qMin(m_currentRow, m_model->rowCount() - 1), 0);
     }
     const bool scrolls = hasAutoScroll();
@@ -182,7 +182,7 @@ void RecordView::restoreSelection()
 
 void RecordView::keyboardSearch(const QString &search)
 {
-    // It looks in the column of the current cell, which may have been clicked.
+    // The base class looks in the column of the current cell, which may have been clicked.
     selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(0), QItemSelectionModel::NoUpdate);
     QTreeView::keyboardSearch(search);
 }

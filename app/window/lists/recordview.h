@@ -14,7 +14,7 @@ class RecordModel;
 /**
  * The rows of a RecordModel. The operator chooses columns, their places and widths, and the order.
  *
- * Which records are current and selected, and what is at the top, stays when the model is filled again.
+ * The current and selected records, and the one at the top, stay the same when the model is filled again.
  */
 class RecordView : public QTreeView
 {
@@ -35,16 +35,16 @@ public:
     /** The selected records in the order of their rows. */
     QVector<int> selectedRecords() const;
 
-    /** Makes the record that is called so the current one, now or as soon as it is shown. */
+    /** Makes the record of that name the current one, now or as soon as it is shown. */
     void setCurrentName(const QString &name);
 
-    /** The name that was last chosen, whether it is shown at the moment or not. */
+    /** The name that was last chosen, even if it is not shown at the moment. */
     const QString &currentName() const;
 
     /** Shows these columns only, until the operator chooses others. */
     void setShownColumns(const QVector<int> &columns);
 
-    /** Gives @p column much room at first: it has sentences. */
+    /** Gives @p column, which has sentences, much room at first. */
     void setWideColumn(int column);
 
     /** Sections in the order in which they are shown, without the hidden ones. */
@@ -85,9 +85,9 @@ private:
     int m_currentRow = 0;
     QSet<QString> m_selectedNames;
     QString m_topName;
-    /** Whether the model is being filled again, so that nobody has chosen what becomes current. */
+    /** Whether the model is being filled again. Then a new current row is not the operator's choice. */
     bool m_restoring = false;
-    /** Whether columns have the widths that somebody chose, or that fit their first contents. */
+    /** Whether columns already have widths: chosen ones, or those of their first contents. */
     bool m_hasWidths = false;
 };
 

@@ -8,7 +8,7 @@
 
 #include <QLineEdit>
 
-/** A line to search a list with: Esc clears it, and keys that do nothing in a line lead to the list. */
+/** A line edit to search a list. Esc clears it, and keys that do nothing in a line edit go to the list. */
 class SearchField : public QLineEdit
 {
     Q_OBJECT

@@ -17,7 +17,7 @@
 
 namespace
 {
-/** How many characters a column makes room for by itself. */
+/** How many characters a column has room for by default. */
 constexpr int maxCharacters = 36;
 }
 

@@ -10,7 +10,7 @@
 
 class QLabel;
 
-/** Rows of text to look at, without rows below them. */
+/** A read-only table of text. */
 class Table : public QTreeWidget
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
         QString explanation;
     };
 
-    /** @param title with a letter that leads here, perhaps */
+    /** @param title the title, which may have a mnemonic */
     Table(const QString &title, const QStringList &columns, QWidget *parent = nullptr);
 
     /** With room for the titles of the columns. */
@@ -31,7 +31,7 @@ public:
     /** A new label with the title, to stand above the table. */
     QLabel *createTitleLabel();
 
-    /** A row with one cell for each column, which is yet to be added. */
+    /** A new row with one cell for each column. It is not added yet. */
     static QTreeWidgetItem *row(const QVector<Cell> &cells);
 
     /** Replaces all rows. The first one becomes the current one, but is not selected. */

@@ -9,7 +9,7 @@
 
 namespace
 {
-/** Where the application is not installed there is only the icon of the theme. */
+/** Without an installation there is only the icon of the theme. */
 QIcon ownIcon(const QString &name)
 {
     return QIcon::fromTheme(QLatin1String("ormel-") + name, QIcon::fromTheme(name));

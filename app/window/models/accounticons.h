@@ -16,7 +16,7 @@ QIcon systemUser();
 QIcon group();
 QIcon systemGroup();
 
-/** For a name that is no account. */
+/** For a name without an account. */
 QIcon missing();
 }
 

@@ -15,7 +15,7 @@
 #include <atomic>
 #include <memory>
 
-/** What the lines of the limits files do, found out once. It takes long where there are many lines or users. */
+/** What the lines of the limits files do. Finding out takes long with many lines or users, so it is done once. */
 class LimitAnalysis
 {
 public:
@@ -25,7 +25,7 @@ public:
     using Cancelled = std::shared_ptr<std::atomic_bool>;
 
     /**
-     * Looks at each line, and with @p users at what it does for each of them. It may run in any thread.
+     * Analyses each line and, with @p users, what it does for each of them. May run in any thread.
      *
      * @return null when it was cancelled
      */
@@ -34,13 +34,13 @@ public:
 
     const PamLimits::SessionLimits &limits() const;
 
-    /** Whether PAM takes the line at @p place for a rule or an exemption of which it understands everything. */
+    /** Whether the line at @p place is a rule or an exemption that PAM understands completely. */
     bool isApplied(int place) const;
 
-    /** Whether there is something to say of the line at @p place. */
+    /** Whether the line at @p place is suspicious. */
     bool isProblem(int place) const;
 
-    /** What there is to say of the line at @p place. */
+    /** What is suspicious about the line at @p place. */
     QStringList problemsOf(int place) const;
 
     /** What the line at @p place does for the users; null while users were not looked at. */

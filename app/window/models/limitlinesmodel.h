@@ -11,8 +11,8 @@
 #include <QAbstractTableModel>
 
 /**
- * The lines of the limits files. Nothing is kept for a row but the place of its line, as there may
- * be a million.
+ * The lines of the limits files. A row keeps only the place of its line, since there may be a
+ * million.
  */
 class LimitLinesModel : public QAbstractTableModel
 {
@@ -38,7 +38,7 @@ public:
     /** The row of the line at @p place; -1 where it is not shown. */
     int rowOf(int place) const;
 
-    /** What the line at @p place is for. */
+    /** The purpose of the line at @p place. */
     QString meaningOf(int place) const;
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;

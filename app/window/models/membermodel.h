@@ -12,7 +12,7 @@
 #include <QHash>
 #include <QIcon>
 
-/** The users of a group, and the members that are no users. */
+/** The users of a group, and the members that are not users. */
 class MemberModel : public RecordModel
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
 
     explicit MemberModel(QObject *parent = nullptr);
 
-    /** Shows the users of @p group, of whom @p users tells more. */
+    /** Shows the users of @p group. Their details come from @p users. */
     void setGroup(const GroupRecord &group, const QVector<UserRecord> &users);
 
     int recordCount() const override;

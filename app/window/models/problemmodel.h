@@ -29,7 +29,7 @@ public:
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     int recordCount() const override;
 
-    /** What tells the problem from others: two are never the same in place, kind and account. */
+    /** Identifies the problem: no two have the same place, kind and account. */
     QString name(int record) const override;
 
 protected:

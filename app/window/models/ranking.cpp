@@ -42,7 +42,7 @@ QString toText(const QVariant &value)
     return value.userType() == QMetaType::QStringList ? value.toStringList().join(QLatin1Char(' ')) : value.toString();
 }
 
-/** The order of bytes, which the locale "C" has, is none that people expect. */
+/** People do not expect the byte order of the locale "C". */
 QLocale sortLocale()
 {
     const QLocale locale;

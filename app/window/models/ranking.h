@@ -10,8 +10,8 @@
 #include <QVector>
 
 /**
- * The place of each of @p values in their order, the same for equal ones. Numbers and truth values are
- * compared as such, anything else as text: as the language has it, and the numbers in it by their size.
+ * The place of each of @p values in their order, the same for equal ones. Numbers and Booleans are
+ * compared as such, anything else as text: by the rules of the language, and numbers in it by their value.
  */
 QVector<int> ranksOf(const QVector<QVariant> &values);
 

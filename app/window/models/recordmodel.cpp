@@ -14,7 +14,7 @@
 
 namespace
 {
-/** How long what has changed is marked. In milliseconds. */
+/** How long changed records are marked. In milliseconds. */
 constexpr int newsDuration = 5000;
 }
 

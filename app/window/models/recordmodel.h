@@ -15,10 +15,10 @@
 #include <QTimer>
 
 /**
- * A table of records, those that a search and a filter leave, in the order of a column.
+ * A table of the records that pass a search and a filter, sorted by a column.
  *
- * Records are numbered as they were given; rows are counted as they are shown. No record takes more than
- * some numbers beside itself, and texts are made when they are shown.
+ * Records are numbered as they were given; rows are counted as they are shown. Besides the record itself
+ * only some numbers are kept, and texts are made when they are shown.
  */
 class RecordModel : public QAbstractTableModel
 {
@@ -26,15 +26,15 @@ class RecordModel : public QAbstractTableModel
 
 public:
     enum Role {
-        ValueRole = Qt::UserRole, ///< what a cell holds: a text, a list of texts, a number or a truth value
+        ValueRole = Qt::UserRole, ///< the value of a cell: a text, a list of texts, a number or a Boolean
         NewsRole, ///< whether the record is marked as one that has just changed
     };
 
     struct Column {
-        /** A word for settings and for files. */
+        /** An identifier for settings and for files. */
         const char *id;
         KLazyLocalizedString title;
-        /** How a truth value is shown. */
+        /** How a Boolean is shown. */
         KLazyLocalizedString yes = {};
         KLazyLocalizedString no = {};
     };
@@ -47,41 +47,47 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
-    /** Sorts by the values of @p column: numbers as numbers, texts as the language has it; equal ones by the first. */
+    /**
+     * Sorts by the values of @p column: numbers as numbers, texts by the rules of the language, equal ones
+     * by the first column.
+     */
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
     const QVector<Column> &columns() const;
 
-    /** Shows the records in which each of the words occurs, wherever. Resets the model. */
+    /** Shows the records that contain each of the words in any column. Resets the model. */
     void setSearch(const SearchWords &search);
     const SearchWords &search() const;
 
-    /** Shows the records that pass @p filter, whatever that means for them; 0 is for all. Resets the model. */
+    /**
+     * Shows the records that pass @p filter, a number that the derived class defines; 0 is for all. Resets
+     * the model.
+     */
     void setFilter(int filter);
     int filter() const;
 
     /** The number of records, shown or not. */
     virtual int recordCount() const = 0;
 
-    /** What a record is called. Others may be called the same. */
+    /** The name of a record. Others may have the same name. */
     virtual QString name(int record) const = 0;
 
     /** The record of a row, -1 for an invalid index. */
     int recordAt(const QModelIndex &index) const;
 
-    /** The first shown record that is called so; invalid when there is none. */
+    /** The first shown record of that name; invalid when there is none. */
     QModelIndex find(const QString &name) const;
 
-    /** Whether a record is called so, shown or not. */
+    /** Whether there is a record of that name, shown or not. */
     bool hasRecord(const QString &name) const;
 
-    /** Marks the records that are called so, for some seconds. */
+    /** Marks the records of these names for some seconds. */
     void setNews(const QSet<QString> &names);
 
 protected:
     virtual QVariant value(int record, int column) const = 0;
 
-    /** What @p column is sorted by: numbers, truth values or texts. */
+    /** What @p column is sorted by: numbers, Booleans or texts. */
     virtual QVariant sortValue(int record, int column) const;
 
     virtual bool passes(int record, int filter) const = 0;

@@ -12,8 +12,8 @@
 #include <QAction>
 
 /**
- * A list of accounts beside all there is to know of the current one. The actions of the page plan changes of
- * the current account.
+ * A list of accounts beside the details of the current one. The actions of the page plan changes of the
+ * current account.
  */
 class AccountPage : public ListPage
 {
@@ -24,7 +24,7 @@ protected:
 
     AccountStore *store() const;
 
-    /** Adds an action for the current account, which @p plan plans a change of. */
+    /** Adds an action that plans a change of the current account with @p plan. */
     template<typename Page>
     QAction *addPlanAction(const QString &text, const QString &icon, void (Page::*plan)())
     {

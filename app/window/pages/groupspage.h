@@ -13,7 +13,7 @@ class GroupModel;
 class SessionLimitsView;
 class MemberList;
 
-/** The groups of the machine, and all there is to know of one of them. */
+/** The groups of the machine, with the details of one of them. */
 class GroupsPage : public AccountPage
 {
     Q_OBJECT

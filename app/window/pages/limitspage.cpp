@@ -152,7 +152,7 @@ void LimitsPage::analyseLines()
 
 void LimitsPage::analyseUsage()
 {
-    // Otherwise it follows when the lines are there.
+    // Otherwise it begins when the lines are there.
     if (m_analysis && !m_lineAnalysis.isRunning() && !m_store->users().isEmpty()) {
         m_userAnalysis.setFuture(analyse(m_analysis->limits(), m_store->users()));
     }

@@ -53,7 +53,7 @@ private:
     QLabel *m_problem = nullptr;
     QLabel *m_decides = nullptr;
     LimitAnalysis::Pointer m_analysis;
-    /** They look at the lines alone, which is soon done, and then at what they do for the users. */
+    /** The first one looks at the lines alone, which is quick, the second one at what they do for the users. */
     QFutureWatcher<LimitAnalysis::Pointer> m_lineAnalysis;
     QFutureWatcher<LimitAnalysis::Pointer> m_userAnalysis;
     LimitAnalysis::Cancelled m_cancelled;

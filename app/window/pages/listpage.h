@@ -11,7 +11,7 @@
 
 #include <QWidget>
 
-/** A list beside all there is to know of its current entry. */
+/** A list beside the details of its current entry. */
 class ListPage : public QWidget
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
     bool showEntry(const QString &name);
 
 Q_SIGNALS:
-    /** The operator wants to go there. */
+    /** The operator followed a link to @p link. */
     void followed(const AccountLink &link);
 
 protected:

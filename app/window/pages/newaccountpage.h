@@ -24,7 +24,7 @@ class QLineEdit;
 class QPushButton;
 struct NewAccount;
 
-/** Everything that is asked for a new account, checked as it is typed, and the commands that create it. */
+/** The form for a new account, which is checked as it is filled in, and the commands that create the account. */
 class NewAccountPage : public QWidget
 {
     Q_OBJECT
@@ -50,7 +50,7 @@ private:
     /** Checks against the accounts and rules as they are now. */
     void readAccounts();
 
-    /** Says what is to be said of the fields. @return whether an account can be created with them */
+    /** Shows notes on the fields. @return whether an account can be created with them */
     bool checkFields();
     void showCommands();
     NewAccount account() const;

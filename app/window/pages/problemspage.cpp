@@ -20,7 +20,7 @@
 
 namespace
 {
-/** What there is to say when there is no problem. */
+/** The text to show when there are no problems. */
 QString noProblems(const ProblemStore &store)
 {
     const QList<UnreadFile> &unread = store.check().unreadFiles;
@@ -29,7 +29,7 @@ QString noProblems(const ProblemStore &store)
     return store.hasChecked() && isComplete ? i18n("No problems found.") : QString();
 }
 
-/** A line for each of the files that could not be read, and for which that is normal, or not. */
+/** A line for each file that could not be read: those for which that is normal, or the others. */
 QString unreadText(const QList<UnreadFile> &files, bool isExpected)
 {
     QStringList lines;

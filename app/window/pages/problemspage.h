@@ -14,7 +14,7 @@ class ProblemModel;
 class ProblemStore;
 class QAction;
 
-/** What is wrong with the machine, what it means, and what to do. */
+/** The problems of the machine, what they mean, and what to do. */
 class ProblemsPage : public ListPage
 {
     Q_OBJECT

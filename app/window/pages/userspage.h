@@ -12,7 +12,7 @@ class SessionLimitsView;
 class UserDetails;
 class UserModel;
 
-/** The users of the machine, and all there is to know of one of them. */
+/** The users of the machine, with the details of one of them. */
 class UsersPage : public AccountPage
 {
     Q_OBJECT

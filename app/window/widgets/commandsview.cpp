@@ -50,7 +50,7 @@ QPushButton *createButton(const char *name, const char *icon, const QString &tex
     return button;
 }
 
-/** As much room as a few lines take. */
+/** The height of a few lines. */
 int heightOf(const QPlainTextEdit &edit, int lines)
 {
     const int margins = 2 * (edit.frameWidth() + qRound(edit.document()->documentMargin()));

@@ -19,7 +19,7 @@ class CommandsView : public QWidget
     Q_OBJECT
 
 public:
-    /** @param heading what stands above commands: that nothing was done, and who has to run them */
+    /** @param heading the text above the commands, which says that nothing was changed, and who has to run them */
     explicit CommandsView(const QString &heading, QWidget *parent = nullptr);
 
     /** Shows @p plan, or @p nothing where it has no commands. */

@@ -8,7 +8,7 @@
 
 #include <QScrollArea>
 
-/** Wants to be as large as its contents, and scrolls only where there is no room for them. */
+/** A scroll area that prefers the size of its contents and scrolls only where there is no room for them. */
 class ContentArea : public QScrollArea
 {
     Q_OBJECT

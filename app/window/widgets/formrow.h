@@ -19,7 +19,7 @@ class QWidget;
 void addRow(QFormLayout *form, const QString &text, const QVector<QWidget *> &widgets, QWidget *note = nullptr);
 
 /**
- * Makes a label or button with @p text wide enough for it. The letter to press is drawn by itself; in
+ * Makes a label or button with @p text wide enough for it. The mnemonic is drawn by itself. In
  * scripts that join letters this takes more room than Qt gives it.
  */
 void makeRoomForMnemonic(QWidget *widget, const QString &text);

@@ -10,23 +10,23 @@
 #include <QStyledItemDelegate>
 
 /**
- * Names, paths and numbers read from the left to the right in every language. Between words that
- * are read from the right, a sign at their beginning would move to their end: "-1" would be "1-".
+ * Names, paths and numbers are read from left to right in every language. Between words that are
+ * read from right to left, a sign at their beginning would move to their end: "-1" would be "1-".
  */
 namespace LeftToRight
 {
 /**
- * @p text with what keeps its order, or that of the numbers in it when it begins with a word that is
- * read from the right; the same text where all is read from the left.
+ * @p text with marks that keep its order, or that of the numbers in it when it begins with a word
+ * that is read from right to left; the same text when all of it is read from left to right.
  */
 QString embed(const QString &text);
 
-/** Where lines begin, whatever their text; labels look at the text. */
+/** The side where lines begin, whatever their text. Labels by themselves go by the text. */
 Qt::Alignment lineStart();
 
 /**
- * Draws cells with their texts embedded, and with signs in the place of characters that act on what is beside them.
- * Ids have the digits that they have in the files.
+ * Draws cells with their order kept, and with signs in the place of characters that act on what is beside them. Ids
+ * have the same digits as in the files.
  */
 class Delegate : public QStyledItemDelegate
 {

@@ -8,13 +8,13 @@
 
 #include <KMessageWidget>
 
-/** Messages that stand in a page as long as what they tell holds. */
+/** Messages that a page shows for as long as they are true. */
 namespace Messages
 {
 /** A message that is not shown yet. */
 KMessageWidget *create(KMessageWidget::MessageType type, QWidget *parent);
 
-/** Shows @p text, which is plain; nothing when it is empty. */
+/** Shows @p text as plain text; hides the message when it is empty. */
 void show(KMessageWidget &message, const QString &text);
 }
 

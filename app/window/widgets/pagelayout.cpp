@@ -46,7 +46,7 @@ void PageLayout::arrange(QWidget *page, QWidget *list, const QVector<QWidget *> 
 {
     PartSplitter *right = split(Qt::Vertical, list->objectName() + QStringLiteral("Parts"), parts);
     PartSplitter *both = split(Qt::Horizontal, list->objectName() + QStringLiteral("Columns"), {list, right});
-    // A larger window is for what is told of the account, and there for the tables.
+    // A larger window gives more room to the details of the account, and there to the tables.
     both->setStretchFactor(1, 1);
     right->setStretchFactor(parts.size() - 1, 1);
     auto *layout = new QVBoxLayout(page);

@@ -11,13 +11,13 @@
 class QFormLayout;
 class PartSplitter;
 
-/** The pages look alike. */
+/** What the layouts of the pages have in common. */
 namespace PageLayout
 {
 /** A row of a form whose title stays at the top beside a field with more than one line. */
 void addRow(QFormLayout *layout, const QString &title, QWidget *field);
 
-/** Parts with borders that the operator can move. The object name is the one in settings. */
+/** Parts with borders that the operator can move. The object name is also the key in the settings. */
 PartSplitter *split(Qt::Orientation orientation, const QString &objectName, const QVector<QWidget *> &parts);
 
 /** A list beside @p parts, which stand one above the other, with borders that can be moved. */

@@ -9,8 +9,8 @@
 #include <QSplitter>
 
 /**
- * Parts with borders that the operator can move. Until somebody does, each part but the last is as large as
- * it wants to be, also when it comes to want something else.
+ * Parts with borders that the operator can move. Until somebody does, each part but the last has the size
+ * of its hint, also when the hint changes.
  */
 class PartSplitter : public QSplitter
 {

@@ -23,7 +23,7 @@ class PasswordHashBox : public QGroupBox
 public:
     explicit PasswordHashBox(QWidget *parent = nullptr);
 
-    /** The hash that is chosen to be set; empty when there is none. */
+    /** The hash that was chosen for the account; empty when there is none. */
     QString hash() const;
 
 Q_SIGNALS:

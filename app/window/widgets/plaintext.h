@@ -8,7 +8,7 @@
 
 #include <QString>
 
-/** Texts from account files must not be taken for rich text where widgets guess what they are. */
+/** Texts from account files must not be taken for rich text by widgets that guess the format. */
 namespace PlainText
 {
 /** Rich text that shows @p text as it is, in lines as long as fit. A line end begins a new one. */

@@ -17,13 +17,13 @@
 
 namespace
 {
-/** A name from the account files may hold anything, but it leads to no other folder. */
+/** A name from the account files may contain anything, but must not lead to another folder. */
 QString suggestedFile(const QString &user)
 {
     return VisibleText::fromText(user).replace(QLatin1Char('/'), QLatin1Char('_')) + QLatin1String(".png");
 }
 
-/** @return why the file cannot be written; empty when it was */
+/** @return why the file cannot be written; empty on success */
 QString write(const QPixmap &picture, const QString &path)
 {
     QSaveFile file(path);

@@ -23,7 +23,7 @@ Domain::Prefix prefixOf(Text text)
     }
 }
 
-/** Reads all of @p text as an id, of which the module keeps 32 bits. */
+/** Reads the whole @p text as an id. The module keeps 32 bits of it. */
 bool readId(Text text, quint32 &id)
 {
     const Number number = PamLimits::readNumber(text);

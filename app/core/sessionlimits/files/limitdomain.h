@@ -10,7 +10,7 @@
 
 namespace PamLimits
 {
-/** The first column of a line: whom it is for. */
+/** The first column of a line, which says whom it is for. */
 struct Domain {
     enum class Prefix : quint8 { None, Group, Logins };
     enum class Range : quint8 { None, One, From, Between, Invalid };

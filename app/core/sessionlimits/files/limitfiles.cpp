@@ -19,7 +19,7 @@ namespace
 {
 using PamLimits::File;
 
-/** Offsets in a file have 32 bits, and so have the sizes of Qt's containers. */
+/** Offsets in a file have 32 bits, like the sizes of Qt's containers. */
 constexpr qint64 maxSize = 1 << 30;
 
 QString systemError(int number)
@@ -38,7 +38,7 @@ void refuse(File &file, File::State state, const QString &error)
     file.error = error;
 }
 
-/** Whether @p status is of /dev/null, to which links lead that switch a file off. */
+/** Whether @p status is that of /dev/null. A link to it switches a file off. */
 bool isNull(const struct stat &status)
 {
     struct stat null = {};
@@ -86,7 +86,7 @@ File readFile(const QString &path, const PamLimits::Module &module)
     return file;
 }
 
-/** A file that is not read, with what is in it when that can be told. */
+/** A file that PAM does not read, with its contents if they can be read. */
 File neighbour(const QString &path, File::State state, const PamLimits::Module &module)
 {
     File file = readFile(path, module);

@@ -13,7 +13,7 @@
 
 namespace PamLimits
 {
-/** A file of the limits, or a neighbour that is taken for one. */
+/** A limits file, or another file in its folder that people may take for one. */
 struct File {
     enum class State : quint8 {
         Read,
@@ -29,7 +29,7 @@ struct File {
     State state = State::Read;
     /** Why it could not be read. */
     QString error;
-    /** Also of a file that is not read for its name. */
+    /** Also that of a file that PAM does not read because of its name. */
     QByteArray content;
 
     /** Whether pam_limits takes rules from it. */
@@ -39,9 +39,9 @@ struct File {
     }
 };
 
-/** What stands in /etc/security, in the order in which pam_limits reads it. */
+/** The limits files in /etc/security, in the order in which pam_limits reads them. */
 struct Files {
-    /** Files that are not read stand among the others by their names. */
+    /** Files that are not read are sorted in by their names. */
     QVector<File> files;
     /** Why limits.d cannot be listed; empty when it can, or does not exist. */
     QString directoryError;

@@ -36,10 +36,10 @@ enum class Item : quint8 {
 
 constexpr int itemCount = int(Item::Stack) + 1;
 
-/** The value for "unlimited", the highest there is. */
+/** The value for "unlimited", the highest possible one. */
 constexpr quint64 unlimited = ~quint64(0);
 
-/** How the value of an item is read, and how the rule is found that decides. */
+/** How the value of an item is read, and how the deciding rule is found. */
 enum class ItemKind : quint8 {
     Resource, ///< a number; soft and hard limit are decided apart, by rank
     Niceness, ///< a signed number; soft and hard limit are decided apart, by rank
@@ -52,7 +52,7 @@ enum class ItemKind : quint8 {
 ItemKind kindOf(Item item);
 QByteArray nameOf(Item item);
 
-/** The lowest value that is no limit any more, as the kernel could not hold it in its own unit. */
+/** The lowest value that means no limit, because the kernel cannot hold it in its own unit. */
 quint64 lowestUnlimited(Item item);
 
 /** Finds the item that @p text names in small or capital letters; false when there is none. */

@@ -31,11 +31,11 @@ enum TypeFlag : quint8 {
     Both = Soft | Hard,
 };
 
-/** A line that is neither empty nor a comment, in few bytes, as there may be a million. */
+/** A line that is neither empty nor a comment. It is small, since there may be a million. */
 struct Line {
     /** The value in the unit of the file; a negative one in two's complement. A Directory has none. */
     quint64 value = 0;
-    /** Where the line stands in its file, without blanks around it. */
+    /** Where the line is in its file, without blanks around it. */
     quint32 offset = 0;
     quint32 length = 0;
     /** From 1. */
@@ -46,7 +46,7 @@ struct Line {
     LineKind kind = LineKind::Rule;
     Item item = Item::As;
     quint8 type = Both;
-    /** Whether the item is known. It is for a rule and may be for another line of four columns. */
+    /** Whether the item is known. Rules have a known item, other lines of four columns may have one. */
     bool hasItem = false;
 };
 
@@ -55,10 +55,10 @@ constexpr int columnCount = 4;
 /** The columns of a line; those that it does not have are empty. */
 using Columns = std::array<Text, columnCount>;
 
-/** Takes @p text, without blanks at its end, apart as @p module does. */
+/** Splits @p text, which has no blanks at its end, as @p module does. */
 Columns columnsOf(Text text, const Module &module);
 
-/** Reads type, item and value, or what else @p columns are, whose domain is valid. */
+/** Reads the other columns of a line whose domain is valid. */
 void readColumns(const Columns &columns, Line &line);
 }
 

@@ -14,7 +14,7 @@ using PamLimits::Text;
 constexpr int linesBetweenReports = 50000;
 constexpr int all = 100;
 
-/** A part of a text that is read at a time, with its line end. */
+/** The part of a text that is read at a time, with its line end. */
 Text nextPiece(Text text, int maxLength)
 {
     const size_t end = text.find('\n');
@@ -27,7 +27,7 @@ bool isTrimmed(char c, const PamLimits::Module &module)
     return module.anySpaceSeparates ? PamLimits::isSpace(c) : c == ' ' || c == '\t';
 }
 
-/** What counts of @p piece: a NUL byte ends it as a comment does. */
+/** The part of @p piece that counts: a comment or a NUL byte ends it. */
 Text statementIn(Text piece, const PamLimits::Module &module)
 {
     piece = piece.substr(0, piece.find('\0'));

@@ -16,17 +16,17 @@
 
 namespace PamLimits
 {
-/** Takes how many of a hundred parts of a long task are done. */
+/** Receives the progress of a long task in percent. */
 using Progress = std::function<void(int percent)>;
 
 /** All lines of the limits files that are neither empty nor comments. */
 class Rules
 {
 public:
-    /** Without a line. */
+    /** No lines. */
     Rules() = default;
 
-    /** Takes the lines from @p files as @p module does. */
+    /** Reads the lines of @p files as @p module does. */
     Rules(Files files, const Module &module, const Progress &progress = {});
 
     const QVector<File> &files() const;
@@ -34,13 +34,13 @@ public:
     /** Why limits.d cannot be listed; empty when it can. */
     QString directoryError() const;
 
-    /** In the order in which they are read. Those of files that are not read stand among them. */
+    /** In the order in which they are read. Lines of files that are not read are among them. */
     const QVector<Line> &lines() const;
 
     /** The first columns of all lines, each of them once. */
     const QVector<Domain> &domains() const;
 
-    /** The place of the domain that is written like this; -1 when no line has it. */
+    /** The place of the domain with exactly this text; -1 when no line has it. */
     int findDomain(const QByteArray &text) const;
 
     const Module &module() const;

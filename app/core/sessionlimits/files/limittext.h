@@ -12,7 +12,7 @@
 
 namespace PamLimits
 {
-/** A part of a file that stays in memory. Lines are many, so none of their parts is copied. */
+/** A part of a file that stays in memory. There may be many lines, so their parts are not copied. */
 using Text = std::string_view;
 
 inline QByteArray copyOf(Text text)
@@ -36,7 +36,7 @@ struct Number {
 
 Number readNumber(Text text);
 
-/** Whether @p text is @p word, which is in small letters, in small or capital ones. */
+/** Whether @p text is @p word in lower or upper case. @p word itself is in lower case. */
 bool isWord(Text text, Text word);
 }
 

@@ -25,7 +25,7 @@ bool meansUnlimited(Text text)
 bool readSigned(Text text, quint64 &value)
 {
     const Number number = PamLimits::readNumber(text);
-    // The kernel knows no others, and neither module nor kernel refuses them.
+    // The kernel has no other values. It cuts them, and the module does not refuse them.
     const int limit = number.isNegative ? -lowestNice : highestNice;
     const auto magnitude = int(std::min(number.magnitude, quint64(limit)));
     value = quint64(number.isNegative ? -magnitude : magnitude);

@@ -12,7 +12,7 @@ namespace PamLimits
 {
 /**
  * Reads @p text as a value of @p item: "unlimited" and the like, or the number that it begins with.
- * False when there is none. Of a Directory nothing is read: it is the text itself.
+ * False when there is none. A Directory has no number: its value is the text itself.
  */
 bool readValue(Item item, Text text, quint64 &value);
 

@@ -12,7 +12,7 @@ namespace PamLimits
 {
 /** How the pam_limits of this machine reads its files. Later rules are the same for all versions. */
 struct Module {
-    /** How many bytes it reads of a line at a time; 0 for any number. The rest counts as lines of its own. */
+    /** How many bytes it reads of a line at a time; 0 for no limit. The rest counts as further lines. */
     int lineLength = 0;
     /** Whether a vertical tab, form feed or carriage return separates columns, as spaces and tabs do. */
     bool anySpaceSeparates = false;
@@ -29,7 +29,7 @@ struct Module {
     /** Linux-PAM 1.7, as in Debian 13. */
     static Module version1_7();
 
-    /** The one that is installed, told by the functions it calls; the latest when there is none. */
+    /** The installed one, recognized by the functions that it calls; the latest when there is none. */
     static Module installed();
 };
 }
