@@ -12,7 +12,7 @@
 
 using SharedGroups = GeneratedAccounts::SharedGroups;
 
-/** Makes the machine have as many generated accounts as the size of the benchmark says. */
+/** Gives the machine as many generated accounts as the size of the benchmark says. */
 void prepareAccounts(const benchmark::State &state, SharedGroups place = SharedGroups::Last);
 
 #endif

@@ -8,13 +8,13 @@
 
 #include <QStringList>
 
-/** Programs that are run for what they cost or what they measure. */
+/** Programs that are run to measure something or to be measured. */
 namespace Children
 {
-/** Runs a program, which must succeed, and gives what it printed. */
+/** Runs a program, which must succeed, and returns its output. */
 QByteArray outputOf(const QString &program, const QStringList &arguments);
 
-/** Runs a program, which must succeed, and gives the processor time that it took. */
+/** Runs a program, which must succeed, and returns the processor time that it took. */
 double secondsOf(const QString &program, const QStringList &arguments);
 }
 

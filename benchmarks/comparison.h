@@ -14,18 +14,18 @@
 /** What is measured. */
 enum class Figure {
     Time, ///< the processor time of this process
-    ChildTime, ///< the time that the benchmark gives for each iteration, of another process
-    Memory, ///< what the benchmark gives with reportBytes()
+    ChildTime, ///< the time of another process, which the benchmark reports for each iteration
+    Memory, ///< what the benchmark reports with reportBytes()
 };
 
-/** What the library may take at most, where the size is not below @p from. */
+/** What the library may take at most, for sizes from @p from on. */
 struct Limit {
-    double value = 0; ///< times what the peer takes or, without a peer, Megabytes; 0 for no limit
+    double value = 0; ///< a multiple of what the peer takes or, without a peer, Megabytes; 0 for no limit
     int64_t from = 0;
-    double accepted = 0; ///< the same, where it is explained why the limit is missed; 0 where it never is
+    double accepted = 0; ///< the same for a missed limit that is explained; 0 if it is never missed
 };
 
-/** Something that the library does, and what it is measured beside. */
+/** Something that the library does, and what it is compared with. */
 struct Comparison {
     using Function = void(benchmark::State &);
 

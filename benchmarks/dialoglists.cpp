@@ -24,7 +24,7 @@ using benchmark::State;
 
 namespace
 {
-/** Makes @p copy have all that @p model shows. */
+/** Copies everything that @p model shows to @p copy. */
 void fill(QStandardItemModel &copy, const QAbstractItemModel &model)
 {
     for (int row = 0; row < model.rowCount(); ++row) {
@@ -77,7 +77,7 @@ public:
         });
     }
 
-    /** Takes other rows, which are the same ones here. A QStandardItemModel is exchanged for another. */
+    /** Sets other rows, which happen to be equal. A QStandardItemModel is replaced by another one. */
     int filter()
     {
         return paintAfter(m_dialog, [this] {
@@ -128,7 +128,7 @@ private:
     QTreeView *m_view;
 };
 
-/** The dialogs that were made, which takes long; they go before the application does. */
+/** The dialogs, which take long to construct. They are deleted before the application object. */
 auto &madeLists()
 {
     static std::map<std::pair<int64_t, bool>, std::unique_ptr<List>> lists;

@@ -12,7 +12,7 @@
 
 namespace
 {
-/** Tells when a widget was painted. */
+/** Notices when a widget was painted. */
 class PaintWatcher : public QObject
 {
 public:

@@ -3,9 +3,9 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
-// Runs the library beside its peers and writes table.md and table.json into the current directory.
-// Takes the options of Google Benchmark, such as --benchmark_filter=getUsers. Fails when
-// something takes longer, or grows faster with the size, than is known of it, and when nothing was measured.
+// Runs the library beside its peers and writes table.md and table.json into the current directory. Takes the
+// options of Google Benchmark, such as --benchmark_filter=getUsers. Fails when something takes longer, or
+// grows faster with the size, than is accepted, and when nothing was measured.
 
 #include "comparison.h"
 #include "results.h"
@@ -18,10 +18,10 @@
 
 namespace
 {
-/** Each benchmark that takes less than a second is run so often; library and peer take turns. */
+/** How often a benchmark is run that takes less than a second; library and peer take turns. */
 constexpr int rounds = 5;
 
-/** How long a run takes at least, in as many iterations as are needed. */
+/** The shortest time of a run, which has as many iterations as that takes. */
 constexpr double leastSeconds = 0.1;
 
 Comparisons allComparisons()

@@ -16,7 +16,7 @@ using benchmark::State;
 
 namespace
 {
-/** A model of as many users as the size says. It is kept, for it takes long to make. */
+/** A model of as many users as the size says. It is kept, since it takes long to construct. */
 UserListModel &modelFor(const State &state)
 {
     static std::map<int64_t, std::unique_ptr<UserListModel>> models;

@@ -22,13 +22,13 @@ public:
 
     void ReportRuns(const std::vector<Run> &runs) override;
 
-    /** The least that a benchmark took in any of its runs: seconds, or bytes; nothing when it was not run. */
+    /** The lowest result of a benchmark in any of its runs: seconds, or bytes; nothing when it was not run. */
     std::optional<double> least(const std::string &name) const;
 
-    /** How the time of a benchmark grows by the best fit over so many @p sizes; oNone without one. */
+    /** How the time of a benchmark grows, by the best fit over @p sizes sizes; oNone without one. */
     benchmark::BigO growth(const std::string &family, std::size_t sizes) const;
 
-    /** The full names of the benchmarks of which a run takes less than a second. */
+    /** The full names of the benchmarks that take less than a second a run. */
     std::vector<std::string> quickOnes() const;
 
 private:

@@ -37,7 +37,7 @@ constexpr struct {
     {benchmark::oNCubed, "O(n³)"},
 };
 
-/** Where @p order stands among them. */
+/** The place of @p order among them. */
 std::ptrdiff_t orderOf(benchmark::BigO order)
 {
     const auto *const found = std::find_if(
@@ -94,7 +94,7 @@ void Table::add(const Comparison &comparison, const Results &results, std::optio
     const auto library = results.least(name + "/library" + argument);
     const auto peer = results.least(name + "/peer" + argument);
     if (!library || (comparison.peer && !peer)) {
-        return; // they were not both asked for
+        return; // not both of them were run
     }
     const bool limited = comparison.limit.value > 0 && size.value_or(comparison.limit.from) >= comparison.limit.from;
     m_rows.push_back({

@@ -16,7 +16,7 @@
 
 class Results;
 
-/** The comparisons with what was measured of them. */
+/** The comparisons with their results. */
 class Table
 {
 public:
@@ -25,7 +25,7 @@ public:
     QString toMarkdown() const;
     QByteArray toJson() const;
 
-    /** Whether something takes longer, or grows faster, than is known; nothing at all is a surprise, too. */
+    /** Whether something takes longer, or grows faster, than is accepted, or nothing was measured at all. */
     bool hasSurprise() const;
 
 private:

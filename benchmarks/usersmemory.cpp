@@ -3,7 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
-// Prints by how many bytes the peak of the memory grows when the users are listed.
+// Prints how many bytes listing the users adds to the peak of the memory.
 
 #include "peakmemory.h"
 

@@ -55,7 +55,7 @@ void reload(GroupInfo group)
                      QLatin1String("A group, read again: ") + describe(found));
 }
 
-/** The first of @p records that has what @p isWanted asks for, as text; null for none. */
+/** The first of @p records for which @p isWanted is true, as text; null for none. */
 template<typename Record, typename Predicate>
 QString first(const QList<Record> &records, Predicate isWanted)
 {
@@ -63,7 +63,7 @@ QString first(const QList<Record> &records, Predicate isWanted)
     return found == records.end() ? QString() : describe(*found);
 }
 
-/** Finds a user by id. What the C library does not find is not in the file for it. */
+/** Finds a user by id. For accounts that the C library does not find, nothing is expected. */
 void findUser(uint uid, const QList<UserInfo> &users)
 {
     passwd *entry = getpwuid(uid);

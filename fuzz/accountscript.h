@@ -11,7 +11,7 @@
 
 #include <QHash>
 
-/** The account files, which a script makes line by line and then puts in place. */
+/** The account files, which a script writes line by line and then puts in place. */
 class AccountScript
 {
 public:
@@ -27,7 +27,7 @@ public:
         put();
     }
 
-    /** Obeys "user LINE", "group LINE" and "put". */
+    /** Carries out "user LINE", "group LINE" and "put". */
     void act(const Fuzzing::Command &command)
     {
         const QByteArray &verb = command.verb();

@@ -17,7 +17,7 @@
 
 namespace
 {
-/** The pattern of one line without its end; @p pattern, which another one set, where it has none. */
+/** The pattern in one line without its end; if it has none, @p pattern from the lines before. */
 QByteArray patternOf(const QByteArray &line, const QByteArray &pattern)
 {
     const QByteArray start = "NAME_REGEX=";
@@ -28,7 +28,7 @@ QByteArray patternOf(const QByteArray &line, const QByteArray &pattern)
     return line.mid(quote + 1, line.lastIndexOf('"') - quote - 1);
 }
 
-/** Qt drops every carriage return of the first line of a text file, at the end of others only. */
+/** Qt drops every carriage return in the first line of a text file, but only those at the end of other lines. */
 QString expectedPattern(const QByteArray &file)
 {
     QList<QByteArray> lines = file.split('\n');

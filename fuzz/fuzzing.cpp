@@ -21,7 +21,7 @@
 
 namespace
 {
-/** Passes over what Qt says of damaged files, as the warnings about them are not tried here. */
+/** Ignores what Qt says about damaged files, since these warnings are not tested here. */
 void printFatalMessage(QtMsgType type, const QMessageLogContext & /*context*/, const QString &text)
 {
     if (type == QtFatalMsg) {
@@ -36,7 +36,7 @@ void printFatalMessage(QtMsgType type, const QMessageLogContext & /*context*/, c
 // NOLINTNEXTLINE(readability-non-const-parameter): the application keeps a reference to it
 extern "C" int LLVMFuzzerInitialize(int *count, char ***arguments)
 {
-    // Never deleted, as windows that targets keep outlive what is static here.
+    // Never deleted, because windows that targets keep live longer than static objects here.
     static const auto *const application = new QApplication(*count, *arguments);
     Q_UNUSED(application)
     qInstallMessageHandler(printFatalMessage);
@@ -59,7 +59,7 @@ void Fuzzing::require(bool kept, const QString &promise)
 
 void Fuzzing::requireEqual(const QString &actual, const QString &expected, const char *about)
 {
-    if (actual != expected) { // with what cannot be printed written as escapes
+    if (actual != expected) { // with unprintable characters as escapes
         QString message;
         QDebug(&message) << about << "\nActual  " << actual << "\nExpected" << expected;
         require(false, message);

@@ -16,19 +16,19 @@ namespace Target
 /** Called once, before the first input. */
 void prepare();
 
-/** Does with @p input what is to be tried; a promise that is not kept ends the program. */
+/** Tests something with @p input; a broken promise ends the program. */
 void run(const QByteArray &input);
 }
 
 namespace Fuzzing
 {
-/** Ends the program with @p promise when it is not kept. */
+/** Ends the program with the text @p promise unless it is kept. */
 void require(bool kept, const QString &promise);
 
-/** Ends the program, showing both, when what @p about tells of is not what it should be. */
+/** Ends the program unless both are equal. Shows both with @p about, which says what they are. */
 void requireEqual(const QString &actual, const QString &expected, const char *about);
 
-/** The parts of @p input between lines that are "---", at least @p count of them. */
+/** The parts of @p input between lines with "---", at least @p count of them. */
 QList<QByteArray> sections(const QByteArray &input, int count);
 
 /** One line of an input that is a script: "resize 300 200". */
@@ -40,7 +40,7 @@ public:
     const QByteArray &verb() const;
     int argumentCount() const;
 
-    /** The text at @p position behind the verb, as Latin-1; empty when there are not as many. */
+    /** The text at @p position after the verb, as Latin-1; empty when there are fewer. */
     QString text(int position) const;
     /** The texts from @p position on. */
     QStringList textsFrom(int position) const;

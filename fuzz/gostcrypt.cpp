@@ -25,7 +25,7 @@ constexpr char sha512Prefix[] = "$6$";
 constexpr int longestKey = 511;
 constexpr int hashLength = 86;
 
-/** @p setting, but with no more rounds than can be waited for; those that are refused stay. */
+/** @p setting, but not with so many rounds that they take too long. Refused numbers stay. */
 QByteArray withFewRounds(const QByteArray &setting)
 {
     const QByteArray rounds = setting.mid(gostPrefixLength, 7);
@@ -40,7 +40,7 @@ QByteArray withFewRounds(const QByteArray &setting)
     return isMuch ? setting.left(begin) + QByteArray::number(1000 + number % 1000) + setting.mid(end) : setting;
 }
 
-/** What refuses @p key with @p setting, or 0. */
+/** The error for @p key with @p setting, or 0. */
 int expectedError(const QByteArray &key, const QByteArray &setting)
 {
     if (!gost_crypt("", setting.constData())) {
@@ -60,7 +60,7 @@ QByteArray gostHash(const QByteArray &key, const QByteArray &setting)
     return hash;
 }
 
-/** The library's construction with the system's digest has to hash as the system does. */
+/** With the system's digest, the library's construction must produce the same hash as the system. */
 void compareWithSystem(const QByteArray &key, const QByteArray &setting)
 {
     ShaCryptHash buffer;

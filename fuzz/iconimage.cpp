@@ -29,11 +29,11 @@ using Fuzzing::require;
 
 namespace
 {
-/** Larger ones, up to what the dialog takes, only take longer. */
+/** Larger pictures, up to the limit of the dialog, only take longer. */
 constexpr qint64 mostPixels = 1 << 22;
 constexpr qint64 mostPixelsOfDialog = 1 << 28;
 
-/** What the engine counts like branches taken: it does not see those of the decoders. */
+/** Counters that the engine treats like branches, since it does not see those of the decoders. */
 #ifdef BUILD_FUZZERS
 __attribute__((section("__libfuzzer_extra_counters")))
 #endif
@@ -59,7 +59,7 @@ Widget *part(const UserIconDialog &dialog, const char *name)
     return widget;
 }
 
-/** Whether one side of a square in an image of the size @p image is what rounding leaves of the shorter one. */
+/** Whether one side of a square in an image of the size @p image differs from the other only by rounding. */
 bool isLargestSquare(const QSize &square, const QSize &image, const IconSelectWidget &widget)
 {
     const QRect shown = widget.imageRect();
@@ -78,7 +78,7 @@ void checkSelection(const UserIconDialog &dialog, const QImage &image)
             QStringLiteral("A new picture has its largest square selected"));
 }
 
-/** Counts files that differ in what their decoder made of them. */
+/** Tells the engine files apart whose decoders gave different results. */
 void countOutcome(const QImage &image)
 {
     QImageReader reader(picturePath());
@@ -89,7 +89,7 @@ void countOutcome(const QImage &image)
     outcomes[(format + 1009 * kind + 53 * size) % std::size(outcomes)] = 1;
 }
 
-/** What the dialog shows when it has read the file, in its own format. What a decoder leaves out is empty. */
+/** What the dialog shows after reading the file, in its own format. Pixels that a decoder leaves out are empty. */
 QImage shownImage()
 {
     if (claimedPixels() > mostPixelsOfDialog) {
@@ -100,14 +100,14 @@ QImage shownImage()
     return QImageReader(picturePath()).read(&image) ? image : QImage();
 }
 
-/** Hands @p image over as other programs do, through the clipboard. */
+/** Passes @p image through the clipboard, as other programs do. */
 void paste(const UserIconDialog &dialog, const QImage &image)
 {
     QGuiApplication::clipboard()->setImage(image);
     part<QToolButton>(dialog, "clipboardButton")->click();
 }
 
-/** Whether @p shown looks like @p file, where its colour table ends too early transparent or black. */
+/** Whether @p shown looks like @p file, with transparent or black pixels where its colour table is too short. */
 bool hasPixelsOf(const QImage &shown, const QImage &file)
 {
     if (file.pixelFormat().colorModel() != QPixelFormat::Indexed) {
@@ -151,12 +151,12 @@ void Target::run(const QByteArray &input)
         return;
     }
 
-    static UserIconDialog dialog; // it takes longer to make one than to show a picture
+    static UserIconDialog dialog; // constructing one takes longer than showing a picture
     dialog.show();
     part<QToolButton>(dialog, "fileButton")->click();
     const QImage &image = dialog.findChild<IconSelectWidget *>()->image();
     if (qint64(image.width()) * image.height() > mostPixels) {
-        return; // a GIF, which does not tell its size before
+        return; // a GIF, whose size is not known in advance
     }
     require(hasPixelsOf(image, shownImage()), QStringLiteral("The dialog shows what is in the file"));
     require(part<QDialogButtonBox>(dialog, "buttonBox")->button(QDialogButtonBox::Ok)->isEnabled(),

@@ -29,7 +29,7 @@ constexpr int longestSide = 5000;
 constexpr int largestWidget = 4000;
 constexpr int farAway = std::numeric_limits<int>::max();
 
-/** Does the same to a widget and to the model of it. */
+/** Does the same to a widget and to its model. */
 class Stage
 {
 public:
@@ -97,7 +97,7 @@ private:
     {
         const QPoint position = sendMouse(QEvent::MouseButtonPress, command);
         m_model.press(position.x(), position.y());
-        m_held = true; // perhaps: nothing is promised again before the release
+        m_held = true; // perhaps: until the release nothing is certain
         m_startsAnew = false;
     }
 

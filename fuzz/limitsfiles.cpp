@@ -15,7 +15,7 @@ using Fuzzing::requireEqual;
 
 namespace
 {
-/** What a rule of the shortest line holds, and what the first rule costs. */
+/** The memory for a rule of the shortest line, and for the first rule. */
 constexpr size_t bytesForEachByte = 64;
 constexpr size_t bytesForNothing = 1 << 16;
 

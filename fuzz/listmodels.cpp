@@ -15,8 +15,8 @@ using Fuzzing::Command;
 using Fuzzing::require;
 using Fuzzing::requireEqual;
 
-// An input is a script. Its commands, which both models obey, are those of ListStage::act() and of
-// AccountScript::act().
+// An input is a script. Both models carry out its commands. These are those of ListStage::act()
+// and of AccountScript::act().
 
 namespace
 {
@@ -180,7 +180,7 @@ private:
         }
     }
 
-    /** The model announces even this, wherever it is before the end; the tester does not approve of it. */
+    /** The model announces even such a removal anywhere before the end, which a model tester would reject. */
     void removeNothing(int row, int count)
     {
         m_tester.reset();

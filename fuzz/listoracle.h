@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-/** The rules for the rows of a list model, followed by hand. */
+/** A simple model of the rows that a list model should have. */
 template<typename Kind>
 class ListOracle
 {

@@ -49,7 +49,7 @@ GroupInfo groupOf(const Fuzzing::Command &account)
     return GroupInfo::getGroup(&entry);
 }
 
-/** What the letters d behind two slashes at @p position are; null when there is something else. */
+/** The two slashes at @p position with the letters d after them; null when there is something else. */
 QString numberAt(const QString &domain, int position)
 {
     if (domain.mid(position, 2) != QLatin1String("//")) {

@@ -22,12 +22,12 @@
 
 using Fuzzing::require;
 
-// An input is a whole picture file of any format. It is read as one that the operator chose, and as
-// one that a user keeps. Neither may open another file or take more than its share of time and memory.
+// An input is a whole picture file of any format. It is read like a file that the operator chose, and
+// like the picture of a user. Neither may open another file or take more time and memory than allowed.
 
 namespace
 {
-/** Larger ones, up to what the reader takes, only take longer. */
+/** Larger pictures, up to the limit of the reader, only take longer. */
 constexpr qint64 mostPixels = 1 << 20;
 
 /** The sanitizers slow decoders down and keep what is freed for a while. */
@@ -36,7 +36,7 @@ constexpr qint64 mostBytes = 400LL * 1024 * 1024;
 
 bool s_isReading = false;
 
-/** What a decoder opened that is neither the picture nor of the system. */
+/** The files that a decoder opened besides the picture and files of the system. */
 QString &foreignFile()
 {
     static QString path;
@@ -66,7 +66,7 @@ qint64 claimedPixels(const QString &path)
     return qint64(size.width()) * size.height();
 }
 
-/** Does @p read and checks what it took. */
+/** Calls @p read and checks the time and memory that it took. */
 template<typename Read>
 auto measured(Read read)
 {

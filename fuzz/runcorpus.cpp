@@ -12,7 +12,7 @@
 extern "C" int LLVMFuzzerInitialize(int *count, char ***arguments);
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
 
-/** Runs a target without a fuzzing engine, once with each file of the directory that is named. */
+/** Runs a target without a fuzzing engine, once for each file of the given directory. */
 int main(int argc, char *argv[])
 {
     LLVMFuzzerInitialize(&argc, &argv);

@@ -20,8 +20,8 @@ using Fuzzing::Command;
 using Fuzzing::require;
 using Fuzzing::requireEqual;
 
-// An input is a script. Its commands, which both dialogs obey, are those of Stage::commands and of
-// AccountScript::act().
+// An input is a script. Both dialogs carry out its commands. These are those of Stage::commands
+// and of AccountScript::act().
 
 namespace
 {
@@ -39,7 +39,7 @@ constexpr Qt::Key keys[] = {
     Qt::Key_Asterisk,
 };
 
-/** What can be typed of @p text. */
+/** The characters of @p text that can be typed. */
 QString typed(const QString &text)
 {
     QString result;
@@ -49,7 +49,7 @@ QString typed(const QString &text)
     return result;
 }
 
-/** Does the same to a dialog and to the rules for its rows. */
+/** Does the same to a dialog and to a model of its rows. */
 template<typename Kind>
 class Stage
 {

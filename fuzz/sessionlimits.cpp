@@ -13,7 +13,7 @@
 using Fuzzing::require;
 
 // An input is a limits.conf, then a file of limits.d, then lines of the form "NAME UID GID" with
-// accounts to answer for. Lines that are "---" stand between these parts.
+// accounts to compute the limits of. Lines that are "---" stand between these parts.
 
 namespace
 {

@@ -34,7 +34,7 @@ QString unescaped(QByteArray cell)
     return QString::fromLatin1(cell);
 }
 
-/** Whether a character acts on what is around it: told by its number, not by what the code under test asks for. */
+/** Whether a character acts on what is around it. Goes by its number, unlike the code under test. */
 bool isActive(uint character)
 {
     return character < 0x20 || (character >= 0x7f && character <= 0x9f) || character == 0xad || character == 0x61c
@@ -52,7 +52,7 @@ void requireHarmless(const QString &text, const QString &allowed, const char *ab
     }
 }
 
-/** The cells of a line of comma-separated values and what is behind it. */
+/** The cells of a line of comma-separated values, and the text after it. */
 QStringList takeCsvLine(QString &csv, const QString &lineEnd)
 {
     QStringList cells{QString()};
@@ -102,7 +102,7 @@ void checkLine(const QStringList &cells)
     require(csv.isEmpty(), QStringLiteral("It is one line"));
 }
 
-/** A text that a spreadsheet takes for no formula: an apostrophe comes before those. */
+/** The text with an apostrophe in front if a spreadsheet would take it for a formula. */
 QString withoutFormula(const QString &text)
 {
     const bool isFormula = !text.isEmpty() && QStringLiteral("=+-@\t\r").contains(text.at(0));

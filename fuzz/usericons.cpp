@@ -15,7 +15,7 @@
 using Fuzzing::require;
 
 // An input is a list of names, a line each: "NAME" or "DIRECTORY/NAME" below the folder of the stock
-// pictures, "../NAME" beside it. They are those of the files that are there.
+// pictures, "../NAME" beside it. These are the files that exist.
 
 namespace
 {
@@ -23,7 +23,7 @@ constexpr int mostFiles = 30;
 constexpr int longestName = 200;
 constexpr int draws = 10;
 
-/** Whether it can be the name of a file here. */
+/** Whether @p name can be the name of a file here. */
 bool isName(const QByteArray &name)
 {
     return !name.isEmpty() && name.size() <= longestName && name != "." && name != ".." && !name.contains('\0')

@@ -89,7 +89,7 @@ void checkName(const QValidator &validator, const QString &text, QValidator::Sta
     }
 }
 
-/** What one match without a thought of what may be typed next tells about a name. */
+/** The verdict on a name by a single match, without partial matching. */
 void checkUserName(const QValidator &validator, const QRegularExpression &whole, const QString &text)
 {
     const QValidator::State state = outcomeOf(validator, text).state;
@@ -98,7 +98,7 @@ void checkUserName(const QValidator &validator, const QRegularExpression &whole,
         return;
     }
     const QRegularExpressionMatch match = whole.match(text);
-    if (match.isValid()) { // otherwise it may have been given up
+    if (match.isValid()) { // otherwise Qt may have given up
         require((state == QValidator::Acceptable) == match.hasMatch(),
                 QStringLiteral("%1 is %2 by %3").arg(text).arg(state).arg(whole.pattern()));
     } else if (!whole.isValid()) {

@@ -10,7 +10,7 @@
 #include <LimitsParser>
 #include <UserInfo>
 
-/** A record as one line of text, which a failed comparison shows. Null strings read "null". */
+/** A record as one line of text, to be shown by a failed comparison. Null strings are shown as "null". */
 QString describe(const GroupInfo &group);
 QString describe(const UserInfo &user);
 QString describe(const LimitsParser::Field &rule);

@@ -12,8 +12,8 @@
 #include <QTimer>
 
 /**
- * How long the event loop of this thread left a timer waiting, while it lives. What the thread had
- * to wait for a processor, which other programs have, does not count.
+ * Measures how long the event loop of this thread keeps a timer waiting. Time in which the thread
+ * waits for a processor, because of other programs, does not count.
  */
 class EventLoopDelay
 {
@@ -27,7 +27,7 @@ public:
         m_queued = queuedMilliseconds();
     }
 
-    /** The longest so far, in milliseconds. */
+    /** The longest delay so far, in milliseconds. */
     qint64 longest()
     {
         measure();

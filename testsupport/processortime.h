@@ -23,7 +23,7 @@ inline double processorSeconds(int who)
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-/** The processor time of this process in nanoseconds, for what takes too little time for the above. */
+/** The processor time of this process in nanoseconds, for work that is too short for the above. */
 inline qint64 processorNanoseconds()
 {
     timespec time{};
@@ -31,7 +31,7 @@ inline qint64 processorNanoseconds()
     return qint64(time.tv_sec) * 1000000000 + time.tv_nsec;
 }
 
-/** How long this thread has waited for a processor, which other programs had, in milliseconds. */
+/** How long this thread has waited for a processor because of other programs, in milliseconds. */
 inline qint64 queuedMilliseconds()
 {
     long long computed = 0;

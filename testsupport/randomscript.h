@@ -26,8 +26,8 @@ public:
     int otherDraws() const;
 
     /**
-     * Called for @p count numbers of @p generator. Fills @p buffer with those that are set and returns how many
-     * these are.
+     * Called for @p count numbers of @p generator. Fills @p buffer with the numbers that are set and returns
+     * how many there are.
      */
     static int replace(const QRandomGenerator *generator, quint32 *buffer, int count);
 

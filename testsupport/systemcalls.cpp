@@ -22,7 +22,7 @@ bool has(const QString &text, const char *pattern)
     return QRegularExpression(QString::fromLatin1(pattern)).match(text).hasMatch();
 }
 
-/** The calls in the output of strace, less the second halves of those that another thread interrupts. */
+/** The calls in the output of strace, without the second halves of calls that another thread interrupted. */
 QVector<SystemCall> parsed(const QByteArray &trace)
 {
     static const QRegularExpression call(QStringLiteral("^[0-9]+ +([a-z0-9_]+)\\((.*)$"));
@@ -100,7 +100,7 @@ QVector<SystemCall> systemCallsOf(const QString &program, const QStringList &arg
                                  Program::builtFile(program)}
                          + arguments,
                      {},
-                     // A search for leaks would need to trace by itself.
+                     // The search for leaks would need to trace the program itself.
                      QStringList{QStringLiteral("ASAN_OPTIONS=detect_leaks=0")} + variables);
     if (result.status != 0) {
         qFatal("%s", result.errors.constData());

@@ -17,27 +17,27 @@ struct SystemCall {
     /** What stands in parentheses. */
     QString arguments;
 
-    /** The last text among the arguments: what a link or a new name is called. */
+    /** The last text among the arguments: the name of a link, or a new name. */
     QString path() const;
 
     /** The file that was opened, without links in its path; empty when none was. */
     QString openedPath() const;
 
-    /** Whether a file is opened, to be read at most. */
+    /** Whether a file is opened for reading only. */
     bool opensForReading() const;
 
     /** Whether something in the file system is or may be changed. */
     bool changesFiles() const;
 
-    /** Whether a program or another process is started; a thread is none. */
+    /** Whether a program or another process is started; a thread does not count. */
     bool startsProcess() const;
 
     bool isAboutSockets() const;
 };
 
 /**
- * The calls that a program which is built here makes, with its children, between its looks for "/begin"
- * and for "/end". It must end well.
+ * The calls of a program of the build and of its children, between its checks for the files "/begin"
+ * and "/end". It must succeed.
  */
 QVector<SystemCall>
 systemCallsOf(const QString &program, const QStringList &arguments, const QStringList &variables = {});

@@ -22,7 +22,7 @@ public:
     /** Reads until @p text has been shown; false when the program ended or was silent for long. */
     bool waitFor(const QByteArray &text);
 
-    /** Waits until the program in the foreground waits, after what it has shown; false when that takes long. */
+    /** Waits until the program in the foreground waits for input; false when that takes long. */
     bool waitForSleep() const;
 
     void type(const QByteArray &keys) const;

@@ -28,7 +28,7 @@ QStringList objectsBelow(const QObject &object)
     return objects;
 }
 
-/** The properties that @p object has as a QFrame and as what is built on it. */
+/** The properties that @p object has from QFrame and the classes derived from it. */
 QStringList frameProperties(const QObject &object)
 {
     QStringList properties;

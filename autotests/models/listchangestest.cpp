@@ -35,7 +35,7 @@ QStringList rowsSeen(const QAbstractItemModel &model, const std::function<void()
 }
 }
 
-/** How the rows of UserListModel and GroupListModel change, and when they tell their views. */
+/** How the rows of UserListModel and GroupListModel change, and when views are notified. */
 class ListChangesTest : public QObject
 {
     Q_OBJECT
@@ -174,7 +174,7 @@ void ListChangesTest::handsOnTheParentOfRemovedRows()
 {
     setTwoAccounts();
     withKind([](auto kind) {
-        // Without a tester, since no row has rows below it.
+        // Without a tester, since rows have no children.
         typename decltype(kind)::Model model;
         model.setFilter(model.All);
         ModelLog log(&model);

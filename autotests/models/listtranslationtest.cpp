@@ -52,7 +52,7 @@ QStringList formTexts(const QDialog &dialog)
     return texts;
 }
 
-/** Compares the texts of two dialogs, one of which is made before the language becomes Polish. */
+/** Compares the texts of two dialogs, one of which was constructed before the language became Polish. */
 template<typename Dialog>
 void compareTexts(const QStringList &plain, const QStringList &translated)
 {

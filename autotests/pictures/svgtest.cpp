@@ -34,7 +34,7 @@ QByteArray dataOf(const QByteArray &content)
     return "data:image/png;base64," + content.toBase64();
 }
 
-/** Tells whether a file was opened since it exists. */
+/** Notices whether a file was opened during its lifetime. */
 class Watch
 {
 public:

@@ -75,7 +75,7 @@ QStringList limitTexts()
     return texts;
 }
 
-/** What no domain leads to, as both ends of a range need their slashes. */
+/** A text that no domain has, since both ends of a range need their slashes. */
 QStringList otherRangeTexts()
 {
     const QString id = QStringLiteral("1000");

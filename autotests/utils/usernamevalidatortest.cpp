@@ -154,7 +154,7 @@ void UserNameValidatorTest::givesUpPatternsThatBacktrackWithoutEnd()
 {
     QFETCH(QByteArray, pattern);
 
-    constexpr double longest = 1; // in seconds; a fiftieth is usual
+    constexpr double longest = 1; // in seconds; a fiftieth of it is usual
     Sandbox::write(adduserConfPath(), "NAME_REGEX=\"" + pattern + "\"\n");
     const std::unique_ptr<QValidator> validator(UserUtils::createUserNameValidator(nullptr));
     for (const int length : {1, 10, 20, 25, 31}) {

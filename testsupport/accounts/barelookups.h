@@ -9,7 +9,7 @@
 /** Loops over the C library's account functions, for comparing speed. */
 namespace BareLookups
 {
-/** The minimum for listing users: every account of /etc/passwd with the ids of its groups. */
+/** The least work for listing users: every account of /etc/passwd with the ids of its groups. */
 int countMemberships();
 
 /** The additional work for the records: every group of /etc/group by its id and by its name. */

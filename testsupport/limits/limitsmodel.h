@@ -13,7 +13,7 @@
 
 #include <string>
 
-/** A plain model of reader and lookup: one byte and one rule after the other. */
+/** A plain model of the reader and the lookup, which takes one byte and one rule after the other. */
 class LimitsModel
 {
 public:

@@ -52,7 +52,7 @@ struct Users {
         return user.uid();
     }
 
-    /** Whether the filters that only this model has show @p user. */
+    /** Whether the filters that only this model has let @p user through. */
     static bool isShown(int filter, const Record &user)
     {
         return filter != Model::Administrators || user.isOrmelAdmin();

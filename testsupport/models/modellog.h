@@ -61,7 +61,7 @@ private:
 QStringList lines(std::initializer_list<const char *> texts);
 QStringList words(const char *text);
 
-/** Each enumeration that a class registers itself, followed by its keys: "Column", "NameColumn=0". */
+/** The enumerations that a class itself registers, each followed by its keys: "Column", "NameColumn=0". */
 QStringList enumerationTexts(const QMetaObject &meta);
 
 /** A row as it reads on the screen: "[x] zoe | 1000 | No"; without check boxes "zoe | 1000 | No". */

@@ -11,7 +11,7 @@
 
 #include <functional>
 
-/** What somebody may put in the place of a picture to hang, to crash or to deceive the program that shows it. */
+/** What somebody may put in place of a picture to hang, crash or mislead the program that shows it. */
 struct HostileFace {
     QString name;
     std::function<void(const QString &path)> make;

@@ -79,7 +79,7 @@ QByteArray gif(const QSize &size)
         + QByteArray::fromHex("00020244013b");
 }
 
-/** An icon file says itself how large its image is, but only up to 256 pixels; the image may say more. */
+/** The header of an icon file has sizes of up to 256 pixels only. The image in it may have more. */
 QByteArray ico(const QSize &size)
 {
     const QByteArray image = png(size);

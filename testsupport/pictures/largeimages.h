@@ -15,7 +15,7 @@ struct LargeImage {
     QByteArray content;
 };
 
-/** For each image format a file of a few bytes that claims to be an image of @p size and has next to no pixels. */
+/** For each image format, a file of a few bytes that claims to be an image of @p size and has almost no pixels. */
 QVector<LargeImage> largeImages(const QSize &size);
 
 #endif

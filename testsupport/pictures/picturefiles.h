@@ -16,7 +16,7 @@ QByteArray encoded(const QImage &image, const char *format);
 /** An image of one colour. */
 QImage plain(const QSize &size, const QColor &color);
 
-/** A picture that cannot be compressed to next to nothing. */
+/** A picture that does not compress well. */
 QImage noise(const QSize &size);
 
 QByteArray gzipped(const QByteArray &content);

@@ -14,7 +14,7 @@
 class QAbstractButton;
 class QWidget;
 
-/** What is done with a dialog, which is closed afterwards if it is still open. */
+/** Does something with a dialog, which is closed afterwards if it is still open. */
 using DialogStep = std::function<void(QWidget &)>;
 
 /**

@@ -9,7 +9,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/** Makes an icon theme with plain icons of the names given the one in use while it lives. */
+/** Sets an icon theme with plain icons of the given names during its lifetime. */
 class IconTheme
 {
 public:

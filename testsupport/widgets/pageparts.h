@@ -37,10 +37,10 @@ bool withDialog(QAbstractButton &button, Work work)
     return done;
 }
 
-/** Whether the application shows this cursor everywhere, to tell that it is at work. */
+/** Whether the application shows this cursor everywhere, because it is busy. */
 bool isCursorShown(Qt::CursorShape shape);
 
-/** The keys that, with Alt, lead to the parts of a page, one string for each. */
+/** The mnemonics of a page, one string for each. */
 QStringList mnemonics(const QWidget &page);
 
 #endif

@@ -75,7 +75,7 @@ void makeUnreadable(const QString &path)
     }
 }
 
-/** The lines that getent prints for a database, split at the colons. */
+/** The lines of a database as getent prints them, split at the colons. */
 QVector<QStringList> getent(const char *database)
 {
     const QByteArray output =

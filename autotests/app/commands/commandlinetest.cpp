@@ -22,7 +22,7 @@ QStringList lines(const QByteArray &text)
 }
 }
 
-/** What holds for all commands: help, wrong use, a display that is missing. */
+/** What all commands have in common: help, wrong use, a missing display. */
 class CommandLineTest : public QObject
 {
     Q_OBJECT

@@ -6,7 +6,7 @@
 #include "randomscript.h"
 #include "saltdraws.h"
 
-// Preloaded before Qt, this replaces the random salt by the variable FIXED_SALT.
+// Preloaded before Qt, this replaces the random salt by the content of the variable FIXED_SALT.
 
 __attribute__((constructor)) static void fixSalt()
 {

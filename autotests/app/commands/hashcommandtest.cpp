@@ -28,7 +28,7 @@ Program::Result hash(const QByteArray &input, const QStringList &options = {}, c
 
 /**
  * The hash that openssl makes of @p password with the salt of @p hash; openssl does not take an
- * empty password, which the C library does.
+ * empty password, so the C library hashes that one.
  */
 QByteArray otherHash(const QByteArray &password, const QByteArray &hash)
 {
@@ -270,7 +270,7 @@ void HashCommandTest::leavesIgnoredSignalsIgnored()
     QVERIFY(session.waitFor("Password: "));
     QVERIFY(session.waitForSleep());
     session.kill(SIGHUP);
-    // It asks again, as what was typed before is lost.
+    // It asks again, since what was typed before is lost.
     QVERIFY(session.waitFor("Password: \r\nPassword: "));
     session.type("secret\n");
     const int status = session.end();

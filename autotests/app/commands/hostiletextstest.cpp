@@ -36,7 +36,7 @@ constexpr char separators[] = "a\xe2\x80\xa8"
                               "c\rd\x7f";
 constexpr char html[] = "<b>bold</b><img src=x>&amp;";
 
-/** Characters that turn the reading order around, as escapes: compilers warn of them as text. */
+/** Characters that change the reading order, as escapes, since compilers warn about them as text. */
 QByteArray bidirectional()
 {
     QByteArray bytes;
@@ -82,7 +82,7 @@ QByteArray shownOnTerminal(const QStringList &arguments)
     return shown;
 }
 
-/** The first thing in @p shown that acts on a terminal, with what follows it; empty when there is none. */
+/** The rest of @p shown from the first thing on that acts on a terminal; empty when there is none. */
 QString firstControl(const QByteArray &shown)
 {
     static const QRegularExpression control(

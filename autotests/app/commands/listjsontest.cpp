@@ -60,7 +60,7 @@ void ListJsonTest::compareUsersWithGetentAndId()
         const QByteArray groups =
             Program::run(QStringLiteral("/usr/bin/id"), {QStringLiteral("-G"), QStringLiteral("-n"), name}).output;
         QStringList groupNames = QString::fromUtf8(groups).trimmed().split(QLatin1Char(' '));
-        // A group without an entry is a number to id and left out by the library.
+        // For a group without an entry, id prints the number; the library leaves it out.
         if (string(user, "primaryGroup").isEmpty()) {
             QCOMPARE(groupNames.takeFirst(), number(user, "gid"));
         } else {

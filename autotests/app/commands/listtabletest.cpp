@@ -13,7 +13,7 @@
 
 namespace
 {
-/** What @p command shows on a terminal with that many columns. */
+/** What @p command shows on a terminal with @p columns columns. */
 QStringList shown(const char *command, ushort columns)
 {
     TerminalSession session(command, columns);

@@ -34,7 +34,7 @@ PacketSource script(const QString &commands)
     return {text("/bin/sh"), {text("-c"), commands}, std::chrono::seconds(1)};
 }
 
-/** A program that writes @p output and ends as it should. */
+/** A program that writes @p output and ends normally. */
 PacketSource sourceOf(const QByteArray &output)
 {
     Sandbox::write(text("/tmp/output"), output);
@@ -246,7 +246,7 @@ void AccountReaderFaultsTest::namesUnreadableFiles()
 
 void AccountReaderFaultsTest::endsWhenNobodyListens()
 {
-    // A file that never has an end, and nobody who listens.
+    // A file that never ends, and nobody who reads the output.
     Sandbox::remove(passwdPath());
     QCOMPARE(mkfifo(QFile::encodeName(passwdPath()).constData(), 0644), 0);
     const QString command = Program::path() + QLatin1Char(' ') + writeAccountsCommand();

@@ -43,7 +43,7 @@ QString sorted(const QSet<QString> &names)
     return list.join(QLatin1Char(' '));
 }
 
-/** As the tools for accounts do it. */
+/** Replaces a file in the way of the tools for accounts. */
 void replace(const QString &path, const QByteArray &content)
 {
     const QString other = path + QLatin1Char('+');
@@ -166,7 +166,7 @@ void AccountStoreTest::keepsAccountsOfUnreadableFile()
 
 void AccountStoreTest::keepsAccountsWhenReadingFails()
 {
-    // The program works the first time only.
+    // The program works only the first time.
     Sandbox::remove(text("/tmp/second"));
     const QString script = text("test -e /tmp/second && kill -9 $$; touch /tmp/second; exec %1 %2")
                                .arg(Program::path(), writeAccountsCommand());
@@ -184,7 +184,7 @@ void AccountStoreTest::keepsAccountsWhenCancelled()
 {
     AccountStore store;
     QVERIFY(read(store));
-    // This file is never read to its end.
+    // Reading this file never ends.
     Sandbox::remove(passwdPath());
     QCOMPARE(mkfifo(QFile::encodeName(passwdPath()).constData(), 0644), 0);
     QSignalSpy ended(&store, &AccountStore::ended);
@@ -260,7 +260,7 @@ void AccountStoreTest::readsFileThatComesBack()
 
 void AccountStoreTest::readsOnceMoreWhenFilesChangeMeanwhile()
 {
-    // The first answer comes after the files have changed; what it says is from before.
+    // The first answer comes after the files have changed, but it has the contents from before.
     Sandbox::remove(text("/tmp/go"));
     const QString script = text("%1 %2 >/tmp/answer; while ! test -e /tmp/go; do sleep 0.05; done; cat /tmp/answer")
                                .arg(Program::path(), writeAccountsCommand());

@@ -11,7 +11,7 @@
 
 namespace
 {
-/** The files of the good machine. */
+/** The files of a machine without problems. */
 QMap<QString, QByteArray> goodFiles()
 {
     return {

@@ -11,7 +11,7 @@
 #include <QStringList>
 #include <QVector>
 
-/** Account and limits files that something is wrong with, from brokenaccounts.txt. */
+/** Account and limits files with problems, from brokenaccounts.txt. */
 struct BrokenAccounts {
     QByteArray name;
     /** The whole content of each, by its path in /etc. */

@@ -14,7 +14,7 @@
 
 namespace
 {
-/** What pwck and grpck say, as a pattern, and the problems that say the same. */
+/** A message of pwck or grpck, as a pattern, and the problems that say the same. */
 struct Equivalent {
     /** The groups "account" and "line" are the name of an account, and a line of a file. */
     const char *complaint;
@@ -25,13 +25,13 @@ struct Equivalent {
 };
 
 const char brokenLine[] = "malformed-line wrong-field-count comment-line";
-// To them, an account whose line they refuse does not exist.
+// For them, an account does not exist when they refuse its line.
 const char orphanLine[] = "orphan-shadow-line wrong-field-count";
 const char missingMember[] = "missing-member empty-member";
 const char missingHome[] = "missing-home missing-system-home";
 
 const Equivalent equivalents[] = {
-    // They do not get beyond a NUL byte.
+    // They do not see what follows a NUL byte.
     {"pwck: cannot open /etc/passwd", "passwd", "malformed-line"},
     {"invalid password file entry\ndelete line '(?<line>.*)'\\? No", "passwd", brokenLine},
     {"invalid group file entry\ndelete line '(?<line>.*)'\\? No", "group", brokenLine},
@@ -55,7 +55,7 @@ const Equivalent equivalents[] = {
      "group",
      "missing-shadow-line"},
     {"no matching password file entry in /etc/passwd\ndelete line '(?<account>[^:\n]*).*'\\? No", nullptr, orphanLine},
-    // Newer ones take a line without a colon for a name.
+    // Newer releases take a line without a colon for a name.
     {"no matching group file entry in /etc/group\ndelete line '(?<line>#[^:\n]*)'\\? No", "gshadow", "comment-line"},
     {"no matching group file entry in /etc/group\ndelete line '(?<account>[^:\n]*).*'\\? No", nullptr, orphanLine},
     {"user (?<account>.*) has an entry in /etc/shadow, but its password field in /etc/passwd is not set to 'x'",
@@ -78,7 +78,7 @@ const Equivalent equivalents[] = {
      "different-members"},
 };
 
-/** One complaint, which may go over two lines. */
+/** One complaint, which may have two lines. */
 struct Complaint {
     QString text;
     QString account;
@@ -91,7 +91,7 @@ QRegularExpression patternOf(const Equivalent &equivalent)
     return QRegularExpression(QLatin1String("\\A") + QLatin1String(equivalent.complaint) + QLatin1Char('\n'));
 }
 
-/** Takes the first complaint out of @p output; without an equivalent when none is known. */
+/** Removes the first complaint from @p output and returns it; without problems when none are known to match. */
 Complaint takeComplaint(QString &output)
 {
     for (const Equivalent &equivalent : equivalents) {
@@ -109,7 +109,7 @@ Complaint takeComplaint(QString &output)
     return {text, {}, {}, nullptr};
 }
 
-/** What pwck or grpck complains of. */
+/** All complaints of pwck or grpck. */
 QVector<Complaint> complaintsOf(const QString &program)
 {
     const Program::Result result = Program::run(QLatin1String("/usr/sbin/") + program, {QStringLiteral("-r")});
@@ -133,7 +133,7 @@ bool isSame(const Complaint &complaint, const Problem &problem, const BrokenAcco
     }
     if (!complaint.line.isNull()) {
         const QByteArray line = accounts.files.value(file).split('\n').value(problem.line - 1);
-        // What follows a NUL byte is lost to them.
+        // They ignore what follows a NUL byte.
         return complaint.line == QString::fromLatin1(line.constData());
     }
     const QString account = problem.user.isNull() ? problem.group : problem.user;
@@ -192,7 +192,7 @@ void CheckComparisonTest::findsAllThatPwckAndGrpckFind()
 
 void CheckComparisonTest::findsMore() const
 {
-    // Neither is silent: both programs run, and what they say is understood.
+    // Both programs have run and said something that is understood.
     QVERIFY2(m_complaints >= 40, qPrintable(QString::number(m_complaints)));
     QVERIFY2(m_problems > m_complaints, qPrintable(QString::number(m_problems)));
 }

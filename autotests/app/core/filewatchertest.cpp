@@ -32,7 +32,7 @@ QString file(const char *name)
     return folder() + QLatin1Char('/') + QLatin1String(name);
 }
 
-/** As the tools for accounts do it. */
+/** Replaces a file in the way of the tools for accounts. */
 void replace(const QString &path, const QByteArray &content)
 {
     const QString other = path + QLatin1Char('+');
@@ -58,7 +58,7 @@ private Q_SLOTS:
     void reportsManyChangesOnce();
 
 private:
-    /** Whether one change is reported, and no second one. */
+    /** Whether exactly one change is reported. */
     bool isReportedOnce();
 
     std::unique_ptr<FileWatcher> m_watcher;

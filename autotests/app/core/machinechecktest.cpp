@@ -47,7 +47,7 @@ QStringList describe(const QList<UnreadFile> &files)
     return lines;
 }
 
-/** A limits file that leads to itself. */
+/** A limits file that is a link to itself. */
 QString loopPath()
 {
     return path("security/limits.d/loop.conf");
@@ -143,7 +143,7 @@ void MachineCheckTest::describesEachKind()
     QStringList ids;
     for (const Problem &problem : qAsConst(problems)) {
         ids.append(problem.id());
-        // A placeholder that is left, or a detail too many, is marked by KI18n.
+        // KI18n marks placeholders without arguments, and arguments without placeholders.
         QVERIFY2(!problem.text().contains(QLatin1Char('%')), qPrintable(problem.text()));
         QVERIFY2(!problem.text().contains(QLatin1String("I18N")), qPrintable(problem.text()));
         QVERIFY(problem.meaning().endsWith(QLatin1Char('.')));
@@ -249,7 +249,7 @@ void MachineCheckTest::tellsUnreadableFiles()
     QCOMPARE(chmod(QFile::encodeName(file).constData(), 0), 0);
     const MachineCheck check = MachineCheck::run();
     QCOMPARE(describe(check.unreadFiles), QStringList(unread));
-    // Nobody and nothing is called missing because a file was not read.
+    // Nothing is reported as missing because a file was not read.
     QCOMPARE(describe(check.problems), QStringList());
 }
 

@@ -20,7 +20,7 @@
 namespace
 {
 constexpr int largest = 1024 * 1024;
-/** Whom all files belong to in a process that knows no user. */
+/** The owner of all files in a process that knows no user. */
 constexpr uid_t nobody = 65534;
 
 /** What @p condition returns in such a process. */
@@ -168,7 +168,7 @@ void OwnedFileTest::followsLinksOfRootOnly()
 {
     QVERIFY(QFile::link(path("a"), QStringLiteral("/etc/ormel-link")));
     const auto readByLink = [] { return OwnedFile::read("/etc/ormel-link/b", "file", getuid()); };
-    // Here /etc belongs to who runs the test.
+    // Here /etc belongs to the user who runs the test.
     QCOMPARE(readByLink(), getuid() == 0 ? QByteArray("below") : QByteArray());
     QCOMPARE(chmod("/etc", 0775), 0);
     QCOMPARE(readByLink(), QByteArray());
@@ -199,7 +199,7 @@ void OwnedFileTest::survivesReplacement()
     }
     int found = 0;
     int refused = 0;
-    // Ends only when both were met; a pipe that is waited for would end nothing.
+    // Ends only after both cases have occurred. Waiting for a pipe would block it for ever.
     while (found < 20 || refused < 20) {
         const QByteArray content = read("face");
         QVERIFY(content.isNull() || content == "content");

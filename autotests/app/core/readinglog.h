@@ -10,7 +10,7 @@
 
 #include <QTest>
 
-/** Notes what an AccountReader reports. */
+/** Records what an AccountReader reports. */
 class ReadingLog
 {
 public:
@@ -41,7 +41,7 @@ public:
         });
     }
 
-    /** Reads from the beginning; whether that came to an end, good or bad. */
+    /** Starts reading. @return whether it has ended, with or without success */
     bool read()
     {
         entries.clear();

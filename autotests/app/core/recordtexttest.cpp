@@ -9,7 +9,7 @@
 
 namespace
 {
-/** What the library makes of the bytes of a file. */
+/** The text that the library returns for the bytes of a file. */
 QString record(const char *bytes)
 {
     return QString::fromLatin1(bytes);

@@ -94,7 +94,7 @@ void RowTableTest::writesTitlesAboveCsv()
 
 void RowTableTest::writesJson()
 {
-    // The override of the writing direction is put together, so that it does not mislead here.
+    // The override of the writing direction is written in parts, so that it does not act on this source.
     const QString misleading = text("ada \x1b") + QChar(0x202e);
     const RowTable rows = table({
         {misleading, misleading},

@@ -109,7 +109,7 @@ void SmallPictureTest::turns_data()
     const auto row = [](const char *name, Handler::Transformations how, const QSize &size, const QPoint &corner) {
         QTest::newRow(name) << how << size << corner;
     };
-    // Where the upper left corner goes to.
+    // The place of the upper left corner after the turn.
     row("none", Handler::TransformationNone, {90, 60}, {0, 0});
     row("mirrored", Handler::TransformationMirror, {90, 60}, {89, 0});
     row("flipped", Handler::TransformationFlip, {90, 60}, {0, 59});

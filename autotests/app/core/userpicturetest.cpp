@@ -49,7 +49,7 @@ QByteArray png(Qt::GlobalColor color)
     return PictureFiles::encoded(PictureFiles::plain({300, 200}, color), "png");
 }
 
-/** The most memory that one of the child processes that have ended took. */
+/** The peak memory of the child processes that have ended. */
 qint64 memoryOfChildren()
 {
     rusage usage = {};
@@ -83,7 +83,7 @@ private:
         return m_home->filePath(QString::fromLatin1(name));
     }
 
-    /** The account that this program runs for, so that the files are those of the user. */
+    /** The account that runs this program, so that the files belong to the user. */
     PictureOwner user(const QByteArray &name = "ada") const
     {
         Sandbox::setAccounts(name + ":x:" + QByteArray::number(getuid()) + ":50::" + QFile::encodeName(m_home->path())
@@ -93,7 +93,7 @@ private:
         return {user.name().toLatin1(), user.home().toLatin1(), user.uid()};
     }
 
-    /** The picture that is found; null also when nothing is told. */
+    /** The picture that is found; also null when nothing is reported. */
     QImage find(const QSize &size = {96, 96})
     {
         UserPicture picture;
@@ -165,7 +165,7 @@ void UserPictureTest::fitsPictureIntoSize_data()
     QTest::newRow("wide") << QSize(300, 200) << QSize(96, 64);
     QTest::newRow("high") << QSize(200, 300) << QSize(64, 96);
     QTest::newRow("small") << QSize(10, 10) << QSize(96, 96);
-    if (!isSanitized) { // which could need more time than the process is given
+    if (!isSanitized) { // which may need more time than the process has
         QTest::newRow("large") << QSize(4096, 4096) << QSize(96, 96);
     }
 }
@@ -231,7 +231,7 @@ void UserPictureTest::tellsNothingOnceCancelled()
     const QSignalSpy found(&cancelled, &UserPicture::found);
     cancelled.find(user(), {96, 96});
     cancelled.cancel();
-    QVERIFY(!find().isNull()); // which takes as long
+    QVERIFY(!find().isNull()); // which takes just as long
     QCOMPARE(found.count(), 0);
 }
 
@@ -249,7 +249,7 @@ void UserPictureTest::withstandsHostileFaces()
     QFETCH(int, index);
 
     m_faces.at(index).make(inHome(".face"));
-    // Only a process that had to be ended takes the other picture with it.
+    // A process that had to be ended would take the other picture with it.
     Sandbox::write(inHome(".face.icon"), png(Qt::blue));
     const bool isEnded = m_faces.at(index).name == QLatin1String("JPEG of many scans");
 

@@ -32,7 +32,7 @@ QString text(const char *latin1)
     return QString::fromLatin1(latin1);
 }
 
-/** Rows and their cells are as many as there are accounts. */
+/** Rows and cells are left out, since their number depends on the accounts. */
 bool isRow(QAccessible::Role role)
 {
     return role == QAccessible::TreeItem || role == QAccessible::Row || role == QAccessible::Cell
@@ -46,7 +46,7 @@ QString describe(const QAccessibleInterface &element)
     return text(role) + QLatin1Char(' ') + name.replace(QLatin1Char('\n'), QLatin1Char(' '));
 }
 
-/** What somebody who does not see the screen gets to know: what has a name, or should have one. */
+/** What screen readers tell: everything that has a name or should have one. */
 void addElements(const QAccessibleInterface *element, QStringList &lines)
 {
     if (!element || element->state().invisible || isRow(element->role())) {
@@ -67,7 +67,7 @@ QStringList elementsOf(QWidget &widget)
     return lines;
 }
 
-/** The names and roles that @p name is to have. What it has goes to a file, from which the list can be renewed. */
+/** The expected names and roles of @p name. The actual ones are written to a file, which can replace the list. */
 QString expectedElements(const QString &name, const QStringList &found)
 {
     const QString results = QStringLiteral(RESULTS_DIR "/accessible");
@@ -94,7 +94,7 @@ void compare(const QString &name, const QStringList &found)
 using CreateDialog = std::function<QDialog *()>;
 Q_DECLARE_METATYPE(CreateDialog)
 
-/** The accessibility tree of each page and dialog beside a list of names and roles. */
+/** Compares the accessibility tree of each page and dialog with a list of names and roles. */
 class AccessibleTreeTest : public QObject
 {
     Q_OBJECT

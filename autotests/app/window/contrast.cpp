@@ -13,7 +13,7 @@
 
 namespace
 {
-/** How bright a colour is to the eye, as WCAG has it: from 0 to 1. */
+/** The relative luminance of a colour as WCAG defines it, from 0 to 1. */
 qreal luminance(const QColor &colour)
 {
     const auto linear = [](qreal part) {

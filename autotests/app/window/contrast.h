@@ -11,8 +11,8 @@
 class QImage;
 
 /**
- * The contrast between the colour that most of a picture has and the one that stands out most from
- * it, from 1 to 21; letters that everybody can read have 7.
+ * The contrast, from 1 to 21, between the most frequent colour of a picture and the one that
+ * differs most from it. Letters that everybody can read have 7.
  */
 qreal contrast(const QImage &picture);
 

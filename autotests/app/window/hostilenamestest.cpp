@@ -68,7 +68,7 @@ QString drawnText(const QTreeView &view, int row, int column)
     return delegate ? delegate->displayText(view.model()->index(row, column).data(), QLocale()) : QString();
 }
 
-/** The labels that show markup, other than links, in which it is escaped. */
+/** The labels that show markup, except links, in which it is escaped. */
 QList<const QLabel *> labelsWithMarkup(const QWidget &page)
 {
     static const QRegularExpression markup(QStringLiteral("<[bisu]>"));

@@ -16,7 +16,7 @@
 #include <QTabWidget>
 #include <QTest>
 
-// Each page by itself, as large as it wants to be.
+// Each page by itself, in the size of its hint.
 
 namespace
 {
@@ -34,7 +34,7 @@ QMap<QString, QWidget *> takePages(MainWindow &window, QWidget &desk)
     return pages;
 }
 
-/** The lines that are cut short. */
+/** The lines that are elided. */
 QStringList squeezedTexts(const QWidget &page)
 {
     QStringList squeezed;
@@ -47,7 +47,7 @@ QStringList squeezedTexts(const QWidget &page)
     return squeezed;
 }
 
-/** How much more room the parts of a page want that scroll. */
+/** How much more room the scrolling parts of a page would need. */
 QStringList scrolledParts(const QWidget &page)
 {
     QStringList scrolled;

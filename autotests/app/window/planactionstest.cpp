@@ -86,7 +86,7 @@ DialogStep checks(const QStringList &names, QDialogButtonBox::StandardButton but
     };
 }
 
-/** Takes a picture into an icon dialog and accepts it. */
+/** Sets a picture in an icon dialog and accepts it. */
 DialogStep cuts(const QPixmap &picture)
 {
     return [=](QWidget &dialog) {
@@ -102,7 +102,7 @@ QPixmap greenPicture()
     return picture;
 }
 
-/** What a dialog with commands shows. */
+/** The contents of a dialog with commands. */
 struct Shown {
     QString title;
     QString heading;
@@ -147,7 +147,7 @@ DialogStep clicks(const char *name)
 }
 }
 
-/** Planning changes of the account that is selected. */
+/** Planning changes of the selected account. */
 class PlanActionsTest : public QObject
 {
     Q_OBJECT

@@ -29,7 +29,7 @@ const char goodUsers[] = "root:x:0:0:root:/nonexistent:/bin/sh\n"
                          "ada:x:1000:50:Ada:/nonexistent:/bin/sh\n";
 const char goodGroups[] = "root:x:0:\nstaff:x:50:\n";
 
-/** A problem of a user, of a group, of a limit, and of a line that is none of them. */
+/** A problem of a user, of a group, of a limit, and of another line. */
 void breakMachine()
 {
     Sandbox::setAccounts(QByteArray(goodUsers) + "bob:*:1000:50:Bob:/nonexistent:/bin/sh\n",
@@ -56,7 +56,7 @@ QString tabTitle(const MainWindow &window)
 }
 }
 
-/** The page of problems in the window: where it leads, and the way back. */
+/** The page of problems in the window: its links, and the way back. */
 class ProblemLinksTest : public QObject
 {
     Q_OBJECT

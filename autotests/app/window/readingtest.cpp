@@ -36,7 +36,7 @@ QString text(const char *latin1)
     return QString::fromLatin1(latin1);
 }
 
-/** Lets the reading of the users wait for ever. */
+/** Makes the reading of the users wait for ever. */
 void blockUsers()
 {
     Sandbox::remove(passwdPath());
@@ -64,7 +64,7 @@ QStringList namesIn(const RecordView &view)
     return names;
 }
 
-/** A window with its parts at hand. */
+/** A window and its parts. */
 struct Window {
     bool isProgressShown() const
     {

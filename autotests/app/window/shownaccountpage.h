@@ -14,7 +14,7 @@
 
 #include <QLabel>
 
-/** A page of accounts with its parts at hand, after everything was read. */
+/** A page of accounts and its parts, after everything was read. */
 template<typename Page>
 struct ShownAccountPage {
     ShownAccountPage()

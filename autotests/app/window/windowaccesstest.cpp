@@ -55,7 +55,7 @@ QRect areaOf(const QWidget &widget)
     return {area.topLeft() * ratio, area.size() * ratio};
 }
 
-/** The parts of a window that show texts and nothing else. */
+/** The parts of a window that only show texts. */
 QVector<const QWidget *> visibleTextParts(const QWidget &window)
 {
     QVector<const QWidget *> parts;
@@ -81,7 +81,7 @@ QVector<const QWidget *> visibleTextParts(const QWidget &window)
 }
 }
 
-/** Whether all of the window can be reached, read and seen, by whatever means somebody uses it. */
+/** Whether the whole window can be used with the keyboard or a screen reader, in high contrast and mirrored. */
 class WindowAccessTest : public QObject
 {
     Q_OBJECT
@@ -130,7 +130,7 @@ void WindowAccessTest::hasUniqueMnemonics()
 {
     MainWindow window;
     QVERIFY(open(window));
-    // With the same key as a page, neither would be reached.
+    // With the same mnemonic as a page, neither could be reached.
     QStringList pageKeys;
     for (int page = 1; page <= window.pages()->count(); ++page) {
         pageKeys.append(text("Alt+%1").arg(page));
@@ -217,7 +217,7 @@ void WindowAccessTest::showsRowsWithoutRowsBelow()
             const QModelIndex first = view->model()->index(0, 0);
             QVERIFY2(first.isValid(), qPrintable(view->objectName()));
             view->setCurrentIndex(first);
-            // Expands what there is; without an end, if the model let it.
+            // Expands everything, which would never end if the model allowed it.
             QTest::keyClick(view, Qt::Key_Asterisk);
             QVERIFY(!view->isExpanded(first));
         }

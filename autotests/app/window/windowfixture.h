@@ -12,15 +12,15 @@ class MainWindow;
 class QWidget;
 class RecordView;
 
-/** Where the window keeps what it remembers. */
+/** The file in which the window keeps its state. */
 QString settingsPath();
 
-/** Writes three users, three groups, a rule and a line that is none, and forgets how a window was left. */
+/** Writes three users, three groups, a rule and an invalid line, and removes the state of the window. */
 void prepareWindow();
 
 bool waitUntilRead(MainWindow &window);
 
-/** Waits for what is shown of an account a moment later than the rest. */
+/** Waits for the parts of an account's details that are shown a moment later. */
 bool waitUntilShown(const QWidget &window);
 
 /** Shows the window, with the focus, after everything was read. */

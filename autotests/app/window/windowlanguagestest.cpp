@@ -61,7 +61,7 @@ void useLanguage(const QString &language)
     QApplication::setLayoutDirection(language == QLatin1String("ar") ? Qt::RightToLeft : Qt::LeftToRight);
 }
 
-/** The letters of @p text from the left to the right, as a line in a view shows them. */
+/** The letters of @p text from left to right, as a line in a view shows them. */
 QString inOrderOfSight(const QString &text, const QAbstractItemView &view)
 {
     QTextLayout layout(text, view.font());
@@ -86,7 +86,7 @@ QString inOrderOfSight(const QString &text, const QAbstractItemView &view)
     return letters;
 }
 
-/** What is seen in a row of a view in Egypt, its cells joined by bars. */
+/** A row of a view as it is seen in Egypt, its cells joined by bars. */
 QString seenRow(const QAbstractItemView &view, int row)
 {
     QLocale locale(QLocale::Arabic, QLocale::Egypt);

@@ -33,7 +33,7 @@ QList<Widget *> visibleChildren(const QWidget &window)
     return visible;
 }
 
-/** The letter with the mark below is a text of its own, which keeps letters from being joined. */
+/** The letter with the mnemonic mark is drawn as a separate text, which keeps letters from being joined. */
 int drawnWidth(const QWidget &widget, const QString &text)
 {
     const QStringList parts = text.split(QLatin1Char('&'));
@@ -62,7 +62,7 @@ void addClippedTitles(QStringList &clipped, const QTreeView &view)
 {
     const QHeaderView &header = *view.header();
     for (int i = 0; i < header.count(); ++i) {
-        // What is beside the part in view can be scrolled to.
+        // Parts outside the view can be scrolled to.
         if (!header.isSectionHidden(i) && header.sectionSize(i) < header.sectionSizeHint(i)) {
             clipped.append(view.accessibleName() + QLatin1Char(' ')
                            + header.model()->headerData(i, Qt::Horizontal).toString());

@@ -67,7 +67,7 @@ void ScriptFileTest::replacesFileThatAllCanRead()
     QCOMPARE(writeScript(path, m_plan), QString());
     QCOMPARE(contentOf(path), m_plan.toScript());
     QCOMPARE(modeOf(path), 0700U);
-    // Who has the old file open does not see the new one.
+    // Somebody who has the old file open does not see the new one.
     QVERIFY(opened.readAll().startsWith("something else"));
 }
 

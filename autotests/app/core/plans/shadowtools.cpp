@@ -43,7 +43,7 @@ QByteArray ShadowTools::run(const Plan &plan)
     const QString script = QStringLiteral("/tmp/plan.sh");
     Sandbox::write(script, plan.toScript());
     QFile::setPermissions(script, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    // The tools are for root. An ordinary user is root in a name space of the own user.
+    // The tools are for root. An ordinary user is root in a user namespace.
     const Program::Result result = geteuid() == 0
         ? Program::run(script, {})
         : Program::run(QStringLiteral("unshare"), {QStringLiteral("--map-root-user"), script});

@@ -16,7 +16,7 @@ void setAccounts(const QByteArray &passwd, const QByteArray &group);
 
 QString homes();
 
-/** Runs the script of a plan from a file. @return what it said when it failed; empty when it did not. */
+/** Runs the script of a plan from a file. @return its messages when it failed; empty when it did not. */
 QByteArray run(const Plan &plan);
 }
 

@@ -13,7 +13,7 @@
 
 namespace
 {
-/** The character that overrides the writing direction, byte by byte so that it does not mislead here. */
+/** The character that overrides the writing direction, byte by byte so that it does not act on this source. */
 const char override[] = {'\xe2', '\x80', '\xae', '\0'};
 
 /** The arguments that a shell passes on. */

@@ -3,7 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
-// Opens PAM sessions for the users whose names it reads, one a line, and tells for each what the session
+// Opens PAM sessions for the users whose names it reads, one a line, and prints what each session
 // got:
 //
 //   pamsession SERVICE
@@ -13,7 +13,7 @@
 // kernel answers a process that may raise them. No session changes the process, so one process can
 // open many, with any capabilities. What the first session has set is what the later ones begin with.
 //
-// With --kernel each session has a process of its own, whose limits the kernel tells.
+// With --kernel each session has a process of its own, and the limits are those that the kernel reports.
 
 #include <QByteArray>
 
@@ -38,7 +38,7 @@ namespace
 constexpr int limitCount = RLIM_NLIMITS;
 using Limits = std::array<rlimit, limitCount>;
 
-/** How many logins of others a module finds. */
+/** How many logins of other users a module finds. */
 constexpr int foreignLogins = 1000;
 
 constexpr std::array<const char *, limitCount> limitNames{
@@ -64,7 +64,7 @@ bool s_isRecording = false;
 Limits s_limits;
 rlim_t s_maxOpenFiles = 0;
 int s_utmpEntry = 0;
-/** What the module said and did, a line each. */
+/** What the module logged and did, a line each. */
 std::string &records()
 {
     static std::string lines;
@@ -82,7 +82,7 @@ Function original(const char *name)
     return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
 }
 
-/** Keeps what the debugging messages of the module tell. */
+/** Keeps the debugging messages of the module. */
 void recordMessage(const std::string &message)
 {
     const auto textAfter = [&message](const char *words) {

@@ -22,7 +22,7 @@ quint64 limitOf(const QByteArray &text)
     return text == "unlimited" ? ~quint64(0) : text.toULongLong();
 }
 
-/** Takes a line of pamsession. */
+/** Reads a line of the output of pamsession. */
 void addLine(const QByteArray &line, PamSession &session)
 {
     const QByteArray word = line.left(line.indexOf(' '));

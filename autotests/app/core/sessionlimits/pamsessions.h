@@ -32,7 +32,7 @@ class PamSessions
 public:
     enum class Limits { Recorded, OfKernel };
 
-    /** How many logins there are where limits are recorded, none of them by a known user. */
+    /** How many logins there are while limits are recorded. None of them is of a known user. */
     static constexpr quint64 foreignLogins = 1000;
 
     /** Writes the configuration of a service to /etc and leaves no limits files but an empty one. */
@@ -42,7 +42,7 @@ public:
     PamSessions(const PamSessions &) = delete;
     PamSessions &operator=(const PamSessions &) = delete;
 
-    /** Why no session can be opened; empty when they can. */
+    /** Why no session can be opened; empty when sessions can be opened. */
     QString error() const;
 
     PamSession open(const QByteArray &user);

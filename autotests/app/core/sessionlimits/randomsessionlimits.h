@@ -12,7 +12,7 @@
 #include <initializer_list>
 #include <random>
 
-/** Pseudo-random limits files, of words that rules can be made of. Few, so that they meet often. */
+/** Pseudo-random limits files, made of a few words, so that rules often match the same account. */
 class RandomSessionLimits
 {
 public:

@@ -10,7 +10,7 @@
 
 #include <QList>
 
-/** Accounts that differ in all that rules can be for: root twice, groups of all kinds, a high uid. */
+/** Accounts that differ in everything that rules look at: root twice, groups of all kinds, a high uid. */
 inline void setSessionAccounts()
 {
     Sandbox::setNameService("files");

@@ -34,7 +34,7 @@ quint64 inKernelUnit(Item item, const Value &value)
     return kilobytes.contains(' ' + nameOf(item) + ' ') ? value.number * 1024 : value.number;
 }
 
-/** What a session has that begins with @p plain. */
+/** The limits of a session that begins with @p plain. */
 Pair expectedLimit(Item item, const Limit &limit, const Pair &plain)
 {
     const quint64 soft = limit.soft.isSet() ? inKernelUnit(item, limit.soft) : plain.first;
@@ -63,7 +63,7 @@ bool hasKernelLimit(Item item)
     return hasTwoLimits(kindOf(item));
 }
 
-/** The limit of logins, of whichever item it is. */
+/** The limit of logins, whichever of the two items sets it. */
 Limit loginsOf(const Answer &answer)
 {
     const Limit &own = answer.limit(Item::MaxLogins);
@@ -86,7 +86,7 @@ QStringList toText(const QList<QByteArray> &lines)
     return texts;
 }
 
-/** The rules that match, as the module names them. */
+/** The rules that match, in the words of the module. */
 QList<QByteArray> rulesFor(const PamLimits::SessionLimits &limits, const PamLimits::Account &account)
 {
     QMap<int, QByteArray> rules;
@@ -135,10 +135,10 @@ void SessionComparison::compareOpening(const PamSession &session,
     const bool isLimit = logins.hard.kind == Value::Kind::Number && !account.isRoot();
     const Failure::Reason reason = answer.failure.reason;
     if (isLimit && (logins.hard.number == 1 || logins.hard.number >= PamSessions::foreignLogins)) {
-        // The later module allows any number instead of one, and so many there are not.
+        // The later module allows any number instead of one, and there are not that many logins.
         ++m_untold;
     } else {
-        // Nothing is missing where calls are recorded, neither a directory nor a descriptor.
+        // While calls are recorded, neither a directory nor a descriptor is missing.
         const bool isFailure = reason == Failure::Reason::File || reason == Failure::Reason::NoLogins;
         const bool areTooMany = isLimit && countsAll(limits, answer);
         compare(QStringLiteral("open"), describe(!isFailure && !areTooMany), describe(session.isOpen));

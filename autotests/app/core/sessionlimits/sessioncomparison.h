@@ -10,11 +10,11 @@
 
 #include "sessionlimits.h"
 
-/** Puts what the application says of a session beside a session. */
+/** Compares what the application says about a session with a real session. */
 class SessionComparison
 {
 public:
-    /** What is different between @p session of @p account and what @p limits say of it, a line each. */
+    /** The differences between @p session of @p account and what @p limits says about it, a line each. */
     QStringList differences(const PamSession &session,
                             const PamSession &plain,
                             const PamLimits::SessionLimits &limits,
@@ -29,7 +29,7 @@ public:
     /** How many values were compared. */
     int compared() const;
 
-    /** How many values could not be told, so that nothing was compared. */
+    /** How many values were not compared, because they could not be known. */
     int untold() const;
 
 private:

@@ -15,7 +15,7 @@
 
 namespace
 {
-/** With ORMEL_TEST_SETS in the environment, so many random sets of files are tried. */
+/** The variable ORMEL_TEST_SETS sets how many random sets of files are tried. */
 int setCount(int usual)
 {
     const int wanted = qEnvironmentVariableIntValue("ORMEL_TEST_SETS");

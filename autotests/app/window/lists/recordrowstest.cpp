@@ -40,7 +40,7 @@ void chooseFile(const QString &path, Work work)
 }
 }
 
-/** What the rows of a list are good for: copies, columns, actions. */
+/** What can be done with the rows of a list: copies, columns, actions. */
 class RecordRowsTest : public QObject
 {
     Q_OBJECT

@@ -19,7 +19,7 @@
 #include <QPushButton>
 #include <QTest>
 
-/** A list of users to be tried. */
+/** A list of users with its parts. */
 namespace SampleList
 {
 inline QString text(const char *latin1)

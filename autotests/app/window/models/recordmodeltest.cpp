@@ -58,7 +58,7 @@ QVector<UserRecord> users()
 }
 }
 
-/** What lists of accounts are made of, by the example of users. */
+/** The model of lists of accounts, tested with users. */
 class RecordModelTest : public QObject
 {
     Q_OBJECT
@@ -311,7 +311,7 @@ void RecordModelTest::isFastWithManyRecords()
 #ifdef __SANITIZE_ADDRESS__
     QSKIP("Sanitizers take their time");
 #endif
-    // As long as an event loop may be kept from other work.
+    // The longest time for which an event loop may be kept from other work.
     constexpr double limit = 0.05;
     QVector<UserRecord> many;
     for (int i = 0; i < 10000; ++i) {

@@ -58,7 +58,7 @@ QString text(const char *latin1)
 }
 }
 
-/** The page of groups, as far as it is not like the one of users. */
+/** The page of groups, where it differs from the page of users. */
 class GroupsPageTest : public QObject
 {
     Q_OBJECT

@@ -41,9 +41,9 @@ QString line(int number)
     return text("/etc/security/limits.conf:%1").arg(number);
 }
 
-/** The page with its parts at hand, after everything was read. */
+/** The page and its parts, after everything was read. */
 struct Page {
-    /** @param isModelTested whether the model is looked through after each change, which takes long for many lines */
+    /** @param isModelTested whether the model is checked after each change, which takes long for many lines */
     explicit Page(bool isModelTested = true)
     {
         if (isModelTested) {
@@ -63,7 +63,7 @@ struct Page {
         }
     }
 
-    /** Waits until @p count lines are shown and it is known for whom they decide. */
+    /** Waits until @p count lines are shown and the analysis of the users has ended. */
     bool isCounted(int count) const
     {
         return QTest::qWaitFor(

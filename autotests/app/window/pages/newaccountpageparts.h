@@ -20,7 +20,7 @@
 #include <QTest>
 #include <QTreeView>
 
-/** The page of a new account, its parts, and the accounts that there are. */
+/** The page of a new account, its parts, and the existing accounts. */
 namespace NewAccountParts
 {
 inline const char usersFile[] = "root:x:0:0:root:/root:/bin/bash\n"
@@ -46,7 +46,7 @@ inline QPixmap plainPicture(const QColor &colour)
     return picture;
 }
 
-/** Picks @p names in a dialog and presses Ok. */
+/** Checks @p names in a dialog and presses Ok. */
 inline void pickGroups(GroupSelectDialog &dialog, const QStringList &names)
 {
     for (const QString &name : names) {
@@ -59,7 +59,7 @@ struct Store {
     AccountStore store;
 };
 
-/** A page with its parts at hand. */
+/** A page and its parts. */
 struct Page : Store, NewAccountPage {
     Page()
         : NewAccountPage(&store)
@@ -86,7 +86,7 @@ struct Page : Store, NewAccountPage {
         return part<QLabel>(*this, qPrintable(edit + QLatin1String("Note")));
     }
 
-    /** What is said about an edit; null when nothing is. */
+    /** The note on an edit; null when there is none. */
     QString shownNote(const QString &edit) const
     {
         return note(edit)->isVisible() ? note(edit)->text() : QString();

@@ -16,7 +16,7 @@
 
 using namespace NewAccountParts;
 
-/** The commands that create a new account, and what keeps it from being created. */
+/** The commands that create a new account, and what prevents them. */
 class NewAccountPlanTest : public QObject
 {
     Q_OBJECT
@@ -147,7 +147,7 @@ void NewAccountPlanTest::setsChosenHash()
     QTest::keyClick(choice, Qt::Key_Home);
     QCOMPARE(page.shownCommands(), QStringLiteral("useradd --create-home --user-group newest"));
     QTest::keyClick(choice, Qt::Key_Down);
-    QTest::keyClicks(page.password, QStringLiteral("s")); // whose hash is another one
+    QTest::keyClicks(page.password, QStringLiteral("s")); // which has another hash
     QCOMPARE(page.shownCommands(), QStringLiteral("useradd --create-home --user-group newest"));
 }
 

@@ -14,12 +14,12 @@
 
 #include <unistd.h>
 
-// Shows the page of one user after another, each until the picture or its substitute is there. The
-// looks for two files mark the begin and the end.
+// Shows one user after another, each until the picture or its substitute is there. Checks for two
+// files mark the beginning and the end.
 
 namespace
 {
-/** Leaves a trace: there is no such file. */
+/** Leaves a mark in the trace, since there is no such file. */
 void mark(const char *path)
 {
     if (access(path, F_OK) == 0) {

@@ -47,13 +47,13 @@ void writePicture(const QString &path, Qt::GlobalColor color)
     Sandbox::write(path, PictureFiles::encoded(PictureFiles::plain({300, 200}, color), "png"));
 }
 
-/** A line of /etc/passwd for somebody whose files are those of this program. */
+/** A line of /etc/passwd for a user with the uid of this program. */
 QByteArray user(const QByteArray &name, const QString &home)
 {
     return name + ":x:" + QByteArray::number(getuid()) + ":50::" + QFile::encodeName(home) + ":/bin/sh\n";
 }
 
-/** The page with its first user, after everything was read. */
+/** The page and its first user, after everything was read. */
 struct Page {
     Page()
     {
@@ -79,7 +79,7 @@ struct Page {
         return label->pixmap(Qt::ReturnByValue);
     }
 
-    /** The picture of the current user, which comes later than the details. */
+    /** The picture of the current user, which is shown after the details. */
     QPixmap picture() const
     {
         return QTest::qWaitFor([this] { return !shown().isNull(); }, patience) ? shown() : QPixmap();
