@@ -15,6 +15,7 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -49,6 +50,17 @@ QByteArray bidirectional()
 QByteArray hostileText()
 {
     return QByteArray(escapeSequence) + c1Sequence + bidirectional() + separators + html;
+}
+
+/** That of a user, who gets the first rule of the limits. */
+QByteArray hostileName()
+{
+    return "ada" + QByteArray(c1Sequence) + bidirectional();
+}
+
+QString hostileDropIn()
+{
+    return dropInPath(QString::fromUtf8("a" + hostileText().replace('/', '_') + "\n.conf"));
 }
 
 /** What ormel-users writes to a terminal of its own, on either channel. */
@@ -104,6 +116,7 @@ private Q_SLOTS:
     void doesNotReachTerminal();
     void staysInJson_data();
     void staysInJson();
+    void staysInJsonOfLimitsAndProblems();
     void readsNamesAsUtf8_data();
     void readsNamesAsUtf8();
 };
@@ -112,13 +125,13 @@ void HostileTextsTest::init()
 {
     const QByteArray text = hostileText();
     const QByteArray path = '/' + QByteArray(text).replace(':', ';');
-    Sandbox::setAccounts("root:x:0:0:" + text + ":/root:/bin/sh\n" + "ada" + c1Sequence + bidirectional()
+    Sandbox::setAccounts("root:x:0:0:" + text + ":/root:/bin/sh\n" + hostileName()
                              + ":x:1000:50:" + QByteArray(100000, 'x') + "\x1b[2J:" + path + ':' + path + '\n',
                          "root:x:0:\nstaff" + text + ":x:50:ada" + c1Sequence + '\n');
     clearLimits();
     Sandbox::write(limitsPath(), "* soft core 1\n" + text + " hard nproc 2\n@" + text + " - " + text + " 3\n");
-    Sandbox::write(dropInPath(QString::fromUtf8("a" + QByteArray(text).replace('/', '_') + "\n.conf")),
-                   "broken " + text + '\n' + QByteArray(100000, 'y') + "\x1b[2J\n");
+    Sandbox::write(hostileDropIn(),
+                   hostileName() + " hard core 1\nbroken " + text + '\n' + QByteArray(100000, 'y') + "\x1b[2J\n");
 }
 
 void HostileTextsTest::doesNotReachTerminal_data()
@@ -127,21 +140,39 @@ void HostileTextsTest::doesNotReachTerminal_data()
     QTest::addColumn<QByteArray>("expected");
 
     const QString text = QString::fromUtf8(hostileText() + '\n');
-    const auto row = [](const char *name, const QStringList &arguments, const char *expected) {
-        QTest::newRow(name) << arguments << QByteArray(expected);
+    const QString name = QString::fromUtf8(hostileName());
+    const auto row = [](const char *title, const QStringList &arguments, const char *expected) {
+        QTest::newRow(title) << arguments << QByteArray(expected);
+    };
+    const auto limitsRow = [&row](const char *title, const QStringList &arguments) {
+        row(title, QStringList(QStringLiteral("limits")) + arguments, "31m");
     };
     row("users", {QStringLiteral("users")}, "31m");
     row("users in JSON", {QStringLiteral("users"), QStringLiteral("--json")}, "31m");
     row("groups", {QStringLiteral("groups")}, "31m");
     row("groups in JSON", {QStringLiteral("groups"), QStringLiteral("--json")}, "31m");
-    row("rules", {QStringLiteral("limits")}, "31m");
-    row("suspicious lines", {QStringLiteral("limits"), QStringLiteral("--check")}, "31m");
-    row("unknown user", {QStringLiteral("limits"), QStringLiteral("--user"), text}, "31m");
-    row("unknown group", {QStringLiteral("limits"), QStringLiteral("--group"), text}, "31m");
+    row("users in CSV", {QStringLiteral("users"), QStringLiteral("--csv")}, "31m");
+    row("groups in CSV", {QStringLiteral("groups"), QStringLiteral("--csv")}, "31m");
+    row("problems", {QStringLiteral("check")}, "31m");
+    row("problems in JSON", {QStringLiteral("check"), QStringLiteral("--json")}, "31m");
+    limitsRow("rules", {});
+    limitsRow("rules in JSON", {QStringLiteral("--json")});
+    limitsRow("rules of the parser", {QStringLiteral("--parser")});
+    limitsRow("suspicious lines", {QStringLiteral("--check")});
+    limitsRow("suspicious lines in JSON", {QStringLiteral("--check"), QStringLiteral("--json")});
+    limitsRow("limits of user", {QStringLiteral("--user"), name});
+    limitsRow("limits of user in JSON", {QStringLiteral("--user"), name, QStringLiteral("--json")});
+    limitsRow("lines of user", {QStringLiteral("--user"), name, QStringLiteral("--explain"), QStringLiteral("core")});
+    limitsRow("users of line", {QStringLiteral("--rule"), hostileDropIn() + QLatin1String(":1")});
+    limitsRow("unknown user", {QStringLiteral("--user"), text});
+    limitsRow("unknown group", {QStringLiteral("--group"), text});
+    limitsRow("unknown rule", {QStringLiteral("--rule"), text});
+    row("unknown user in a list", {QStringLiteral("users"), text}, "31m");
+    row("very long name", {QStringLiteral("users"), name.repeated(3000)}, "31m");
     row("unknown command", {text}, "31m");
     row("unknown option", {QStringLiteral("--") + text}, "31m");
     row("unknown option of a command", {QStringLiteral("users"), QStringLiteral("--") + text}, "31m");
-    row("unexpected argument", {QStringLiteral("users"), text}, "31m");
+    row("unexpected argument", {QStringLiteral("limits"), text}, "31m");
     row("login name", {QStringLiteral("check-name"), text}, "reject");
     row("group name", {QStringLiteral("check-group"), text}, "reject");
     row("GECOS field", {QStringLiteral("check-gecos"), text}, "accept");
@@ -187,6 +218,31 @@ void HostileTextsTest::staysInJson()
     const QByteArray json = Program::run({command, QStringLiteral("--json")}).output;
     const QJsonObject record = QJsonDocument::fromJson(json).array().at(index).toObject();
     QCOMPARE(record.value(key).toString().toUtf8(), value);
+}
+
+void HostileTextsTest::staysInJsonOfLimitsAndProblems()
+{
+    const auto json = [](const QStringList &arguments) {
+        return QJsonDocument::fromJson(Program::run(arguments + QStringList(QStringLiteral("--json"))).output);
+    };
+    const auto hasLine = [](const QJsonArray &lines, const QString &text) {
+        return std::any_of(lines.begin(), lines.end(), [&text](const QJsonValue &line) {
+            return line[QLatin1String("file")] == hostileDropIn() && line[QLatin1String("text")] == text;
+        });
+    };
+    const QString name = QString::fromUtf8(hostileName());
+    const QString limits = QStringLiteral("limits");
+    const QString broken = QString::fromUtf8("broken " + hostileText());
+    QVERIFY(hasLine(json({limits}).array(), broken));
+    QVERIFY(hasLine(json({limits, QStringLiteral("--check")}).array(), broken));
+    const QJsonDocument ofUser = json({limits, QStringLiteral("--user"), name});
+    QCOMPARE(ofUser[QLatin1String("user")].toString(), name);
+    const QJsonDocument ofLine = json({limits, QStringLiteral("--rule"), hostileDropIn() + QLatin1String(":1")});
+    QCOMPARE(ofLine[QLatin1String("accounts")].toArray(), QJsonArray({name}));
+    const QJsonArray problems = json({QStringLiteral("check")})[QLatin1String("problems")].toArray();
+    QVERIFY(std::any_of(problems.begin(), problems.end(), [&name](const QJsonValue &problem) {
+        return problem[QLatin1String("user")] == name;
+    }));
 }
 
 void HostileTextsTest::readsNamesAsUtf8_data()
