@@ -13,6 +13,7 @@
 #include <random>
 
 #include <crypt.h>
+#include <malloc.h>
 
 extern "C" char *gost_crypt(const char *key, const char *setting);
 
@@ -93,6 +94,7 @@ private Q_SLOTS:
     void hasRoomForMostRounds();
     void verifiesWithWholeHashAsSetting();
     void keepsResultInStaticStorage();
+    void freesDigests();
 };
 
 void GostCryptTest::givesKnownHashes_data()
@@ -332,6 +334,16 @@ void GostCryptTest::keepsResultInStaticStorage()
     const char *second = gost_crypt("two", "$gost12512hash$rounds=1000$salt$");
     QCOMPARE(static_cast<const void *>(second), static_cast<const void *>(first));
     QVERIFY(QByteArray(second) != firstHash);
+}
+
+void GostCryptTest::freesDigests()
+{
+    QVERIFY(Digest(GCRY_MD_STRIBOG512).isValid()); // the first one loads what libgcrypt keeps
+    const size_t before = mallinfo2().uordblks;
+    for (int i = 0; i < 1000; ++i) {
+        const Digest digest(GCRY_MD_STRIBOG512);
+    }
+    QVERIFY(mallinfo2().uordblks < before + 1000);
 }
 
 QTEST_GUILESS_MAIN(GostCryptTest)

@@ -88,8 +88,8 @@ void addRasters(QVector<HostileFace> &faces)
     for (const LargeImage &image : images) {
         faces += file(QLatin1String("claim of many pixels, ") + QLatin1String(image.format), image.content);
     }
-    for (const char *format : {"png", "jpg", "bmp", "ico", "ppm", "xpm"}) {
-        const QByteArray whole = PictureFiles::encoded(PictureFiles::noise({100, 100}), format);
+    const QVector<PictureFiles::File> files = PictureFiles::ofEveryFormat({100, 100});
+    for (const auto &[format, whole] : files) {
         faces += file(QLatin1String("only the start, ") + QLatin1String(format), whole.left(100));
     }
 }

@@ -21,6 +21,41 @@ QByteArray written(QImageWriter &writer, QBuffer &buffer, const QImage &image)
     }
     return buffer.data();
 }
+
+/** Bits of GIF pictures, the first one the lowest of a byte, in blocks. */
+QByteArray gifBlocks(const QVector<bool> &bits)
+{
+    QByteArray bytes((bits.size() + 7) / 8, '\0');
+    for (int i = 0; i < bits.size(); ++i) {
+        bytes[i / 8] = char(uchar(bytes.at(i / 8)) | uchar(bits.at(i) << (i % 8)));
+    }
+    constexpr int longest = 255;
+    QByteArray blocks;
+    for (int i = 0; i < bytes.size(); i += longest) {
+        const QByteArray block = bytes.mid(i, longest);
+        blocks += char(block.size()) + block;
+    }
+    return blocks + '\0';
+}
+
+/** Black and white, and not compressed, as Qt writes no GIF pictures. */
+QByteArray gifOfNoise(const QSize &size)
+{
+    std::mt19937 random(1);
+    QVector<bool> bits;
+    const auto addCode = [&bits](unsigned code) { bits += {bool(code & 1), bool(code & 2), bool(code & 4)}; };
+    constexpr unsigned clear = 4; // before each pixel, so that codes stay this short
+    constexpr unsigned end = 5;
+    for (int i = 0; i < size.width() * size.height(); ++i) {
+        addCode(clear);
+        addCode(random() % 2);
+    }
+    addCode(end);
+    const auto number = [](int value) -> QByteArray { return QByteArray(1, char(value % 256)) + char(value / 256); };
+    const QByteArray extent = number(size.width()) + number(size.height());
+    return "GIF89a" + extent + QByteArray::fromHex("800000000000ffffff2c00000000") + extent
+        + QByteArray::fromHex("0002") + gifBlocks(bits) + ';';
+}
 }
 
 QByteArray PictureFiles::encoded(const QImage &image, const char *format)
@@ -48,6 +83,19 @@ QImage PictureFiles::noise(const QSize &size)
         }
     }
     return image;
+}
+
+QVector<PictureFiles::File> PictureFiles::ofEveryFormat(const QSize &size)
+{
+    QVector<File> files{
+        {"gif", gifOfNoise(size)},
+        {"svg", svg(QByteArray(R"(<rect width="9" height="9"/>)").repeated(100))},
+    };
+    const QImage image = noise(size);
+    for (const char *format : {"bmp", "ico", "jpg", "pbm", "pgm", "png", "ppm", "xbm", "xpm"}) {
+        files.append({format, encoded(image, format)});
+    }
+    return files;
 }
 
 QByteArray PictureFiles::gzipped(const QByteArray &content)

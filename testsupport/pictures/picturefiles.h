@@ -7,6 +7,7 @@
 #define PICTUREFILES_H
 
 #include <QImage>
+#include <QVector>
 
 /** Contents of picture files. */
 namespace PictureFiles
@@ -18,6 +19,14 @@ QImage plain(const QSize &size, const QColor &color);
 
 /** A picture that does not compress well. */
 QImage noise(const QSize &size);
+
+struct File {
+    const char *format;
+    QByteArray content;
+};
+
+/** A file of each format that Qt reads: noise of @p size, but an SVG picture always has the size of svg(). */
+QVector<File> ofEveryFormat(const QSize &size);
 
 QByteArray gzipped(const QByteArray &content);
 
