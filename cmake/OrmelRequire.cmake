@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Ormel Users contributors
 # SPDX-License-Identifier: CC0-1.0
 
-# ormel_missing(<what> <package of Debian> [<advice>]): ends with what is to be done about a missing dependency.
+# ormel_missing(<what> <package of Debian> [<advice>]): fails and says how to install a missing dependency.
 function(ormel_missing what package)
     string(JOIN " " advice ${ARGN})
     message(FATAL_ERROR "${what} was not found. On Debian, install the package ${package}. ${advice}")

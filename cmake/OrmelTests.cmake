@@ -14,8 +14,8 @@ macro(ormel_test_room room)
     set(ORMEL_TEST_ROOM ${room})
 endmacro()
 
-# ormel_run_in_sandbox(<program> <name> [command...]): runs <program> below a command, perhaps. Besides the
-# readable report it leaves ROOM-<name>.tap, from which scripts/test counts.
+# ormel_run_in_sandbox(<program> <name> [command...]): runs <program>, perhaps with a command before it.
+# Besides the readable report it writes ROOM-<name>.tap, which scripts/test counts.
 function(ormel_run_in_sandbox program name)
     set(test ${ORMEL_TEST_ROOM}-${name})
     add_test(NAME ${test}
@@ -25,7 +25,7 @@ function(ormel_run_in_sandbox program name)
 endfunction()
 
 # ormel_ignore_leaks(<name>): for tests on an X server. The platform plugin leaks and is unloaded
-# before the report, so that nothing can name it; offscreen, leaks are errors.
+# before the report, so its leaks cannot be suppressed by name. Offscreen, leaks are errors.
 function(ormel_ignore_leaks name)
     ormel_test_environment(${name} "ASAN_OPTIONS=detect_leaks=0")
 endfunction()
@@ -46,8 +46,8 @@ function(ormel_build_quickly target)
     endif()
 endfunction()
 
-# ormel_moc_included(<target> <source>): <source> includes what moc makes of it. One command is quicker than
-# the search of AUTOMOC in each of so many small programs.
+# ormel_moc_included(<target> <source>): <source> includes what moc makes of it. One command is faster than
+# the search of AUTOMOC in so many small programs.
 function(ormel_moc_included target source)
     cmake_path(GET source STEM name)
     qt5_generate_moc("${source}" "${CMAKE_CURRENT_BINARY_DIR}/${name}.moc")
@@ -57,8 +57,8 @@ endfunction()
 
 # ormel_add_test(<name> [DISPLAY | DISPLAY_ONLY] [SOURCES source...] [LIBRARIES library...]
 # [DEFINITIONS definition...]): the test <name>.cpp, run on the offscreen platform or, with DISPLAY,
-# on an X server too. Sources of the library or the application may be named, for what they keep to
-# themselves.
+# on an X server too. Sources of the library or the application may be added, to test what is
+# private there.
 function(ormel_add_test name)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "DISPLAY;DISPLAY_ONLY" "" "SOURCES;LIBRARIES;DEFINITIONS")
     set(program ${ORMEL_TEST_ROOM}-${name})
@@ -82,8 +82,8 @@ function(ormel_add_test name)
     endif()
 endfunction()
 
-# ormel_add_thread_test(<name>): the test <name>.cpp, built with the thread sanitizer, which goes with no other,
-# and linked to the library "threadchecked". Qt is not built with it, so what Qt does is left out of the reports.
+# ormel_add_thread_test(<name>): the test <name>.cpp, built with the thread sanitizer, which excludes other
+# sanitizers, and linked to the library "threadchecked". Qt is not built with it, so the reports leave Qt out.
 function(ormel_add_thread_test name)
     set(program ${ORMEL_TEST_ROOM}-${name})
     add_executable(${program} ${name}.cpp)
@@ -94,7 +94,8 @@ function(ormel_add_thread_test name)
     ormel_test_environment(${name} "TSAN_OPTIONS=ignore_noninstrumented_modules=1:halt_on_error=1")
 endfunction()
 
-# ormel_add_script_test(<name> <script> [argument...]): a script that fails or not, run in the sandbox.
+# ormel_add_script_test(<name> <script> [argument...]): a script, run in the sandbox; its exit status
+# says whether it has passed.
 function(ormel_add_script_test name script)
     cmake_path(ABSOLUTE_PATH script)
     add_test(NAME ${ORMEL_TEST_ROOM}-${name}

@@ -4,12 +4,12 @@
 #
 # Completes commands, options and names for ormel-users in bash.
 
-# The first words of the possible answers, for the word that is being typed.
+# Offers the matching ones of the given words for the word that is being typed.
 _ormel_users_reply() {
     mapfile -t COMPREPLY < <(compgen -W "$1" -- "$2")
 }
 
-# A list of columns: the last one of it is completed.
+# A list of columns, whose last one is completed.
 _ormel_users_columns() {
     local before=${2%"${2##*,}"}
     mapfile -t COMPREPLY < <(compgen -P "$before" -W "$1" -- "${2##*,}")

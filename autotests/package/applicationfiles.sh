@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
 # applicationfiles.sh PROGRAM: the files that are installed with the application in INSTALLED_PREFIX
-# are valid, fit each other, and the manual page tells of every command and option of the program.
+# are valid and match each other, and the manual page has every command and option of the program.
 set -euo pipefail
 
 program=$1

@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The Ormel Users contributors
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
-# benchmarkanchors.sh PROJECT: the explanations that the benchmarks point at, such as "#loading", are
+# benchmarkanchors.sh PROJECT: the explanations that the benchmarks link to, such as "#loading", are
 # headings of docs/performance.md.
 set -euo pipefail
 cd "$1"

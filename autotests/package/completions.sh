@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
 # completions.sh PROGRAM: the completions that are installed in INSTALLED_PREFIX know every command and option
-# that the help of the program tells, and bash offers no others.
+# in the help of the program, and bash offers no others.
 set -euo pipefail
 
 program=$1
@@ -22,7 +22,7 @@ bash -n "$bash_file" || fail "$bash_file is no script for bash"
 zsh -n "$zsh_file" || fail "$zsh_file is no script for zsh"
 fish -n "$fish_file" || fail "$fish_file is no script for fish"
 
-# options_of [COMMAND]: those that the help tells, one a line.
+# options_of [COMMAND]: those in the help, one a line.
 options_of() {
     "$program" "$@" --help | sed -nE 's/^  (-.*[^ ])  .*/\1/p' | grep -oE -- '(^|[ ,])--?[a-z-]+' | tr -d ' ,' | sort
 }

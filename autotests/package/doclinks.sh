@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The Ormel Users contributors
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
-# doclinks.sh SOURCE-DIR: what the documentation links to is there, headings included.
+# doclinks.sh SOURCE-DIR: the links in the documentation lead to existing files and headings.
 set -euo pipefail
 cd "$1"
 

@@ -2,10 +2,10 @@
 # SPDX-FileCopyrightText: 2026 The Ormel Users contributors
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
-# instructioncounts.sh WORKLOADS [FIGURES]: counts what the workloads cost in code that is built here
-# and fails where it is over a tenth more than in the file FIGURES; without that file, prints what to
-# put into it. Of each workload there are two figures: the instructions of our own code, and its calls
-# of other libraries. What those do inside is left out, for it differs between machines.
+# instructioncounts.sh WORKLOADS [FIGURES]: counts what the workloads cost in our own code, and fails
+# when a figure is over a tenth higher than in the file FIGURES. Without that file, prints its new
+# contents. Each workload has two figures: the instructions of our own code, and its calls of other
+# libraries. The instructions inside these are not counted, since they differ between machines.
 set -euo pipefail
 
 workloads=$1
@@ -13,7 +13,7 @@ figures=${2:-}
 
 profile=$(mktemp -d)
 trap 'rm -rf "$profile"' EXIT
-# Addresses are resolved at the start and hashes not salted, so that each run is like the other.
+# Addresses are resolved at the start and hashes are not salted, so that all runs are alike.
 LD_BIND_NOW=1 QT_HASH_SEED=0 valgrind --tool=callgrind --instr-atstart=no \
     --callgrind-out-file="$profile/part" "$workloads" 2>"$profile/log" || {
     cat "$profile/log"

@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
 # interface.sh LIBRARY: the binary interface is the one in data/interface. Classes that no public
-# header defines are left out. After a change on purpose, run scripts/update abi.
+# header defines are left out. After an intended change, run scripts/update abi.
 set -euo pipefail
 
 data=$(dirname "$0")/data/interface

@@ -3,8 +3,8 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
 # publicheaders.sh INCLUDE-DIR (alone|together "COMPILER FLAG...")...: the public headers can be included first,
-# twice, bring along what their signatures name, and warn of nothing: each in a program of its own,
-# or all in one. Where there are forwarding headers, as in an installation, those are included instead.
+# twice, include what their signatures name, and cause no warnings: each in a program of its own, or all in one.
+# Where there are forwarding headers, as in an installation, those are included instead.
 set -euo pipefail
 
 include=$1

@@ -3,8 +3,8 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
 # readmeexample.sh cmake|pkgconfig README [PREFIX [COMPILER-FLAGS]]: builds the example of the README in
-# the way that the README tells, with the library below PREFIX or else with that of the system, and
-# runs it.
+# the way that the README shows, with the library below PREFIX or else with that of the system, and runs
+# it.
 set -euo pipefail
 
 way=$1 readme=$2 prefix=${3-} flags=${4-}
@@ -42,7 +42,7 @@ pkgconfig)
     ;;
 esac
 
-# The program must say of each account what id says of it.
+# For each account the program must print the same as id.
 cut -d: -f1 /etc/passwd | while read -r name; do
     printf '%s: %s\n' "$name" "$(id -Gn "$name" | sed 's/ /, /g')"
 done >expected

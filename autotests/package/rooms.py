@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
 # Compares the table of rooms in docs/architecture.md with what the sources include: each arrow of the table
-# has to be one of the code, and the other way round. Rooms without widgets include none of Qt's.
+# has to exist in the code, and the other way round. Rooms without widgets include none of Qt.
 #
 #   autotests/package/rooms.py SOURCE-DIRECTORY
 

@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: 2026 The Ormel Users contributors
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
-# sandbox.sh SANDBOX: what the caller has set and what is kept on the machine is not seen in the sandbox, and
-# nothing is left of one that was killed. Not run in a sandbox itself.
+# sandbox.sh SANDBOX: the sandbox hides the settings of the caller and the files of the machine, and a killed
+# sandbox leaves nothing behind. This script does not run in a sandbox itself.
 set -euo pipefail
 
 sandbox=$1
@@ -41,7 +41,7 @@ if [ -e /etc/written ] || [ -e /usr/share/kiv/written ]; then
     fail "It writes to the machine"
 fi
 
-# Killed in the middle, once it has come so far as to say so.
+# Killed in the middle, once it says that it has come that far.
 for signal in HUP TERM KILL; do
     mkfifo "$work/ready"
     mkdir "$work/temporary"

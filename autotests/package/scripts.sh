@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: 2026 The Ormel Users contributors
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
-# scripts.sh SOURCE-DIR: each script answers an argument that it does not know with its usage and with the exit
-# status 2, before it does anything.
+# scripts.sh SOURCE-DIR: with an unknown argument, each script prints its usage and ends with status 2 before
+# it does anything.
 set -euo pipefail
 cd "$1"
 

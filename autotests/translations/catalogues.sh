@@ -3,8 +3,8 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
 # catalogues.sh SOURCE-DIR: the texts to translate are those of the code, and each of them is
-# translated into each language, with the placeholders and the mnemonic it has; so are the texts of
-# the desktop file and of the metadata.
+# translated into each language, with its placeholders and its mnemonic. The same is true for the
+# texts of the desktop file and of the metadata.
 set -euo pipefail
 
 source=$1

@@ -19,7 +19,7 @@ import polib
 # What is the same in every language: technical column headers and the test's own accounts.
 UNTRANSLATED = {"UID", "GID", "root", "zoe", "0", "1000"}
 
-# Where the texts come from that are translated when the library is loaded.
+# The sources of the texts that are translated when the library is loaded.
 AT_LOAD = ("limits/limitscatalogue.cpp", "")
 
 

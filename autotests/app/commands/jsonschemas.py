@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: 2026 The Ormel Users contributors
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
-# jsonschemas.py PROGRAM SOURCE-DIR: what the program prints as JSON is what the schemas in docs/ describe, and
-# they describe nothing else.
+# jsonschemas.py PROGRAM SOURCE-DIR: the JSON that the program prints matches the schemas in docs/, and they
+# describe nothing else.
 
 import copy
 import json

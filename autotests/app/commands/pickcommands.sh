@@ -61,7 +61,7 @@ try "1" "Select Groups" "Escape" pick-groups --user alice
 try "0 alice staff video" "Select Groups" "Tab Tab space Return" pick-groups --user alice
 try "0 root" "Select Groups" "Tab r o o Tab Home Return" pick-groups --single
 
-# Names are read as UTF-8, and nothing in them steers the terminal.
+# Names are read as UTF-8, and nothing in them controls the terminal.
 cat >>/etc/passwd <<END
 jürg:x:1003:51::/home/jürg:/bin/sh
 mallory$(printf '\u009b31m\u202e'):x:1004:51::/home/mallory:/bin/sh

@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The Ormel Users contributors
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
-# Walks through the pages of the window with the keyboard alone, copying what each shows:
+# Walks through the pages of the window with the keyboard alone and copies what each one shows:
 #
 #   scripts/sandbox scripts/with-display autotests/app/window/windowkeys.sh build/dev/bin/ormel-users
 set -euo pipefail
@@ -47,7 +47,7 @@ activates() {
     check "$expected" "$actual"
 }
 
-# has_focus: the list has the focus, and so a row of it can be copied. It gets it once everything was read.
+# has_focus: the list has the focus, so one of its rows can be copied. It gets the focus when everything was read.
 has_focus() {
     local tries
     for ((tries = 0; tries < 100; ++tries)); do
@@ -58,7 +58,7 @@ has_focus() {
     check "a row" ""
 }
 
-# copies EXPECTED: what the field that has the focus gives to the clipboard.
+# copies EXPECTED: what the focused field copies to the clipboard.
 copies() {
     local expected=$1 actual tries
     for ((tries = 0; tries < 100; ++tries)); do
