@@ -33,7 +33,7 @@ struct Comparison {
     const char *what;
     const char *beside; ///< what the peer does; empty without one
     Limit limit;
-    const char *explanation; ///< the heading of docs/performance.md that tells why, such as "#loading"; or empty
+    const char *explanation; ///< the heading of docs/performance.md that explains why, such as "#loading"; or empty
     std::vector<int64_t> sizes; ///< passed as range(0); may be empty
     benchmark::BigO growth; ///< how the time may grow with the size at most; oNone when that is not fitted
     Function *library;

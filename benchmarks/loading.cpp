@@ -19,7 +19,7 @@ void load(State &state, const QStringList &libraries)
     }
 }
 
-QStringList toolkit()
+QStringList qtLibraries()
 {
     return {QStringLiteral("libQt5Widgets.so.5"), QStringLiteral("libKF5I18n.so.5")};
 }
@@ -29,14 +29,14 @@ void loadLibrary(State &state)
     load(state, {QStringLiteral(LIBRARY)});
 }
 
-void loadToolkit(State &state)
+void loadQt(State &state)
 {
-    load(state, toolkit());
+    load(state, qtLibraries());
 }
 
-void loadLibraryAfterToolkit(State &state)
+void loadLibraryAfterQt(State &state)
 {
-    load(state, toolkit() + QStringList(QStringLiteral(LIBRARY)));
+    load(state, qtLibraries() + QStringList(QStringLiteral(LIBRARY)));
 }
 }
 
@@ -51,7 +51,7 @@ Comparisons loadComparisons()
          {},
          benchmark::oNone,
          loadLibrary,
-         loadToolkit,
+         loadQt,
          Figure::ChildTime},
         {"load-later",
          "loading Qt Widgets, KI18n and then the library",
@@ -60,8 +60,8 @@ Comparisons loadComparisons()
          "#loading",
          {},
          benchmark::oNone,
-         loadLibraryAfterToolkit,
-         loadToolkit,
+         loadLibraryAfterQt,
+         loadQt,
          Figure::ChildTime},
     };
 }

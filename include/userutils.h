@@ -64,6 +64,8 @@ public:
     /**
      * Creates a validator for group names: at most 32 characters that match, as a whole,
      * <tt>[a-z_][a-z0-9_-]*[$]?</tt>. Otherwise as createUserNameValidator(), but no file is read.
+     *
+     * @see createUserNameValidator()
      */
     static QValidator *createGroupNameValidator(QObject *parent);
 
@@ -78,6 +80,8 @@ public:
     /**
      * Draws one of the 64 characters that salts consist of (letters, digits, "." and "/"), each with
      * the same probability, from the operating system's secure random source. It does not fail.
+     *
+     * @see saltPassword()
      */
     static char saltCharacter();
 
@@ -128,6 +132,8 @@ public:
      * @return the absolute path of the picture; null when there is none or no such directory.
      *
      * Lists the directories on each call.
+     *
+     * @see userIconPath()
      */
     static QString getRandomUserIcon(bool preferDefault);
 };

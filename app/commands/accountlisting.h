@@ -15,7 +15,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-/** How a list of accounts is printed, and which of its columns. */
+/** How a list of accounts is printed, and with which columns. */
 struct ListingFormat {
     enum Kind { Table, Json, Csv };
 

@@ -67,7 +67,7 @@ int pickIcon(const QCommandLineParser &options, const QString &file)
     }
     UserIconDialog dialog;
     if (!file.isNull()) {
-        dialog.show(); // the cursor tells that it is busy
+        dialog.show(); // the cursor shows that it is busy
         const WaitCursor wait;
         dialog.setPixmap(readPicture(file));
     }

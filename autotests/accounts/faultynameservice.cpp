@@ -16,8 +16,8 @@
 #include <pwd.h>
 
 // A name service that the C library loads when /etc/nsswitch.conf names it "faulty". The variable
-// FAULTY_NAME_SERVICE tells how it misbehaves. It knows one user, of any name or id asked for, and
-// one group, of any but those in the local files.
+// FAULTY_NAME_SERVICE chooses how it misbehaves. It knows one user, of any name or id asked for,
+// and one group, of any but those in the local files.
 
 namespace
 {

@@ -28,8 +28,8 @@
 //
 //   scripts/sandbox build/dev/bin/load NAME [DIVISOR [SECONDS MEGABYTES]]
 //
-// The exit status tells whether the result was right and no more was taken than that. A divisor makes the data that
-// much smaller.
+// The exit status says whether the result was right and the limits were kept. A divisor makes the data that much
+// smaller.
 
 namespace
 {

@@ -24,7 +24,7 @@ output=$(desktop-file-validate "$desktop" 2>&1) || true
 # AppStream 1 wants a home page, which there is not, and the developer's name in a way that 0.16 does not know.
 override=()
 if [[ $(appstreamcli --version) != *' 0.'* ]]; then
-    override=(--override url-homepage-missing=pedantic,developer-name-tag-deprecated=pedantic,developer-info-missing=pedantic)
+    override=(--override "url-homepage-missing=pedantic,developer-name-tag-deprecated=pedantic,developer-info-missing=pedantic")
 fi
 output=$(appstreamcli validate --no-net --strict --pedantic "${override[@]}" "$metainfo" 2>&1) || fail "appstreamcli: $output"
 text=$(MANROFFOPT='' MANWIDTH=1000 man --warnings --local-file "$page" 2>"$share/warnings" | col -bx)

@@ -21,7 +21,7 @@ LD_BIND_NOW=1 QT_HASH_SEED=0 valgrind --tool=callgrind --instr-atstart=no \
 }
 
 # In a profile, "fn=" and its object "ob=" head the lines of costs; "calls=" is followed by a line with
-# what the callee costs, whose object "cob=" tells unless it is the same. A name in full is given once.
+# what the callee costs. Its object is in "cob=", unless it is the same. A name in full is given once.
 counted=$(awk '
     function object(text, id) {
         id = substr(text, 1, index(text, ")"))
@@ -64,7 +64,7 @@ awk '
     { check("instructions", $2, instructions[$1]); check("calls", $3, calls[$1]); delete instructions[$1] }
     END {
         for (name in instructions) { print name ": no figures stored"; failed = 1 }
-        if (failed) { print "When more is meant, run scripts/update counts." }
+        if (failed) { print "If the increase is intended, run scripts/update counts." }
         exit failed
     }
 ' <(echo "$counted") "$figures"

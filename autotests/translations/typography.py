@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Ormel Users contributors
 # SPDX-License-Identifier: LGPL-2.1-or-later
-"""typography.py PO-DIR: whether the translations are typeset as their language is written, keep what
-is no text and can be told apart where they stand together."""
+"""typography.py PO-DIR: checks that the translations are typeset as their language is written, keep
+placeholders and the like, and differ where they are shown together."""
 
 import pathlib
 import re

@@ -31,7 +31,7 @@ bool isProgram(const QByteArray &path)
 {
     struct stat status = {};
     if (stat(path.constData(), &status) != 0) {
-        return errno == EACCES; // nobody knows
+        return errno == EACCES; // then it is unknown
     }
     return S_ISREG(status.st_mode) && (status.st_mode & (S_IXUSR | S_IXGRP | S_IXOTH)) != 0;
 }

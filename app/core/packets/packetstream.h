@@ -16,7 +16,7 @@ enum CommonPacket : quint8 {
     AlivePacket, ///< nothing; between any two others
 };
 
-/** A piece of data with a number that tells what is in it. */
+/** A piece of data with a number that says what is in it. */
 struct Packet {
     quint8 type = 0;
     QByteArray data;

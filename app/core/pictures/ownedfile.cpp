@@ -15,7 +15,7 @@
 
 namespace
 {
-/** Whether nobody but root can change what is in a directory. */
+/** Whether only root can change the entries of a directory. */
 bool belongsToRoot(const Descriptor &directory)
 {
     struct stat status = {};
@@ -48,7 +48,7 @@ bool isAcceptable(const Descriptor &file, uid_t owner)
         && (status.st_uid == owner || status.st_uid == 0);
 }
 
-/** The file may grow meanwhile, and files of the kernel do not tell their size. */
+/** The file may grow meanwhile, and files of the kernel have no size. */
 QByteArray readUpTo(const Descriptor &file, qint64 longest)
 {
     QByteArray content(int(longest), Qt::Uninitialized);

@@ -21,7 +21,7 @@ void addOption(Plan::Command &command, const char *option, const QString &value)
     }
 }
 
-/** Whether every useradd takes @p name; newer ones refuse others unless they are told not to. */
+/** Whether every useradd accepts @p name. Newer ones refuse other names unless an option allows them. */
 bool isUsualName(const QString &name)
 {
     static const QRegularExpression usual(QStringLiteral("\\A[A-Za-z_][A-Za-z0-9_-]*[$]?\\z"));

@@ -15,7 +15,7 @@ struct AccountLink {
     Kind kind = Kind::User;
     QString name;
 
-    /** The link as it stands in rich text. */
+    /** The link as rich text has it. */
     QString toUrl() const;
     static AccountLink fromUrl(const QString &url);
 

@@ -156,7 +156,7 @@ void Details::setText(LineLabel &field, const QString &text)
     const QString shown = text.isEmpty() ? QStringLiteral(u"\u2013") : VisibleText::fromText(text);
     field.setText(shown);
     field.updateGeometry(); // it wants as much room as the new text takes
-    field.setAccessibleName(shown); // otherwise what is left of it is read out
+    field.setAccessibleName(shown); // otherwise the elided text is read out
 }
 
 void Details::setFieldVisible(LineLabel &field, bool visible)

@@ -34,7 +34,7 @@ Table::Table(const QString &title, const QStringList &columns, QWidget *parent)
 
 QSize Table::sizeHint() const
 {
-    const int last = columnCount() - 1; // it takes what is left, but not less than any column takes at first
+    const int last = columnCount() - 1; // it takes the remaining width, but at least as much as other columns
     int width = 2 * frameWidth() + verticalScrollBar()->sizeHint().width()
         + qMax(header()->defaultSectionSize(), header()->sectionSizeHint(last));
     for (int column = 0; column < last; ++column) {

@@ -28,7 +28,7 @@ public:
     /** With room for the titles of the columns. */
     QSize sizeHint() const override;
 
-    /** A new label with the title, to stand above the table. */
+    /** A new label with the title, to be shown above the table. */
     QLabel *createTitleLabel();
 
     /** A new row with one cell for each column. It is not added yet. */

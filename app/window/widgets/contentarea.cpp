@@ -13,14 +13,14 @@ ContentArea::ContentArea(QWidget *parent)
 {
     setWidgetResizable(true);
     setFrameShape(NoFrame);
-    // What is inside has the focus; the part that has it is scrolled to.
+    // Widgets inside take the focus, and the view scrolls to the one that has it.
     setFocusPolicy(Qt::NoFocus);
 }
 
 QSize ContentArea::sizeHint() const
 {
     QLayout *layout = widget()->layout();
-    layout->activate(); // while nothing is shown, layouts in layouts are not told of changes
+    layout->activate(); // while nothing is shown, nested layouts are not notified of changes
     const QSize hint = widget()->sizeHint().expandedTo(minimumSize());
     if (!layout->hasHeightForWidth()) {
         return hint;

@@ -20,7 +20,7 @@ void addRow(QFormLayout *layout, const QString &title, QWidget *field);
 /** Parts with borders that the operator can move. The object name is also the key in the settings. */
 PartSplitter *split(Qt::Orientation orientation, const QString &objectName, const QVector<QWidget *> &parts);
 
-/** A list beside @p parts, which stand one above the other, with borders that can be moved. */
+/** A list beside @p parts, which are one above the other, with borders that can be moved. */
 void arrange(QWidget *page, QWidget *list, const QVector<QWidget *> &parts);
 }
 

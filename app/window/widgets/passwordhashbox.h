@@ -30,7 +30,7 @@ Q_SIGNALS:
     void hashChanged();
 
 private:
-    /** A method, its hash and what there is to say about it. */
+    /** A method, its hash and a note about it. */
     struct Method {
         bool isGost;
         QLineEdit *hashEdit;

@@ -12,7 +12,7 @@
 #include <memory>
 #include <utility>
 
-/** Shows the wait cursor while it lives. */
+/** Shows the wait cursor during its lifetime. */
 class WaitCursor
 {
 public:
@@ -38,7 +38,7 @@ auto underWaitCursor(Work work)
     return work();
 }
 
-/** Makes a dialog, which reads the accounts, under the wait cursor. */
+/** Constructs a dialog, which reads the accounts, under the wait cursor. */
 template<typename Dialog, typename... Arguments>
 std::unique_ptr<Dialog> makeDialog(Arguments &&...arguments)
 {

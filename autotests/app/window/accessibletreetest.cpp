@@ -46,7 +46,7 @@ QString describe(const QAccessibleInterface &element)
     return text(role) + QLatin1Char(' ') + name.replace(QLatin1Char('\n'), QLatin1Char(' '));
 }
 
-/** What screen readers tell: everything that has a name or should have one. */
+/** What screen readers read out: everything that has a name or should have one. */
 void addElements(const QAccessibleInterface *element, QStringList &lines)
 {
     if (!element || element->state().invisible || isRow(element->role())) {
