@@ -21,7 +21,6 @@ QString toReference(const QImage &image)
     constexpr int uncompressed = 100;
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "png", uncompressed);
     return QLatin1String("data:image/png;base64,") + QString::fromLatin1(bytes.toBase64());
 }

@@ -17,6 +17,7 @@
 #include <QTest>
 
 #include <malloc.h>
+#include <unistd.h>
 
 Q_DECLARE_METATYPE(PictureReader::Problem)
 
@@ -30,6 +31,7 @@ private Q_SLOTS:
     void readsEveryFormat_data();
     void readsEveryFormat();
     void guessesFormatFromContent();
+    void readsWithoutStandardInput();
     void refusesWhatIsNoFile_data();
     void refusesWhatIsNoFile();
     void tellsWhyFileIsNoPicture();
@@ -76,6 +78,18 @@ void PictureReaderTest::guessesFormatFromContent()
 {
     const QString path = write("picture.jpg", PictureFiles::encoded(PictureFiles::plain({5, 5}, Qt::red), "png"));
     QCOMPARE(PictureReader::read(path).image.pixelColor(0, 0), QColor(Qt::red));
+}
+
+/** The file gets the number of the standard input. */
+void PictureReaderTest::readsWithoutStandardInput()
+{
+    const QString path = write("picture.png", PictureFiles::encoded(PictureFiles::plain({5, 5}, Qt::red), "png"));
+    const int input = dup(STDIN_FILENO);
+    close(STDIN_FILENO);
+    const Problem problem = PictureReader::read(path).problem;
+    dup2(input, STDIN_FILENO);
+    close(input);
+    QCOMPARE(problem, Problem::None);
 }
 
 void PictureReaderTest::refusesWhatIsNoFile_data()
