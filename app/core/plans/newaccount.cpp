@@ -21,17 +21,34 @@ void addOption(Plan::Command &command, const char *option, const QString &value)
     }
 }
 
-/** Whether every useradd accepts @p name. Newer ones refuse other names unless an option allows them. */
+/** Whether useradd and chfn of every release accept @p name. Newer ones refuse other names; useradd has an option. */
 bool isUsualName(const QString &name)
 {
     static const QRegularExpression usual(QStringLiteral("\\A[A-Za-z_][A-Za-z0-9_-]*[$]?\\z"));
     return usual.match(name).hasMatch();
 }
 
+/** The fields of the GECOS field that chfn sets. */
+QStringList details(const NewAccount &account)
+{
+    return {account.room, account.workPhone, account.homePhone, account.other};
+}
+
+/** The whole GECOS field as chfn would leave it. */
+QString gecos(const NewAccount &account)
+{
+    QStringList fields = QStringList(account.fullName) + details(account);
+    if (account.other.isEmpty()) {
+        fields.removeLast();
+    }
+    return details(account).join(QString()).isEmpty() ? account.fullName : fields.join(QLatin1Char(','));
+}
+
 Plan::Command userCommand(const NewAccount &account, const QByteArrayList &groups)
 {
     Plan::Command command{"useradd", "--create-home"};
-    if (!isUsualName(account.userName)) {
+    const bool isUsual = isUsualName(account.userName);
+    if (!isUsual) {
         command << "--badname";
     }
     addOption(command, "--uid", account.uid);
@@ -40,7 +57,7 @@ Plan::Command userCommand(const NewAccount &account, const QByteArrayList &group
     } else {
         addOption(command, "--gid", account.groupName);
     }
-    addOption(command, "--comment", account.fullName);
+    addOption(command, "--comment", isUsual ? account.fullName : gecos(account));
     if (!groups.isEmpty()) {
         command << "--groups" << groups.join(',');
     }
@@ -75,9 +92,9 @@ Plan NewAccount::plan() const
     for (const QByteArray &group : qAsConst(others)) {
         plan.add({"gpasswd", "--add", name}, group);
     }
-    const Plan::Command details = detailsCommand(*this);
-    if (details.size() > 1) {
-        plan.add(details, name);
+    const Plan::Command command = detailsCommand(*this);
+    if (command.size() > 1 && isUsualName(userName)) {
+        plan.add(command, name);
     }
     if (passwordHash.isEmpty()) {
         plan.notes.append(i18n("Without a password hash, nobody can log in with a password until passwd(1) sets one."));

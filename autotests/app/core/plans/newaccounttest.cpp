@@ -152,11 +152,12 @@ void NewAccountTest::createsAccountsOfHostileNames()
     account.userName = name;
     account.groups = QStringList(text("audio"));
     account.room = text("1");
+    account.other = text("o");
     account.passwordHash = text("$6$a$b");
     QCOMPARE(account.plan().toText().contains(" --badname "), !isUsual);
     QCOMPARE(ShadowTools::run(account.plan()), QByteArray());
     const UserInfo user = readBack(name.toUtf8().constData());
-    QCOMPARE(user.gecos(), text(",1,,"));
+    QCOMPARE(user.gecos(), text(",1,,,o"));
     QCOMPARE(user.groups().size(), 2);
     QVERIFY(shadowLine(name.toUtf8()).contains(":$6$a$b:"));
 }

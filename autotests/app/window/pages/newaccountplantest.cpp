@@ -65,7 +65,7 @@ void NewAccountPlanTest::refusesNamesThatNoToolTakes()
     }
     page.userName->clear();
     QTest::keyClicks(page.userName, QStringLiteral("a$(b)"));
-    QCOMPARE(page.shownCommands(), QStringLiteral("useradd --create-home --user-group 'a$(b)'"));
+    QCOMPARE(page.shownCommands(), QStringLiteral("useradd --create-home --badname --user-group 'a$(b)'"));
 }
 
 void NewAccountPlanTest::tellsThatGroupExists()
