@@ -29,7 +29,8 @@ QString settingsPath()
 
 void prepareWindow()
 {
-    Sandbox::setAccounts("root:x:0:0:root:/root:/bin/bash\n"
+    // In the sandbox of an ordinary user, /root belongs to nobody.
+    Sandbox::setAccounts("root:x:0:0:root:/nonexistent:/bin/bash\n"
                          "ada:x:1000:50:Ada:/home/ada:/bin/sh\n"
                          "bob:x:1001:50:Bob:/home/bob:/bin/sh\n",
                          "root:x:0:\normel-admin:x:27:ada\nstaff:x:50:\n");
