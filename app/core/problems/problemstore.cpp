@@ -30,6 +30,10 @@ ProblemStore::ProblemStore(const AccountStore *accounts, QObject *parent, const 
     , m_reader(source)
     , m_files(checkedFiles())
 {
+    // The window has the users to show first; starting a process takes a while as well.
+    m_start.setSingleShot(true);
+    m_start.setInterval(0);
+    connect(&m_start, &QTimer::timeout, &m_reader, &ProblemReader::start);
     connect(&m_reader, &ProblemReader::finished, this, &ProblemStore::finish);
     connect(&m_reader, &ProblemReader::failed, this, &ProblemStore::fail);
     connect(&m_files, &FileWatcher::changed, this, &ProblemStore::checkWhenIdle);
@@ -48,13 +52,13 @@ void ProblemStore::checkWhenIdle()
         m_outdated = true;
     } else {
         m_outdated = false;
-        m_reader.start();
+        m_start.start();
     }
 }
 
 bool ProblemStore::isChecking() const
 {
-    return m_reader.isChecking();
+    return m_start.isActive() || m_reader.isChecking();
 }
 
 bool ProblemStore::hasChecked() const

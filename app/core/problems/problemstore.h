@@ -9,6 +9,8 @@
 #include "filewatcher.h"
 #include "problemreader.h"
 
+#include <QTimer>
+
 class AccountStore;
 
 /**
@@ -49,6 +51,7 @@ private:
 
     ProblemReader m_reader;
     FileWatcher m_files;
+    QTimer m_start;
     MachineCheck m_check;
     QString m_error;
     bool m_hasChecked = false;

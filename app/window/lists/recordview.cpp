@@ -28,6 +28,9 @@ constexpr int maxWideCharacters = 60;
 
 /** The preferred width of a list. In characters. */
 constexpr int wantedCharacters = 56;
+
+/** How many rows count for the width of a column. To measure the texts of all would take long. */
+constexpr int measuredRows = 100;
 }
 
 RecordView::RecordView(RecordModel *model, QWidget *parent)
@@ -44,6 +47,7 @@ RecordView::RecordView(RecordModel *model, QWidget *parent)
     sortByColumn(0, Qt::AscendingOrder);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(true);
+    header()->setResizeContentsPrecision(measuredRows);
     header()->setContextMenuPolicy(Qt::ActionsContextMenu);
     addColumnActions();
     fitColumns();

@@ -47,7 +47,10 @@ ProblemModel::ProblemModel(QObject *parent)
 
 void ProblemModel::setProblems(const QList<Problem> &problems)
 {
-    replaceRecords([&] { m_problems = problems; });
+    replaceRecords([&] {
+        m_problems = problems;
+        m_texts = ProblemTexts();
+    });
 }
 
 const Problem &ProblemModel::problem(int record) const
@@ -83,7 +86,7 @@ QVariant ProblemModel::value(int record, int column) const
     case SeverityColumn:
         return ProblemWords::id(problem.severity());
     case TextColumn:
-        return problem.text();
+        return m_texts.text(problem);
     case AccountColumn:
         return problem.user.isEmpty() ? problem.group : problem.user;
     case PlaceColumn:
@@ -91,9 +94,9 @@ QVariant ProblemModel::value(int record, int column) const
     case KindColumn:
         return problem.id();
     case MeaningColumn:
-        return problem.meaning();
+        return m_texts.meaning(problem);
     case RemedyColumn:
-        return problem.remedy();
+        return m_texts.remedy(problem);
     default:
         return {};
     }
@@ -123,7 +126,7 @@ bool ProblemModel::contains(int record, const SearchWords::Word &word) const
 {
     const Problem &problem = m_problems.at(record);
     return word.isIn(problem.place()) || word.isIn(problem.id()) || word.isIn(problem.user) || word.isIn(problem.group)
-        || word.isIn(problem.text());
+        || word.isIn(m_texts.text(problem));
 }
 
 QVariant ProblemModel::icon(int record) const

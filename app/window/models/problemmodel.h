@@ -7,6 +7,7 @@
 #define PROBLEMMODEL_H
 
 #include "problem.h"
+#include "problemtexts.h"
 #include "recordmodel.h"
 
 #include <QIcon>
@@ -41,6 +42,7 @@ protected:
 
 private:
     QList<Problem> m_problems;
+    mutable ProblemTexts m_texts;
     /** In the order of Problem::Severity. */
     const QVector<QIcon> m_icons;
 };

@@ -41,8 +41,8 @@ NewAccountPage::NewAccountPage(AccountStore *store, QWidget *parent)
     form->setObjectName(QStringLiteral("newAccount"));
     PageLayout::arrange(this, form, {m_commands});
     connect(m_password, &PasswordHashBox::hashChanged, this, &NewAccountPage::showCommands);
-    connect(m_store, &AccountStore::usersRead, this, &NewAccountPage::readAccounts);
-    connect(m_store, &AccountStore::groupsRead, this, &NewAccountPage::readAccounts);
+    connect(m_store, &AccountStore::usersRead, this, &NewAccountPage::readAccountsLater);
+    connect(m_store, &AccountStore::groupsRead, this, &NewAccountPage::readAccountsLater);
     showCommands();
 }
 
@@ -128,8 +128,26 @@ void NewAccountPage::addGroups(QFormLayout *form)
     addRow(form, i18nc("@label", "Groups:"), {button}, m_groupsLabel);
 }
 
+/** There may be very many, which matter only where a name is entered. */
+void NewAccountPage::readAccountsLater()
+{
+    m_outdated = true;
+    if (isVisible()) {
+        readAccounts();
+    }
+}
+
+void NewAccountPage::showEvent(QShowEvent *event)
+{
+    if (m_outdated) {
+        readAccounts();
+    }
+    QWidget::showEvent(event);
+}
+
 void NewAccountPage::readAccounts()
 {
+    m_outdated = false;
     m_check.readRules();
     m_check.setUsers(m_store->users());
     m_check.setGroups(m_store->groups());

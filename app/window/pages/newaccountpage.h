@@ -32,6 +32,9 @@ class NewAccountPage : public QWidget
 public:
     explicit NewAccountPage(AccountStore *store, QWidget *parent = nullptr);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void addNames(QFormLayout *form);
     void addGecos(QFormLayout *form);
@@ -48,6 +51,7 @@ private:
     QWidget *createForm();
 
     /** Checks against the accounts and rules as they are now. */
+    void readAccountsLater();
     void readAccounts();
 
     /** Shows notes on the fields. @return whether an account can be created with them */
@@ -63,6 +67,8 @@ private:
     QPixmap m_picture;
     QStringList m_groups;
     NewAccountCheck m_check;
+    /** Whether the accounts have changed since they were read for the check. */
+    bool m_outdated = false;
     Field m_userName;
     Field m_groupName;
     Field m_uid;

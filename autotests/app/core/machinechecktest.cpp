@@ -5,6 +5,7 @@
 
 #include "machinecheck.h"
 #include "brokenaccounts.h"
+#include "problemtexts.h"
 #include "sandbox.h"
 
 #include <QFileInfo>
@@ -140,9 +141,13 @@ void MachineCheckTest::describesEachKind()
     }
     QVERIFY(QFile::link(loopPath(), loopPath()));
     problems += MachineCheck::run().problems;
+    ProblemTexts texts;
     QStringList ids;
     for (const Problem &problem : qAsConst(problems)) {
         ids.append(problem.id());
+        QCOMPARE(texts.text(problem), problem.text());
+        QCOMPARE(texts.meaning(problem), problem.meaning());
+        QCOMPARE(texts.remedy(problem), problem.remedy());
         // KI18n marks placeholders without arguments, and arguments without placeholders.
         QVERIFY2(!problem.text().contains(QLatin1Char('%')), qPrintable(problem.text()));
         QVERIFY2(!problem.text().contains(QLatin1String("I18N")), qPrintable(problem.text()));
