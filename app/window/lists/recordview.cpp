@@ -170,14 +170,24 @@ void RecordView::fitColumns()
 
 void RecordView::restoreSelection()
 {
+    const auto isSelected = [this](int row) {
+        return row < m_model->rowCount()
+            && m_selectedNames.contains(m_model->name(m_model->recordAt(m_model->index(row, 0))));
+    };
+    // Qt takes seconds for thousands of ranges.
     QItemSelection selection;
+    int selected = 0;
     for (int row = 0; row < m_model->rowCount() && !m_selectedNames.isEmpty(); ++row) {
-        const QModelIndex index = m_model->index(row, 0);
-        if (m_selectedNames.contains(m_model->name(m_model->recordAt(index)))) {
-            selection.select(index, index.siblingAtColumn(m_model->columnCount() - 1));
+        const int first = row;
+        while (isSelected(row)) {
+            ++row;
+        }
+        if (row > first) {
+            selection.select(m_model->index(first, 0), m_model->index(row - 1, m_model->columnCount() - 1));
+            selected += row - first;
         }
     }
-    if (selection.size() < 2 && currentIndex().isValid()) {
+    if (selected < 2 && currentIndex().isValid()) {
         selection = QItemSelection(currentIndex().siblingAtColumn(0),
                                    currentIndex().siblingAtColumn(m_model->columnCount() - 1));
     }
