@@ -11,6 +11,8 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
+#include <utility>
+
 /**
  * Measures how long the event loop of this thread keeps a timer waiting. Time in which the thread
  * waits for a processor, because of other programs, does not count.
@@ -18,36 +20,52 @@
 class EventLoopDelay
 {
 public:
+    /** In milliseconds. */
+    struct Longest {
+        qint64 delay = 0;
+        /** The part of a delay in which the thread computed. It may also wait, for a disk or for another process. */
+        qint64 work = 0;
+    };
+
     EventLoopDelay()
     {
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { measure(); });
         m_timer.setTimerType(Qt::PreciseTimer);
         m_timer.start(interval);
         m_clock.start();
-        m_queued = queuedMilliseconds();
+        m_before = threadTimes();
     }
 
     /** The longest delay so far, in milliseconds. */
     qint64 longest()
     {
         measure();
-        return m_longest;
+        return m_longest.delay;
+    }
+
+    /** The longest so far, which is forgotten then. */
+    Longest takeLongest()
+    {
+        measure();
+        return std::exchange(m_longest, {});
     }
 
 private:
-    static constexpr int interval = 50;
+    static constexpr int interval = 20;
 
     void measure()
     {
-        const qint64 queued = queuedMilliseconds();
-        m_longest = qMax(m_longest, m_clock.restart() - interval - (queued - m_queued));
-        m_queued = queued;
+        const ThreadTimes now = threadTimes();
+        const qint64 delay = m_clock.restart() - interval - (now.queued - m_before.queued);
+        m_longest.delay = qMax(m_longest.delay, delay);
+        m_longest.work = qMax(m_longest.work, now.computed - m_before.computed - interval);
+        m_before = now;
     }
 
     QTimer m_timer;
     QElapsedTimer m_clock;
-    qint64 m_queued = 0;
-    qint64 m_longest = 0;
+    ThreadTimes m_before;
+    Longest m_longest;
 };
 
 #endif

@@ -31,8 +31,14 @@ inline qint64 processorNanoseconds()
     return qint64(time.tv_sec) * 1000000000 + time.tv_nsec;
 }
 
-/** How long this thread has waited for a processor because of other programs, in milliseconds. */
-inline qint64 queuedMilliseconds()
+/** Times of a thread so far, in milliseconds. */
+struct ThreadTimes {
+    qint64 computed = 0;
+    /** In which it waited for a processor, which other programs had. */
+    qint64 queued = 0;
+};
+
+inline ThreadTimes threadTimes()
 {
     long long computed = 0;
     long long queued = 0;
@@ -41,7 +47,12 @@ inline qint64 queuedMilliseconds()
         qFatal("Cannot read /proc/thread-self/schedstat");
     }
     fclose(file);
-    return queued / 1000000;
+    return {computed / 1000000, queued / 1000000};
+}
+
+inline qint64 queuedMilliseconds()
+{
+    return threadTimes().queued;
 }
 
 #endif
