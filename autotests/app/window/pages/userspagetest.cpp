@@ -6,6 +6,8 @@
 #include "shownuserspage.h"
 
 #include "generatedaccounts.h"
+#include "program.h"
+#include "writeaccounts.h"
 
 #include <KMessageWidget>
 
@@ -31,6 +33,8 @@ private Q_SLOTS:
     void keepsCurrentUserOnReload();
     void showsUserOfLastTimeInView();
     void reportsFilesThatCannotBeRead();
+    void tellsThatReadingFailed_data();
+    void tellsThatReadingFailed();
     void worksWithoutAccountsAndGroups();
 };
 
@@ -165,6 +169,44 @@ void UsersPageTest::reportsFilesThatCannotBeRead()
     Sandbox::setAccounts(usersFile, groupsFile);
     page.reload();
     QVERIFY(!message->isVisible());
+}
+
+void UsersPageTest::tellsThatReadingFailed_data()
+{
+    QTest::addColumn<QString>("failure");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("ends") << QStringLiteral("exit 1") << QStringLiteral("has ended early");
+    QTest::newRow("is killed") << QStringLiteral("kill -9 $$") << QStringLiteral("has ended early");
+    QTest::newRow("hangs") << QStringLiteral("exec sleep 1000") << QStringLiteral("does not answer");
+    QTest::newRow("prints garbage") << QStringLiteral("echo Segmentation fault")
+                                    << QStringLiteral("sends something else");
+}
+
+void UsersPageTest::tellsThatReadingFailed()
+{
+    QFETCH(QString, failure);
+    QFETCH(QString, message);
+
+    // The program works the first and the third time.
+    Sandbox::write(QStringLiteral("/tmp/runs"), {});
+    const QString script = QStringLiteral("echo >>/tmp/runs; test $(wc -l </tmp/runs) = 2 && { %1; exit; }; exec %2 %3")
+                               .arg(failure, Program::path(), writeAccountsCommand());
+    AccountStore store(nullptr, {QStringLiteral("/bin/sh"), {QStringLiteral("-c"), script}, std::chrono::seconds(5)});
+    UsersPage page(&store);
+    page.show();
+    QVERIFY(readAccounts(store));
+    const auto *error = part<KMessageWidget>(page, "listError");
+    QVERIFY(!error->isVisible());
+
+    QVERIFY(readAccounts(store));
+    QVERIFY(error->isVisible());
+    QVERIFY2(error->text().contains(message), qPrintable(error->text()));
+    QCOMPARE(page.list()->view()->model()->rowCount(), 5);
+
+    QVERIFY(readAccounts(store));
+    QVERIFY(!error->isVisible());
+    QCOMPARE(page.list()->view()->model()->rowCount(), 5);
 }
 
 void UsersPageTest::worksWithoutAccountsAndGroups()
