@@ -16,11 +16,12 @@ enum class Figure {
     Time, ///< the processor time of this process
     ChildTime, ///< the time of another process, which the benchmark reports for each iteration
     Memory, ///< what the benchmark reports with reportBytes()
+    Delay, ///< what the benchmark reports with reportSeconds()
 };
 
 /** What the library may take at most, for sizes from @p from on. */
 struct Limit {
-    double value = 0; ///< a multiple of what the peer takes or, without a peer, Megabytes; 0 for no limit
+    double value = 0; ///< times what the peer takes or, without one, Megabytes or milliseconds; 0 for no limit
     int64_t from = 0;
     double accepted = 0; ///< the same for a missed limit that is explained; 0 if it is never missed
 };
@@ -52,6 +53,8 @@ Comparisons limitsComparisons();
 Comparisons passwordComparisons();
 Comparisons iconComparisons();
 Comparisons loadComparisons();
+Comparisons pageComparisons();
+Comparisons windowComparisons();
 
 /** Measures the time of @p work. */
 template<typename Work>
@@ -63,5 +66,6 @@ void measure(benchmark::State &state, const Work &work)
 }
 
 void reportBytes(benchmark::State &state, double bytes);
+void reportSeconds(benchmark::State &state, double seconds);
 
 #endif

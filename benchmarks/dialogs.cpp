@@ -65,7 +65,7 @@ Comparisons dialogComparisons()
          "constructing its `UserListModel`",
          {1.5, 1000},
          "#dialogs-with-a-group",
-         {100, 1000},
+         {100, 1000, 10000},
          benchmark::oNone,
          openDialogOfGroup,
          constructModelOfGroup},

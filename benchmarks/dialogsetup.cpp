@@ -38,6 +38,15 @@ private:
 };
 }
 
+void waitUntilPainted(QWidget &widget, const std::function<void()> &work)
+{
+    const PaintWatcher watcher(&widget);
+    work();
+    while (!watcher.isPainted()) {
+        QCoreApplication::processEvents();
+    }
+}
+
 QTreeView *treeView(const QDialog &dialog)
 {
     return dialog.findChild<QTreeView *>(QStringLiteral("usersTreeView"));
@@ -45,11 +54,7 @@ QTreeView *treeView(const QDialog &dialog)
 
 int paintAfter(const QDialog &dialog, const std::function<void()> &work)
 {
-    const PaintWatcher watcher(treeView(dialog)->viewport());
-    work();
-    while (!watcher.isPainted()) {
-        QCoreApplication::processEvents();
-    }
+    waitUntilPainted(*treeView(dialog)->viewport(), work);
     return treeView(dialog)->model()->rowCount();
 }
 

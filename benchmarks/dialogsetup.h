@@ -12,6 +12,10 @@
 
 class QDialog;
 class QTreeView;
+class QWidget;
+
+/** Does @p work and waits until the widget is painted. */
+void waitUntilPainted(QWidget &widget, const std::function<void()> &work);
 
 /** The list of a UserSelectDialog. */
 QTreeView *treeView(const QDialog &dialog);

@@ -35,7 +35,9 @@ Comparisons allComparisons()
                                     limitsComparisons(),
                                     passwordComparisons(),
                                     iconComparisons(),
-                                    loadComparisons()}) {
+                                    loadComparisons(),
+                                    pageComparisons(),
+                                    windowComparisons()}) {
         all.insert(all.end(), comparisons.begin(), comparisons.end());
     }
     return all;
@@ -66,6 +68,7 @@ void addBenchmark(const Comparison &comparison, const char *side, Comparison::Fu
         benchmark->MinTime(leastSeconds)->UseManualTime();
         break;
     case Figure::Memory:
+    case Figure::Delay:
         benchmark->Iterations(1);
         break;
     }

@@ -11,13 +11,14 @@
 
 namespace
 {
-constexpr char bytesCounter[] = "bytes";
+/** The value that a benchmark has reported, in place of its time. */
+constexpr char reported[] = "reported";
 
 double valueOf(const benchmark::BenchmarkReporter::Run &run)
 {
-    const auto bytes = run.counters.find(bytesCounter);
-    if (bytes != run.counters.end()) {
-        return bytes->second;
+    const auto value = run.counters.find(reported);
+    if (value != run.counters.end()) {
+        return value->second;
     }
     const bool given = run.run_name.time_type == "manual_time";
     return (given ? run.real_accumulated_time : run.cpu_accumulated_time) / static_cast<double>(run.iterations);
@@ -26,7 +27,12 @@ double valueOf(const benchmark::BenchmarkReporter::Run &run)
 
 void reportBytes(benchmark::State &state, double bytes)
 {
-    state.counters[bytesCounter] = bytes;
+    state.counters[reported] = bytes;
+}
+
+void reportSeconds(benchmark::State &state, double seconds)
+{
+    state.counters[reported] = seconds;
 }
 
 Results::Results()
@@ -53,7 +59,8 @@ void Results::addTime(const Run &run)
     const std::string &size = run.run_name.args;
     const std::string name = run.run_name.function_name + (size.empty() ? "" : '/' + size);
     const double value = valueOf(run);
-    Result &result = m_results.emplace(name, Result{value, run.benchmark_name()}).first->second;
+    const bool isTime = run.counters.count(reported) == 0;
+    Result &result = m_results.emplace(name, Result{value, isTime, run.benchmark_name()}).first->second;
     result.least = std::min(result.least, value);
     m_sizesToFit[run.run_name.function_name].insert(run.complexity_n);
 }
@@ -85,7 +92,7 @@ std::vector<std::string> Results::quickOnes() const
 {
     std::vector<std::string> names;
     for (const auto &[name, result] : m_results) {
-        if (result.least < 1) {
+        if (result.isTime && result.least < 1) {
             names.push_back(result.fullName);
         }
     }

@@ -34,6 +34,7 @@ public:
 private:
     struct Result {
         double least;
+        bool isTime;
         std::string fullName;
     };
 

@@ -22,6 +22,7 @@
 namespace
 {
 constexpr double bytesPerMegabyte = 1024 * 1024;
+constexpr double secondsPerMillisecond = 0.001;
 
 /** The slowest growth first. */
 constexpr struct {
@@ -109,7 +110,12 @@ void Table::add(const Comparison &comparison, const Results &results, std::optio
 
 double Table::Row::figure() const
 {
-    return peer ? library / *peer : library / bytesPerMegabyte;
+    return library / (peer ? *peer : unit());
+}
+
+double Table::Row::unit() const
+{
+    return comparison.figure == Figure::Memory ? bytesPerMegabyte : secondsPerMillisecond;
 }
 
 bool Table::Row::isReached() const
@@ -166,16 +172,16 @@ QString Table::toMarkdown() const
                  QStringLiteral("Growth")});
     text += QLatin1String("|---|---|--:|--:|--:|--:|--:|---|---|\n");
     for (const Row &entry : m_rows) {
-        text += row({QString::fromUtf8(entry.comparison.what),
-                     QString::fromUtf8(entry.comparison.beside),
-                     entry.size,
-                     entry.amount(entry.library),
-                     entry.peer ? entry.amount(*entry.peer) : QString(),
-                     entry.peer ? times(entry.figure()) : QString(),
-                     entry.limit ? (entry.peer ? times(*entry.limit) : entry.amount(*entry.limit * bytesPerMegabyte))
-                                 : QString(),
-                     entry.reached(),
-                     entry.growthText()});
+        text += row(
+            {QString::fromUtf8(entry.comparison.what),
+             QString::fromUtf8(entry.comparison.beside),
+             entry.size,
+             entry.amount(entry.library),
+             entry.peer ? entry.amount(*entry.peer) : QString(),
+             entry.peer ? times(entry.figure()) : QString(),
+             entry.limit ? (entry.peer ? times(*entry.limit) : entry.amount(*entry.limit * entry.unit())) : QString(),
+             entry.reached(),
+             entry.growthText()});
     }
     return text;
 }

@@ -37,8 +37,9 @@ private:
         std::optional<double> limit;
         benchmark::BigO growth;
 
-        /** What the limit is for: the ratio or, without a peer, the Megabytes. */
+        /** What the limit is for: the ratio or, without a peer, the Megabytes or the milliseconds. */
         double figure() const;
+        double unit() const;
         bool isReached() const;
         bool isAccepted() const;
         bool growsTooFast() const;

@@ -15,8 +15,8 @@ int countMemberships();
 /** The additional work for the records: every group of /etc/group by its id and by its name. */
 int lookUpGroups();
 
-/** Looks up the account @p name and the ids of its groups. Returns their number. */
-int countMembershipsOf(const char *name);
+/** The minimum for one user: the account @p name, and each of its groups by its id and by its name. */
+int lookUpUser(const char *name);
 
 /** Reads /etc/passwd once. */
 int countUsers();
