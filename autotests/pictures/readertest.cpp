@@ -34,6 +34,7 @@ private Q_SLOTS:
     void readsWithoutStandardInput();
     void refusesWhatIsNoFile_data();
     void refusesWhatIsNoFile();
+    void tellsWhyFileIsNoPicture_data();
     void tellsWhyFileIsNoPicture();
     void refusesClaimsOfManyPixels_data();
     void refusesClaimsOfManyPixels();
@@ -127,9 +128,19 @@ void PictureReaderTest::refusesWhatIsNoFile()
     QCOMPARE(result.details.isEmpty(), problem == Problem::NotAFile);
 }
 
+void PictureReaderTest::tellsWhyFileIsNoPicture_data()
+{
+    QTest::addColumn<QByteArray>("content");
+
+    QTest::newRow("text") << QByteArray("This is no picture.");
+    QTest::newRow("large numbers where GIF has the size") << QByteArray(20, 'z');
+}
+
 void PictureReaderTest::tellsWhyFileIsNoPicture()
 {
-    const PictureReader::Result result = PictureReader::read(write("text", "This is no picture."));
+    QFETCH(QByteArray, content);
+
+    const PictureReader::Result result = PictureReader::read(write("text", content));
     QCOMPARE(result.problem, Problem::NotAPicture);
     QVERIFY(result.image.isNull());
     QCOMPARE(result.details, QStringLiteral("Unsupported image format"));
