@@ -155,6 +155,7 @@ void PictureReaderTest::refusesClaimsOfManyPixels_data()
     for (const LargeImage &image : images) {
         QTest::newRow(image.format) << image.content;
     }
+    QTest::newRow("only the header of a GIF picture") << QByteArray("GIF89a\xf0\x55\xf0\x55\x80\0", 12);
     QTest::newRow("a row too many") << QByteArray("P4 16384 16385 ");
 }
 
