@@ -140,7 +140,7 @@ std::unique_ptr<QCoreApplication> makeApplication(bool forWindow, int &argc, cha
 QString description()
 {
     QString text = i18n("Shows the user accounts, groups and resource limits of this machine.") + QLatin1String("\n\n");
-    text += i18n("Without a command a window opens.") + QLatin1String("\n\n");
+    text += i18n("Without a command, it opens a window.") + QLatin1String("\n\n");
     text += i18n("Commands:");
     for (const Command &command : commands) {
         text += QStringLiteral("\n  %1 %2").arg(QLatin1String(command.name), -12).arg(command.summary.toString());

@@ -27,7 +27,9 @@ QString csvOption()
 QList<QCommandLineOption> ListingFormat::options()
 {
     return {
-        {columnsOption(), i18n("The columns to print, separated by commas; an unknown one lists them."), i18n("list")},
+        {columnsOption(),
+         i18n("The columns to print, separated by commas. An unknown name lists the available ones."),
+         i18n("list")},
         {jsonOption(), i18n("Print JSON instead of a table.")},
         {csvOption(), i18n("Print comma-separated values instead of a table.")},
     };

@@ -22,7 +22,7 @@ QString gostOption()
 
 QList<QCommandLineOption> hashOptions()
 {
-    return {QCommandLineOption(gostOption(), i18n("Hash by GOST R 34.11-2012 instead of SHA-512."))};
+    return {QCommandLineOption(gostOption(), i18n("Hash with GOST R 34.11-2012 instead of SHA-512."))};
 }
 
 int hashPassword(const QCommandLineParser &options, const QString & /*operand*/)

@@ -182,7 +182,7 @@ bool takeDialogs(Camera &camera)
 int writeScreenshots(const QString &directory)
 {
     if (!QDir().mkpath(directory)) {
-        return failure(i18n("Cannot make the directory '%1'.", directory));
+        return failure(i18n("Cannot create the directory '%1'.", directory));
     }
     Icons::findThemes();
     Camera camera(directory);

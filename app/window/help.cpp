@@ -29,11 +29,11 @@ const struct {
     {QLatin1String("users"),
      kli18n("The list shows the users of /etc/passwd. The search looks at names, numbers, groups, home directories and "
             "shells. A click on the title of a column sorts the list; the context menu of the titles chooses columns. "
-            "Beside the list is what is known of the selected user: groups lead to their page, and each limit names "
-            "the line that sets it.")},
+            "Beside the list are the details of the selected user: names of groups are links, and each limit names the "
+            "line that sets it.")},
     {QLatin1String("groups"),
      kli18n("The list shows the groups of /etc/group. The members of the selected group are those that its line names "
-            "and those whose primary group it is. A double-click on a member leads to the user.")},
+            "and those whose primary group it is. A double-click on a member shows the user.")},
     {QLatin1String("limits"),
      kli18n("PAM reads these lines at each login, in this order. Select one to see what it means, what is wrong with "
             "it, and for which users it decides.")},
@@ -42,7 +42,7 @@ const struct {
             "first, then warnings and notes. Select a problem to see what it means and what to do. Passwords are "
             "checked only where /etc/shadow can be read.")},
     {QLatin1String("new-account"),
-     kli18n("Enter the data of a new account. Below each field stands what is wrong with it.")},
+     kli18n("Enter the data of a new account. A note below a field says what is wrong with it.")},
 };
 
 QString paragraph(const QString &text)

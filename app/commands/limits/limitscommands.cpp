@@ -79,11 +79,11 @@ int showParserLimits(const QCommandLineParser &options)
 QList<QCommandLineOption> limitsOptions()
 {
     return {
-        {userOption(), i18n("Show what a session of a user gets."), i18n("name")},
-        {groupOption(), i18n("Show what the rules for a group give its members."), i18n("name")},
+        {userOption(), i18n("Show the limits of a user's sessions."), i18n("name")},
+        {groupOption(), i18n("Show the limits that a group gives to its members."), i18n("name")},
         {explainOption(), i18n("List all lines that match for an item, and why one of them decides."), i18n("item")},
         {ruleOption(), i18n("List the accounts for which a line decides something."), i18n("file:line")},
-        {checkOption(), i18n("List the lines that do not mean what they seem to.")},
+        {checkOption(), i18n("List suspicious lines, which do not mean what they seem to.")},
         {jsonOption(), i18n("Print JSON instead of text.")},
         {parserOption(), i18n("Show what programs get from LimitsParser instead.")},
     };

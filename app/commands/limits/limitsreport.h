@@ -20,7 +20,7 @@ public:
     /** Reads the files. */
     explicit LimitsReport(bool asJson);
 
-    /** What a session of a user gets or, with @p item, why. */
+    /** The limits of a user's session or, with @p item, why it has this one. */
     int showUser(const QString &name, const QString &item) const;
     int showGroup(const QString &name, const QString &item) const;
 

@@ -18,7 +18,7 @@ QString failureText(PacketProcess::Failure failure, const QString &program)
     case PacketProcess::Failure::NotStarted:
         return i18n("The accounts could not be read: '%1' cannot be started.", program);
     case PacketProcess::Failure::NotUnderstood:
-        return i18n("The accounts could not be read: the program that reads them sends something else.");
+        return i18n("The accounts could not be read: the program that reads them sends something unexpected.");
     case PacketProcess::Failure::EndedEarly:
         return i18n("The accounts could not be read: the program that reads them has ended early.");
     case PacketProcess::Failure::Silent:

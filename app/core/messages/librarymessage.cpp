@@ -20,7 +20,7 @@ QString unreadFile(const QString &path)
 QString missingGroup(const QString &name)
 {
     return name == QLatin1String("ormel-admin")
-        ? i18n("There is no group ormel-admin: nobody counts as an administrator here.")
+        ? i18n("There is no group ormel-admin, so nobody is an administrator here.")
         : QString();
 }
 

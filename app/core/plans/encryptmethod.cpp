@@ -35,12 +35,12 @@ QString encryptMethodNote()
 {
     const QString method = encryptMethod();
     if (method.isEmpty()) {
-        return i18n("/etc/login.defs does not say by which method this system hashes passwords.");
+        return i18n("/etc/login.defs does not say with which method this system hashes passwords.");
     }
     if (method == QLatin1String("SHA512")) {
-        return i18n("This system hashes passwords by SHA-512 (ENCRYPT_METHOD in /etc/login.defs).");
+        return i18n("This system hashes passwords with SHA-512 (ENCRYPT_METHOD in /etc/login.defs).");
     }
-    return i18n("This system hashes passwords by %1 (ENCRYPT_METHOD in /etc/login.defs), which is neither of these "
-                "methods.",
-                VisibleText::isolated(method == QLatin1String("YESCRYPT") ? QStringLiteral("yescrypt") : method));
+    return i18n(
+        "This system hashes passwords with %1 (ENCRYPT_METHOD in /etc/login.defs), which is neither of these methods.",
+        VisibleText::isolated(method == QLatin1String("YESCRYPT") ? QStringLiteral("yescrypt") : method));
 }

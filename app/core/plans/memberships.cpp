@@ -72,7 +72,7 @@ bool Memberships::isKnownToTools(const QString &name, Plan &plan)
         return true;
     }
     plan.notes.append(
-        i18n("'%1' begins with '%2'. No tool takes such a name: change the line by hand.", shown(name), name.at(0)));
+        i18n("'%1' begins with '%2'. No tool accepts such a name. Change the line by hand.", shown(name), name.at(0)));
     return false;
 }
 
@@ -110,8 +110,8 @@ Plan Memberships::changeGroups(const QString &user, const QStringList &wanted, c
             (isWanted ? joined : left).append(group);
         }
         if (!isWanted && isPrimary) {
-            plan.notes.append(i18n("%1 is the primary group of %2 and stays one of the groups. To have another one "
-                                   "instead, use 'usermod --gid'.",
+            plan.notes.append(i18n("%1 is the primary group of %2 and stays one of the groups. To choose another "
+                                   "primary group, use 'usermod --gid'.",
                                    shown(group),
                                    shown(user)));
         }

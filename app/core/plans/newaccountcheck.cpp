@@ -32,11 +32,11 @@ QString isolated(const QString &expression)
 QString ruleInWords(const QString &pattern)
 {
     if (pattern == QLatin1String("[a-z][a-z0-9\\_\\-]*")) {
-        return i18n("a user name begins with a small letter; small letters, digits, '_' and '-' may follow");
+        return i18n("a user name begins with a lowercase letter; lowercase letters, digits, '_' and '-' may follow");
     }
     if (pattern == QLatin1String("[a-z_][a-z0-9_-]*[$]?")) {
-        return i18n("a group name begins with a small letter or '_'; small letters, digits, '_' and '-' may follow, "
-                    "and '$' at the end");
+        return i18n("a group name begins with a lowercase letter or '_'; lowercase letters, digits, '_' and '-' may "
+                    "follow, and '$' at the end");
     }
     return {};
 }
@@ -111,7 +111,8 @@ NewAccountCheck::Note NewAccountCheck::userName(const QString &name, const QStri
         return rule;
     }
     if (isRefusedByTools(name)) {
-        return {i18n("rejected: no name begins with '-', '+' or '~', or has a colon, a comma, a slash or a blank"),
+        return {i18n("rejected: a name must not begin with '-', '+' or '~', or contain a colon, a comma, a slash or a "
+                     "blank"),
                 true};
     }
     if (group.isEmpty() && hasGroup(name)) {
@@ -157,10 +158,10 @@ NewAccountCheck::Note NewAccountCheck::gecosField(const QString &text, bool take
         return {i18n("rejected: a colon separates the fields of /etc/passwd"), true};
     }
     if (!takesEquals && text.contains(QLatin1Char('='))) {
-        return {i18n("rejected: chfn takes no equals sign"), true};
+        return {i18n("rejected: chfn does not accept an equals sign"), true};
     }
     if (VisibleText::fromText(text) != text) {
-        return {i18n("rejected: there is a character that nobody can see"), true};
+        return {i18n("rejected: the text contains an invisible character"), true};
     }
     return {};
 }

@@ -43,7 +43,7 @@ public:
     Note groupName(const QString &name) const;
     Note uid(const QString &number) const;
 
-    /** @param takesEquals whether chfn takes an equals sign in this field */
+    /** @param takesEquals whether chfn accepts an equals sign in this field */
     Note gecosField(const QString &text, bool takesEquals) const;
 
 private:

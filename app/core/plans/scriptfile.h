@@ -11,7 +11,7 @@
 struct Plan;
 
 /**
- * Writes the script of @p plan to @p path. Only its owner can read and run it, since it may hold a password hash.
+ * Writes the script of @p plan to @p path. Only its owner can read and run it, since it may contain a password hash.
  *
  * @return why it cannot be written; empty on success
  */

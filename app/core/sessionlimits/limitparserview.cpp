@@ -78,7 +78,7 @@ QString unseen(const PamLimits::Rules &rules, const Line &line)
         return i18n("an exemption from all limits");
     }
     if (rules.domainOf(line).range != PamLimits::Domain::Range::None) {
-        return i18n("a range of ids, which it takes for a name");
+        return i18n("a range of IDs, which it takes for a name");
     }
     const QStringList columns =
         parserText(rules, line).split(QLatin1Char(' '), Qt::SkipEmptyParts).mid(0, PamLimits::columnCount);

@@ -48,7 +48,7 @@ QString loginsProblem(const Domain &domain, const Line &line)
         return {};
     }
     if (domain.range == Domain::Range::From || domain.range == Domain::Range::Between) {
-        return i18n("ranges of ids cannot follow '%'");
+        return i18n("ranges of IDs cannot follow '%'");
     }
     return line.item == Item::MaxLogins ? QString() : i18n("'%' is for maxlogins only");
 }
@@ -110,15 +110,15 @@ QString LimitWords::problem(const PamLimits::Rules &rules, const Line &line)
 {
     switch (line.kind) {
     case LineKind::BadRange:
-        return i18n("the ids in '%1' are not numbers", column(rules, line, 0));
+        return i18n("the IDs in '%1' are not numbers", column(rules, line, 0));
     case LineKind::BadColumns:
         return i18n("it has fewer than four columns");
     case LineKind::UnknownItem:
         return i18n("there is no item '%1'", column(rules, line, 2));
     case LineKind::UnknownType:
-        return i18n("the type '%1' is none of soft, hard and -", column(rules, line, 1));
+        return i18n("the type '%1' is not soft, hard or -", column(rules, line, 1));
     case LineKind::BadValue:
-        return i18n("'%1' is no value of %2", column(rules, line, 3), QString::fromLatin1(nameOf(line.item)));
+        return i18n("'%1' is not a value of %2", column(rules, line, 3), QString::fromLatin1(nameOf(line.item)));
     case LineKind::Rule:
     case LineKind::Exemption:
         break;
@@ -137,7 +137,7 @@ QString LimitWords::problem(const PamLimits::File &file)
     case State::Hidden:
         return i18n("PAM does not read this file: its name begins with a dot");
     case State::Directory:
-        return i18n("PAM finds no line in it: it is a directory");
+        return i18n("PAM reads nothing from it: it is a directory");
     case State::Missing:
         return i18n("PAM leaves this file out: %1", file.error);
     case State::FailsSession:
@@ -189,7 +189,7 @@ QString LimitWords::failure(const PamLimits::SessionLimits &limits, const PamLim
     }
     const QString place = lostTo(limits, failure.line);
     if (failure.reason == Reason::NoLogins) {
-        return i18n("%1 allows no login", place);
+        return i18n("%1 allows no logins", place);
     }
     if (failure.reason == Reason::NoFiles) {
         return i18n("%1 allows too few open files to start a program", place);

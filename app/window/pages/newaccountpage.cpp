@@ -80,7 +80,7 @@ void NewAccountPage::addNames(QFormLayout *form)
 {
     m_userName = addField(form, "userNameEdit", i18nc("@label:textbox", "User n&ame:"));
     m_groupName = addField(form, "groupNameEdit", i18nc("@label:textbox", "Grou&p name:"));
-    m_groupName.edit->setPlaceholderText(i18nc("@info:placeholder", "Group of the user's name"));
+    m_groupName.edit->setPlaceholderText(i18nc("@info:placeholder", "Group with the user's name"));
     m_uid = addField(form, "uidEdit", i18nc("@label:textbox the number of a user", "UID:"));
     m_uid.edit->setPlaceholderText(i18nc("@info:placeholder a UID", "The next free one"));
 }
@@ -173,7 +173,7 @@ bool NewAccountPage::checkFields()
 void NewAccountPage::showCommands()
 {
     if (!checkFields()) {
-        m_commands->setPlan({}, i18n("The account cannot be created like this: see the notes beside the fields."));
+        m_commands->setPlan({}, i18n("The account cannot be created like this: see the notes below the fields."));
     } else if (m_userName.edit->text().isEmpty()) {
         m_commands->setPlan({}, i18n("Enter a user name to see the commands that create the account."));
     } else {

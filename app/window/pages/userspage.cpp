@@ -30,7 +30,7 @@ namespace
 QString noMatch(const AccountStore &store, const UserModel &model)
 {
     if (model.filter() == UserModel::Administrators && !store.hasAdministratorsGroup()) {
-        return i18n("There is no group ormel-admin: nobody counts as an administrator here.");
+        return i18n("There is no group ormel-admin, so nobody is an administrator here.");
     }
     return i18n("No user matches.");
 }

@@ -22,7 +22,7 @@ CommandsDialog::CommandsDialog(const QString &title, const Plan &plan, QWidget *
 {
     setWindowTitle(title);
     auto *view = new CommandsView(i18n("Nothing was changed. To make the change, run these commands as root:"), this);
-    view->setPlan(plan, i18n("Nothing is to be changed."));
+    view->setPlan(plan, i18n("There is nothing to change."));
     auto *buttonBox = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *layout = new QVBoxLayout(this);

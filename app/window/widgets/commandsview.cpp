@@ -28,7 +28,7 @@ constexpr int visibleLines = 5;
 
 QString warning()
 {
-    return i18n("The commands hold a password hash. Let nobody read them; while they run, other users can see it in "
+    return i18n("The commands contain a password hash. Let nobody read them; while they run, other users can see it in "
                 "the list of processes.");
 }
 

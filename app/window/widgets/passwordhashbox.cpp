@@ -88,7 +88,7 @@ void PasswordHashBox::addChoice(QFormLayout *form)
     note->setObjectName(QStringLiteral("encryptMethodNote"));
     note->setTextFormat(Qt::PlainText);
     note->setWordWrap(true);
-    const QString label = i18nc("@label:listbox which hash the commands set", "Hash to be set:");
+    const QString label = i18nc("@label:listbox which hash the commands set", "Hash to set:");
     m_choice->view()->setAccessibleName(KLocalizedString::removeAcceleratorMarker(label));
     addRow(form, label, {m_choice}, note);
     connect(m_choice, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &PasswordHashBox::hashChanged);

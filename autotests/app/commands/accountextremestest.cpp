@@ -144,7 +144,7 @@ void AccountExtremesTest::copesWithoutGroups_data()
 {
     addColumns();
     const QByteArray warning =
-        message(QStringLiteral("There is no group ormel-admin: nobody counts as an administrator here."));
+        message(QStringLiteral("There is no group ormel-admin, so nobody is an administrator here."));
     add("users",
         0,
         "Name   Full name   UID  Primary group  Admin  System  Groups\n"

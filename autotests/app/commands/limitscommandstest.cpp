@@ -95,7 +95,7 @@ void LimitsCommandsTest::tellsWhatParserDoesNotSee_data()
     QTest::addColumn<QString>("reason");
 
     QTest::newRow("alice -") << QStringLiteral("an exemption from all limits");
-    QTest::newRow("1000: hard nproc 5") << QStringLiteral("a range of ids, which it takes for a name");
+    QTest::newRow("1000: hard nproc 5") << QStringLiteral("a range of IDs, which it takes for a name");
     QTest::newRow("@pupils - rss 3") << QStringLiteral("the item rss");
     QTest::newRow("alice - cpu 5#") << QStringLiteral("the value, which it reads as 0");
     QTest::newRow("alice - cpu unlimited# x") << QStringLiteral("the value, which it reads as 0");
@@ -156,7 +156,7 @@ void LimitsCommandsTest::tellsThatNoSessionIsOpened()
     Sandbox::write(dropInPath(QStringLiteral("x.conf")), "alice - maxlogins 0\n");
     const Result result = limitsOf("--user", "alice");
     QVERIFY(result.output.startsWith(
-        QLatin1String("No session can be opened: /etc/security/limits.d/x.conf:1 allows no login\n")));
+        QLatin1String("No session can be opened: /etc/security/limits.d/x.conf:1 allows no logins\n")));
 }
 
 void LimitsCommandsTest::explainsItem()

@@ -110,7 +110,7 @@ void LimitsJsonTest::printsFindings()
     QCOMPARE(findings.size(), 2);
     QCOMPARE(compact(findings.at(0).toObject()),
              QStringLiteral("{\"file\":\"/etc/security/limits.conf\",\"line\":1,\"statement\":\"PAM ignores this line: "
-                            "the type 'both' is none of soft, hard and -\",\"text\":\"* both core 1\"}"));
+                            "the type 'both' is not soft, hard or -\",\"text\":\"* both core 1\"}"));
     QCOMPARE(
         compact(findings.at(1).toObject()),
         QStringLiteral("{\"file\":\"/etc/security/limits.d/old\",\"line\":null,\"statement\":\"PAM does not read this "
@@ -122,7 +122,7 @@ void LimitsJsonTest::tellsThatNoSessionIsOpened()
     Sandbox::write(dropInPath(QStringLiteral("x.conf")), "alice - maxlogins 0\n");
     const QJsonObject answer = jsonOf(limitsOf("--user", "alice", {json()})).toObject();
     QCOMPARE(answer.value(QStringLiteral("sessionFails")).toString(),
-             QStringLiteral("/etc/security/limits.d/x.conf:1 allows no login"));
+             QStringLiteral("/etc/security/limits.d/x.conf:1 allows no logins"));
 }
 
 void LimitsJsonTest::tellsThatNoLimitsAreSet()

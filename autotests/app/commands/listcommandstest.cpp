@@ -163,7 +163,7 @@ void ListCommandsTest::tellsOnceThatThereAreNoAdministrators()
     Sandbox::setAccounts(usersFile, "root:x:0:\n");
     const Program::Result result = Program::run({QStringLiteral("users")});
     QCOMPARE(result.errors,
-             QByteArray("ormel-users: There is no group ormel-admin: nobody counts as an administrator here.\n"));
+             QByteArray("ormel-users: There is no group ormel-admin, so nobody is an administrator here.\n"));
     QCOMPARE(result.status, 0);
 }
 

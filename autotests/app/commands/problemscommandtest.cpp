@@ -144,7 +144,7 @@ void ProblemsCommandTest::joinsFindingsAboutLimits()
         QStringList({
             QStringLiteral("/etc/security/limits.d/old: warning: 'old': PAM does not read this file: its name does "
                            "not end in .conf"),
-            QStringLiteral("    The rules in it do not count."),
+            QStringLiteral("    The rules in it have no effect."),
             QStringLiteral("    If they should, make it a file whose name ends in .conf and does not begin with a "
                            "dot. Otherwise delete it."),
             QStringLiteral("/etc/security/limits.conf:2: warning: 'bob soft core 0': is for nobody: there is no "
@@ -163,7 +163,7 @@ void ProblemsCommandTest::joinsFindingsAboutLimits()
         {QStringLiteral("file"), QStringLiteral("/etc/security/limits.d/old")},
         {QStringLiteral("line"), QJsonValue()},
         {QStringLiteral("text"), QStringLiteral("'old': PAM does not read this file: its name does not end in .conf")},
-        {QStringLiteral("meaning"), QStringLiteral("The rules in it do not count.")},
+        {QStringLiteral("meaning"), QStringLiteral("The rules in it have no effect.")},
         {QStringLiteral("remedy"),
          QStringLiteral("If they should, make it a file whose name ends in .conf and does not begin with a dot. "
                         "Otherwise delete it.")},

@@ -220,7 +220,7 @@ void ScreenshotsTest::leavesWindowStateAlone()
 void ScreenshotsTest::reportsDirectoryThatCannotBeMade()
 {
     const Program::Result result = takeScreenshots(text("/proc/pictures"));
-    QCOMPARE(result.errors, QByteArray("ormel-users: Cannot make the directory '/proc/pictures'.\n"));
+    QCOMPARE(result.errors, QByteArray("ormel-users: Cannot create the directory '/proc/pictures'.\n"));
     QCOMPARE(result.status, 1);
 }
 

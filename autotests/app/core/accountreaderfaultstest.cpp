@@ -67,7 +67,7 @@ QByteArray number(quint32 value)
 
 const char silent[] = "The accounts could not be read: the program that reads them does not answer.";
 const char early[] = "The accounts could not be read: the program that reads them has ended early.";
-const char other[] = "The accounts could not be read: the program that reads them sends something else.";
+const char other[] = "The accounts could not be read: the program that reads them sends something unexpected.";
 }
 
 class AccountReaderFaultsTest : public QObject

@@ -199,7 +199,7 @@ void PlanActionsTest::tellsThatPrimaryGroupStays()
     const Users users("bob");
     Shown shown;
     QVERIFY(withDialogs(users.button("changeGroups"), {checks({text("staff")}), shown.step()}));
-    QCOMPARE(shown.heading, text("Nothing is to be changed."));
+    QCOMPARE(shown.heading, text("There is nothing to change."));
     QCOMPARE(shown.commands, QString());
     QVERIFY(shown.notes.startsWith(text("staff is the primary group of bob and stays")));
 }
@@ -235,7 +235,7 @@ void PlanActionsTest::tellsThatNothingChanges()
     const Users users("ada");
     Shown shown;
     QVERIFY(withDialogs(users.button("changeGroups"), {checks({}), shown.step()}));
-    QCOMPARE(shown.heading, text("Nothing is to be changed."));
+    QCOMPARE(shown.heading, text("There is nothing to change."));
     QCOMPARE(shown.commands, QString());
     QCOMPARE(shown.notes, QString());
 }
@@ -351,7 +351,7 @@ void PlanActionsTest::warnsOfHash()
     view.show();
     const auto *notes = part<QLabel>(view, "commandsNotes");
     QVERIFY(notes->isVisible());
-    QVERIFY(notes->text().startsWith(text("The commands hold a password hash.")));
+    QVERIFY(notes->text().startsWith(text("The commands contain a password hash.")));
     plan.holdsHash = false;
     view.setPlan(plan, QString());
     QVERIFY(!notes->isVisible());

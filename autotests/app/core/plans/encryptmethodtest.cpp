@@ -25,13 +25,13 @@ void EncryptMethodTest::saysWhichMethodIsUsed_data()
     QTest::addColumn<QString>("note");
 
     const auto other = [](const QString &method) {
-        return QStringLiteral("This system hashes passwords by %1 (ENCRYPT_METHOD in /etc/login.defs), which is "
+        return QStringLiteral("This system hashes passwords with %1 (ENCRYPT_METHOD in /etc/login.defs), which is "
                               "neither of these methods.")
             .arg(method);
     };
-    const QString none = QStringLiteral("/etc/login.defs does not say by which method this system hashes passwords.");
+    const QString none = QStringLiteral("/etc/login.defs does not say with which method this system hashes passwords.");
     const QString sha512 =
-        QStringLiteral("This system hashes passwords by SHA-512 (ENCRYPT_METHOD in /etc/login.defs).");
+        QStringLiteral("This system hashes passwords with SHA-512 (ENCRYPT_METHOD in /etc/login.defs).");
     QTest::newRow("yescrypt") << QByteArray("ENCRYPT_METHOD YESCRYPT\n") << other(QStringLiteral("yescrypt"));
     QTest::newRow("SHA-512") << QByteArray("UMASK 022\n\tENCRYPT_METHOD\t\tSHA512\n") << sha512;
     QTest::newRow("another") << QByteArray("ENCRYPT_METHOD MD5") << other(QStringLiteral("MD5"));

@@ -133,8 +133,8 @@ void MembershipsTest::keepsPrimaryGroup()
     const Plan plan = Memberships::changeGroups(text("bob"), {text("wheel x")}, GroupMembers::ofAllGroups());
     QCOMPARE(plan.toText(), QByteArray());
     QCOMPARE(plan.notes,
-             QStringList(text("staff is the primary group of bob and stays one of the groups. To have another one "
-                              "instead, use 'usermod --gid'.")));
+             QStringList(text("staff is the primary group of bob and stays one of the groups. To choose another "
+                              "primary group, use 'usermod --gid'.")));
 }
 
 void MembershipsTest::changesNothingWhenNothingIsWanted()
@@ -210,13 +210,13 @@ void MembershipsTest::saysWhichNamesNoToolTakes()
                              Memberships::changeGroups(eve, {text("video")}, groups)}) {
         QVERIFY(plan.commands.isEmpty());
         QCOMPARE(plan.notes,
-                 QStringList(text("'-eve' begins with '-'. No tool takes such a name: change the line by hand.")));
+                 QStringList(text("'-eve' begins with '-'. No tool accepts such a name. Change the line by hand.")));
     }
     const auto found = std::find_if(groups.begin(), groups.end(), [](const GroupMembers &members) {
         return members.group.name() == QLatin1String("-g");
     });
     QVERIFY(found != groups.end());
-    const QString note = text("'-g' begins with '-'. No tool takes such a name: change the line by hand.");
+    const QString note = text("'-g' begins with '-'. No tool accepts such a name. Change the line by hand.");
     QCOMPARE(Memberships::changeMembers(*found, {text("ada")}, Memberships::localUsers()).notes, QStringList(note));
     const Plan plan = Memberships::changeGroups(text("ada"), groupsOf(text("ada")) + QStringList(text("-g")), groups);
     QVERIFY(plan.commands.isEmpty());

@@ -153,7 +153,7 @@ void ShellQuoteTest::writesScript()
     QCOMPARE(plan.toScript(),
              QByteArray("#!/bin/sh\n# Read this before you run it as root.\nset -e\ngroupadd 'a b'\n"));
     plan.holdsHash = true;
-    QVERIFY(plan.toScript().contains("\n# It holds a password hash:"));
+    QVERIFY(plan.toScript().contains("\n# It contains a password hash:"));
 }
 
 QTEST_GUILESS_MAIN(ShellQuoteTest)

@@ -100,7 +100,7 @@ void UserLimitsTest::tellsThatSessionHasNoLimits()
     QCOMPARE(shownRows(*page.limits), QStringList());
     page.select("ada");
     QCOMPARE(message->text(),
-             QStringLiteral("<qt>No session can be opened: /etc/security/limits.conf:3 allows no login</qt>"));
+             QStringLiteral("<qt>No session can be opened: /etc/security/limits.conf:3 allows no logins</qt>"));
     page.select("lost");
     QVERIFY(!message->isVisible());
 }

@@ -144,7 +144,7 @@ void LimitsPageTest::listsLinesOfAllFiles()
                 + text("|@staff\\t- memlock unlimited|PAM applies this; programs that read it through LimitsParser "
                        "do not see it: columns that are not separated by spaces"),
             line(5) + text("|<i>x</i> hard nproc 7|is for nobody: there is no user '<i>x</i>'"),
-            line(6) + text("|ada both data 1|PAM ignores this line: the type 'both' is none of soft, hard and -"),
+            line(6) + text("|ada both data 1|PAM ignores this line: the type 'both' is not soft, hard or -"),
             line(7) + text("|* soft core 1|All users: Maximum core file size."),
             text("/etc/security/limits.d/later.conf:1|bob - nproc 9|"
                  "User name: \"bob\": Maximum number of processes."),
@@ -203,7 +203,7 @@ void LimitsPageTest::explainsLineThatDoesNothing()
     QVERIFY(page.isCounted(5));
     page.select(3);
     QCOMPARE(page.label("lineMeaning"), QString());
-    QCOMPARE(page.label("lineProblem"), text("PAM ignores this line: the type 'both' is none of soft, hard and -"));
+    QCOMPARE(page.label("lineProblem"), text("PAM ignores this line: the type 'both' is not soft, hard or -"));
     QCOMPARE(page.label("lineDecides"), text("nobody"));
 }
 

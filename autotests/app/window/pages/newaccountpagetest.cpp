@@ -69,8 +69,8 @@ void NewAccountPageTest::saysWhatIsWrong_data()
     };
     const auto letters = [](int count) { return QStringLiteral("a").repeated(count); };
     const QString userRule = QStringLiteral(
-        "rejected: a user name begins with a small letter; small letters, digits, '_' and '-' may follow");
-    const QString groupRule = QStringLiteral("rejected: a group name begins with a small letter or '_'; small "
+        "rejected: a user name begins with a lowercase letter; lowercase letters, digits, '_' and '-' may follow");
+    const QString groupRule = QStringLiteral("rejected: a group name begins with a lowercase letter or '_'; lowercase "
                                              "letters, digits, '_' and '-' may follow, and '$' at the end");
     const QString tooLong = QStringLiteral("rejected: a name has at most 32 characters");
     const QString commas = QStringLiteral("rejected: commas separate these fields");
@@ -88,7 +88,7 @@ void NewAccountPageTest::saysWhatIsWrong_data()
         add(edit, QStringLiteral("12 Main Street ") + letters(33), QString());
         add(edit, QStringLiteral("a:b"), QStringLiteral("rejected: a colon separates the fields of /etc/passwd"));
     }
-    add("fullNameEdit", QStringLiteral("a=b"), QStringLiteral("rejected: chfn takes no equals sign"));
+    add("fullNameEdit", QStringLiteral("a=b"), QStringLiteral("rejected: chfn does not accept an equals sign"));
     add("otherEdit", QStringLiteral("a=b"), QString());
     const QString noUid = QStringLiteral("rejected: a UID is a number up to 4294967294");
     const QString system = QStringLiteral("This UID makes it a system account.");

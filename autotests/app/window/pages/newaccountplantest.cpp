@@ -47,7 +47,7 @@ void NewAccountPlanTest::refusesInvisibleCharacters()
     QVERIFY(page.open());
     part<QLineEdit>(page, "fullNameEdit")->insert(QStringLiteral(u"a\u202eb"));
     QCOMPARE(page.shownNote(QStringLiteral("fullNameEdit")),
-             QStringLiteral("rejected: there is a character that nobody can see"));
+             QStringLiteral("rejected: the text contains an invisible character"));
 }
 
 void NewAccountPlanTest::refusesNamesThatNoToolTakes()
@@ -59,8 +59,8 @@ void NewAccountPlanTest::refusesNamesThatNoToolTakes()
         page.userName->clear();
         QTest::keyClicks(page.userName, QString::fromLatin1(name));
         QCOMPARE(page.shownNote(QStringLiteral("userNameEdit")),
-                 QStringLiteral("rejected: no name begins with '-', '+' or '~', or has a colon, a comma, a slash or a "
-                                "blank"));
+                 QStringLiteral("rejected: a name must not begin with '-', '+' or '~', or contain a colon, a comma, a "
+                                "slash or a blank"));
         QCOMPARE(page.shownCommands(), QString());
     }
     page.userName->clear();
@@ -125,7 +125,7 @@ void NewAccountPlanTest::showsCommands()
     QTest::keyClicks(part<QLineEdit>(page, "roomEdit"), QStringLiteral(":"));
     QCOMPARE(page.shownCommands(), QString());
     QCOMPARE(heading->text(),
-             QStringLiteral("The account cannot be created like this: see the notes beside the fields."));
+             QStringLiteral("The account cannot be created like this: see the notes below the fields."));
 }
 
 void NewAccountPlanTest::setsChosenHash()
@@ -140,7 +140,7 @@ void NewAccountPlanTest::setsChosenHash()
         return QStringLiteral("\nusermod --password '%1' newest").arg(hash->text());
     };
     QVERIFY(page.shownCommands().endsWith(command(page.sha512)));
-    QVERIFY(notes->text().startsWith(QLatin1String("The commands hold a password hash.")));
+    QVERIFY(notes->text().startsWith(QLatin1String("The commands contain a password hash.")));
     auto *choice = part<QComboBox>(page, "hashComboBox");
     QTest::keyClick(choice, Qt::Key_Down);
     QVERIFY(page.shownCommands().endsWith(command(page.gost)));
@@ -166,7 +166,7 @@ void NewAccountPlanTest::tellsMethodOfSystem()
 {
     const Page page;
     QCOMPARE(part<QLabel>(page, "encryptMethodNote")->text(),
-             QStringLiteral("This system hashes passwords by yescrypt (ENCRYPT_METHOD in /etc/login.defs), which is "
+             QStringLiteral("This system hashes passwords with yescrypt (ENCRYPT_METHOD in /etc/login.defs), which is "
                             "neither of these methods."));
 }
 

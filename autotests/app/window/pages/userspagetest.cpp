@@ -101,7 +101,7 @@ void UsersPageTest::tellsWhyNobodyIsShown()
     page.search->clear();
     QTest::keyClick(page.filter, Qt::Key_End);
     QVERIFY(reason->isVisible());
-    QCOMPARE(reason->text(), QStringLiteral("There is no group ormel-admin: nobody counts as an administrator here."));
+    QCOMPARE(reason->text(), QStringLiteral("There is no group ormel-admin, so nobody is an administrator here."));
 }
 
 void UsersPageTest::followsKeyboard()
