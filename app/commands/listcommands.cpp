@@ -56,38 +56,49 @@ int checkFiles()
     return errors.isEmpty() ? Success : Unreadable;
 }
 
-/** The named users, or all; an unknown name sets @p status to Failure. */
-QList<UserInfo> findUsers(const QStringList &names, int &status)
+/** The records with these names; an unknown name sets @p status to Failure. */
+template<typename Record>
+QList<Record>
+findAll(const QStringList &names, Record (*find)(const QString &), QString (*unknown)(const QString &), int &status)
 {
-    if (names.isEmpty()) {
-        return UserInfo::getUsers();
-    }
-    QList<UserInfo> users;
+    QList<Record> records;
     for (const QString &name : names) {
-        const UserInfo user = FindAccount::user(name);
-        if (user.isEmpty()) {
-            status = failure(i18n("There is no user '%1'.", name));
+        const Record record = find(name);
+        if (record.isEmpty()) {
+            status = failure(unknown(name));
         } else {
-            users.append(user);
+            records.append(record);
         }
     }
-    return users;
+    return records;
 }
 
-/** The named groups, or all; an unknown name sets @p status to Failure. */
+QString unknownUser(const QString &name)
+{
+    return i18n("There is no user '%1'.", name);
+}
+
+QString unknownGroup(const QString &name)
+{
+    return i18n("There is no group '%1'.", name);
+}
+
+/** The named users, or all. */
+QList<UserInfo> findUsers(const QStringList &names, int &status)
+{
+    return names.isEmpty() ? UserInfo::getUsers() : findAll(names, FindAccount::user, unknownUser, status);
+}
+
+/** The named groups, or all. */
 QList<GroupMembers> findGroups(const QStringList &names, int &status)
 {
     if (names.isEmpty()) {
         return GroupMembers::ofAllGroups();
     }
     QList<GroupMembers> groups;
-    for (const QString &name : names) {
-        const GroupInfo group = FindAccount::group(name);
-        if (group.isEmpty()) {
-            status = failure(i18n("There is no group '%1'.", name));
-        } else {
-            groups.append(GroupMembers::of(group));
-        }
+    const QList<GroupInfo> found = findAll(names, FindAccount::group, unknownGroup, status);
+    for (const GroupInfo &group : found) {
+        groups.append(GroupMembers::of(group));
     }
     return groups;
 }

@@ -29,6 +29,17 @@ struct AccountColumn {
 template<typename Record>
 using AccountColumns = QVector<const AccountColumn<Record> *>;
 
+/** All of @p columns, in their order. */
+template<typename Record, size_t count>
+AccountColumns<Record> toColumns(const AccountColumn<Record> (&columns)[count])
+{
+    AccountColumns<Record> result;
+    for (const AccountColumn<Record> &column : columns) {
+        result.append(&column);
+    }
+    return result;
+}
+
 /** What a table shows of a value: names are separated by commas. */
 QString columnText(const QVariant &value);
 

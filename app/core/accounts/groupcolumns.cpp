@@ -53,9 +53,5 @@ const Column columns[] = {
 
 AccountColumns<GroupMembers> groupColumns()
 {
-    AccountColumns<GroupMembers> result;
-    for (const Column &column : columns) {
-        result.append(&column);
-    }
-    return result;
+    return toColumns(columns);
 }

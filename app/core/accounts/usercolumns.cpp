@@ -84,9 +84,5 @@ const Column columns[] = {
 
 AccountColumns<UserInfo> userColumns()
 {
-    AccountColumns<UserInfo> result;
-    for (const Column &column : columns) {
-        result.append(&column);
-    }
-    return result;
+    return toColumns(columns);
 }
