@@ -46,7 +46,7 @@ QVector<UserRecord> users(const State &state)
 void search(State &state)
 {
     UserModel model;
-    model.setUsers(users(state));
+    model.setRecords(users(state));
     // Of some users each letter is looked at, and none is found.
     const SearchWords words(QStringLiteral("nowhere"));
     measure(state, [&] {
@@ -62,7 +62,7 @@ void sort(State &state)
     const QVector<UserRecord> records = users(state);
     for ([[maybe_unused]] auto iteration : state) {
         state.PauseTiming();
-        model.setUsers(records); // what it knew of the order is forgotten
+        model.setRecords(records); // what it knew of the order is forgotten
         state.ResumeTiming();
         model.sort(column, Qt::DescendingOrder);
     }
@@ -94,7 +94,7 @@ void modelMemory(State &state)
 {
     measureMemory(state, [&state] {
         auto model = std::make_unique<UserModel>();
-        model->setUsers(users(state));
+        model->setRecords(users(state));
         for (const int column : {UserModel::UidColumn, UserModel::FullNameColumn, UserModel::NameColumn}) {
             model->sort(column, Qt::AscendingOrder);
         }

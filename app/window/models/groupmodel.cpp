@@ -28,35 +28,13 @@ const QVector<RecordModel::Column> &groupColumns()
 }
 
 GroupModel::GroupModel(QObject *parent)
-    : RecordModel(groupColumns(), parent)
-    , m_icon(AccountIcons::group())
-    , m_systemIcon(AccountIcons::systemGroup())
+    : AccountRecordModel(groupColumns(), AccountIcons::group(), AccountIcons::systemGroup(), parent)
 {
-}
-
-void GroupModel::setGroups(const QVector<GroupRecord> &groups)
-{
-    replaceRecords([&] { m_groups = groups; });
-}
-
-const GroupRecord &GroupModel::group(int record) const
-{
-    return m_groups.at(record);
-}
-
-int GroupModel::recordCount() const
-{
-    return m_groups.size();
-}
-
-QString GroupModel::name(int record) const
-{
-    return m_groups.at(record).name;
 }
 
 QVariant GroupModel::value(int record, int column) const
 {
-    const GroupRecord &group = m_groups.at(record);
+    const GroupRecord &group = at(record);
     switch (column) {
     case NameColumn:
         return group.name;
@@ -77,7 +55,7 @@ QVariant GroupModel::value(int record, int column) const
 
 bool GroupModel::passes(int record, int filter) const
 {
-    const GroupRecord &group = m_groups.at(record);
+    const GroupRecord &group = at(record);
     switch (filter) {
     case Ordinary:
         return !group.system;
@@ -90,11 +68,6 @@ bool GroupModel::passes(int record, int filter) const
 
 bool GroupModel::contains(int record, const SearchWords::Word &word) const
 {
-    const GroupRecord &group = m_groups.at(record);
+    const GroupRecord &group = at(record);
     return word.isIn(group.name) || word.isIn(group.gid) || word.isIn(group.members) || word.isIn(group.primaryMembers);
-}
-
-QVariant GroupModel::icon(int record) const
-{
-    return m_groups.at(record).system ? m_systemIcon : m_icon;
 }

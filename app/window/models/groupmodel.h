@@ -6,13 +6,11 @@
 #ifndef GROUPMODEL_H
 #define GROUPMODEL_H
 
+#include "accountrecordmodel.h"
 #include "accountrecords.h"
-#include "recordmodel.h"
-
-#include <QIcon>
 
 /** Groups. */
-class GroupModel : public RecordModel
+class GroupModel : public AccountRecordModel<GroupRecord>
 {
     Q_OBJECT
 
@@ -22,22 +20,10 @@ public:
 
     explicit GroupModel(QObject *parent = nullptr);
 
-    void setGroups(const QVector<GroupRecord> &groups);
-    const GroupRecord &group(int record) const;
-
-    int recordCount() const override;
-    QString name(int record) const override;
-
 protected:
     QVariant value(int record, int column) const override;
     bool passes(int record, int filter) const override;
     bool contains(int record, const SearchWords::Word &word) const override;
-    QVariant icon(int record) const override;
-
-private:
-    QVector<GroupRecord> m_groups;
-    const QIcon m_icon;
-    const QIcon m_systemIcon;
 };
 
 #endif

@@ -35,35 +35,13 @@ const QVector<RecordModel::Column> &userColumns()
 }
 
 UserModel::UserModel(QObject *parent)
-    : RecordModel(userColumns(), parent)
-    , m_icon(AccountIcons::user())
-    , m_systemIcon(AccountIcons::systemUser())
+    : AccountRecordModel(userColumns(), AccountIcons::user(), AccountIcons::systemUser(), parent)
 {
-}
-
-void UserModel::setUsers(const QVector<UserRecord> &users)
-{
-    replaceRecords([&] { m_users = users; });
-}
-
-const UserRecord &UserModel::user(int record) const
-{
-    return m_users.at(record);
-}
-
-int UserModel::recordCount() const
-{
-    return m_users.size();
-}
-
-QString UserModel::name(int record) const
-{
-    return m_users.at(record).name;
 }
 
 QVariant UserModel::value(int record, int column) const
 {
-    const UserRecord &user = m_users.at(record);
+    const UserRecord &user = at(record);
     switch (column) {
     case NameColumn:
         return user.name;
@@ -92,7 +70,7 @@ QVariant UserModel::value(int record, int column) const
 
 bool UserModel::passes(int record, int filter) const
 {
-    const UserRecord &user = m_users.at(record);
+    const UserRecord &user = at(record);
     switch (filter) {
     case Ordinary:
         return !user.system;
@@ -107,12 +85,7 @@ bool UserModel::passes(int record, int filter) const
 
 bool UserModel::contains(int record, const SearchWords::Word &word) const
 {
-    const UserRecord &user = m_users.at(record);
+    const UserRecord &user = at(record);
     return word.isIn(user.name) || word.isIn(user.gecos) || word.isIn(user.uid) || word.isIn(user.gid)
         || word.isIn(user.groups) || word.isIn(user.home) || word.isIn(user.shell);
-}
-
-QVariant UserModel::icon(int record) const
-{
-    return m_users.at(record).system ? m_systemIcon : m_icon;
 }

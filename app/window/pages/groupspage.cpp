@@ -89,7 +89,7 @@ QWidget *GroupsPage::createGroupPart()
 void GroupsPage::showGroups()
 {
     m_model->setNews(store()->changedGroups());
-    m_model->setGroups(store()->groups());
+    m_model->setRecords(store()->groups());
 }
 
 void GroupsPage::showRecord(int record)
@@ -100,7 +100,7 @@ void GroupsPage::showRecord(int record)
         m_limits->clear();
         return;
     }
-    m_details->showGroup(m_model->group(record));
+    m_details->showGroup(m_model->at(record));
     showMembers();
     showLimits();
 }
@@ -109,7 +109,7 @@ void GroupsPage::showMembers()
 {
     const int record = list()->view()->currentRecord();
     if (record != -1) {
-        m_members->showMembers(m_model->group(record), store()->users());
+        m_members->showMembers(m_model->at(record), store()->users());
     }
 }
 
@@ -117,14 +117,14 @@ void GroupsPage::showLimits()
 {
     const int record = list()->view()->currentRecord();
     if (record != -1) {
-        const auto member = PamLimits::Account::memberOf(m_model->group(record).gid);
+        const auto member = PamLimits::Account::memberOf(m_model->at(record).gid);
         m_limits->show(store()->limits(), member, store()->limitsError());
     }
 }
 
 void GroupsPage::changeMembers()
 {
-    const QString name = m_model->group(list()->view()->currentRecord()).name;
+    const QString name = m_model->at(list()->view()->currentRecord()).name;
     const QString shownName = VisibleText::isolated(name);
     Plan plan;
     const GroupInfo group = underWaitCursor([&name] { return FindAccount::group(name); });

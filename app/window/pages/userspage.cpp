@@ -97,7 +97,7 @@ UsersPage::UsersPage(AccountStore *store, UserModel *model, QWidget *parent)
 void UsersPage::showUsers()
 {
     m_model->setNews(store()->changedUsers());
-    m_model->setUsers(store()->users());
+    m_model->setRecords(store()->users());
 }
 
 void UsersPage::showRecord(int record)
@@ -107,7 +107,7 @@ void UsersPage::showRecord(int record)
         m_limits->clear();
         return;
     }
-    m_details->showUser(m_model->user(record));
+    m_details->showUser(m_model->at(record));
     showLimits();
 }
 
@@ -115,13 +115,13 @@ void UsersPage::showLimits()
 {
     const int record = list()->view()->currentRecord();
     if (record != -1) {
-        m_limits->show(store()->limits(), sessionAccountOf(m_model->user(record)), store()->limitsError());
+        m_limits->show(store()->limits(), sessionAccountOf(m_model->at(record)), store()->limitsError());
     }
 }
 
 void UsersPage::changeGroups()
 {
-    const QString name = m_model->user(list()->view()->currentRecord()).name;
+    const QString name = m_model->at(list()->view()->currentRecord()).name;
     const QString shownName = VisibleText::isolated(name);
     Plan plan;
     const UserInfo user = underWaitCursor([&name] { return FindAccount::user(name); });
@@ -139,7 +139,7 @@ void UsersPage::changeGroups()
 
 void UsersPage::cutPicture()
 {
-    const QString name = m_model->user(list()->view()->currentRecord()).name;
+    const QString name = m_model->at(list()->view()->currentRecord()).name;
     UserIconDialog dialog(window());
     if (dialog.exec() != QDialog::Accepted) {
         return;

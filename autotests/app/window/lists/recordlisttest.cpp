@@ -146,14 +146,14 @@ void RecordListTest::takesNextRecordInThePlaceOfOneThatIsGone()
 {
     List list;
     list.view->setCurrentName(text("carl"));
-    list.model.setUsers(users({"root", "ada", "bob", "dora"}));
+    list.model.setRecords(users({"root", "ada", "bob", "dora"}));
     QCOMPARE(list.current(), text("dora"));
-    list.model.setUsers(users({"root", "ada", "bob", "carl", "dora"}));
+    list.model.setRecords(users({"root", "ada", "bob", "carl", "dora"}));
     QCOMPARE(list.current(), text("dora"));
     list.view->setCurrentName(text("root"));
-    list.model.setUsers(users({"ada", "bob"}));
+    list.model.setRecords(users({"ada", "bob"}));
     QCOMPARE(list.current(), text("bob"));
-    list.model.setUsers({});
+    list.model.setRecords({});
     QCOMPARE(list.current(), QString());
 }
 
@@ -164,7 +164,7 @@ void RecordListTest::keepsSelectionAndPlaceWhenFilledAgain()
         many.append(user(text("user%1").arg(i), 1000 + i));
     }
     List list;
-    list.model.setUsers(many);
+    list.model.setRecords(many);
     list.view->setCurrentName(text("user3"));
     list.addToSelection("user5");
     list.addToSelection("user7");
@@ -172,7 +172,7 @@ void RecordListTest::keepsSelectionAndPlaceWhenFilledAgain()
     list.view->verticalScrollBar()->setValue(100);
     const QString top = list.view->indexAt({}).data().toString();
     many.prepend(user(text("aaa"), 1));
-    list.model.setUsers(many);
+    list.model.setRecords(many);
     QCOMPARE(list.selected(), text("user3 user5 user7"));
     QCOMPARE(list.current(), text("user7"));
     QCOMPARE(list.view->indexAt({}).data().toString(), top);
@@ -186,7 +186,7 @@ void RecordListTest::reportsCurrentRecordOnce()
     List list;
     list.view->setCurrentName(text("carl"));
     QSignalSpy changed(list.view, &RecordView::currentRecordChanged);
-    list.model.setUsers(users({"root", "ada", "bob", "carl", "dora"}));
+    list.model.setRecords(users({"root", "ada", "bob", "carl", "dora"}));
     QCOMPARE(changed.size(), 1);
     QCOMPARE(list.model.name(changed.at(0).at(0).toInt()), text("carl"));
     QTest::keyClick(list.view, Qt::Key_Down);

@@ -129,7 +129,7 @@ void RecordRowsTest::exportsAllShownRows()
     list.view->setShownColumns({UserModel::NameColumn, UserModel::UidColumn});
     QTest::keyClicks(list.search, text("b"));
     QTest::keyClick(list.search, Qt::Key_Escape);
-    list.model.setUsers(users({"root", "ada", "bob"}));
+    list.model.setRecords(users({"root", "ada", "bob"}));
     QTest::keyClick(list.filter, Qt::Key_Down);
     const QString path = directory.filePath(name);
     chooseFile(path, [&] { list.action("Export\u2026")->trigger(); });
@@ -184,12 +184,12 @@ void RecordRowsTest::makesRoomForContents()
 {
     UserModel model;
     RecordView view(&model);
-    model.setUsers({user(text("a-rather-long-name"), 1), user(text("x").repeated(500), 2)});
+    model.setRecords({user(text("a-rather-long-name"), 1), user(text("x").repeated(500), 2)});
     const QFontMetrics metrics = view.fontMetrics();
     QVERIFY(view.columnWidth(0) > metrics.horizontalAdvance(text("a-rather-long-name")));
     QVERIFY(view.columnWidth(0) < metrics.horizontalAdvance(text("x").repeated(100)));
     view.setColumnWidth(0, 77);
-    model.setUsers({user(text("ada"), 1)});
+    model.setRecords({user(text("ada"), 1)});
     QCOMPARE(view.columnWidth(0), 77);
 }
 
@@ -210,7 +210,7 @@ void RecordRowsTest::remembersState()
     UserModel model;
     RecordList list(text("userList"), &model, texts());
     list.restoreState(settings);
-    model.setUsers(users({"root", "ada", "bob", "carl"}));
+    model.setRecords(users({"root", "ada", "bob", "carl"}));
     QCOMPARE(part<QComboBox>(list, "filterComboBox")->currentIndex(), 1);
     QCOMPARE(list.view()->shownColumns(),
              QVector<int>({UserModel::NameColumn, UserModel::HomeColumn, UserModel::UidColumn}));

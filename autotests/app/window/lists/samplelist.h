@@ -60,7 +60,7 @@ inline RecordList::Texts texts()
 struct List {
     List()
     {
-        model.setUsers(users({"root", "ada", "bob", "carl", "dora"}));
+        model.setRecords(users({"root", "ada", "bob", "carl", "dora"}));
         list.resize(500, 400);
         list.show();
     }

@@ -87,20 +87,20 @@ void RecordModelTest::listsRecordsByName()
     UserModel model;
     QAbstractItemModelTester tester(&model);
     QCOMPARE(model.rowCount(), 0);
-    model.setUsers(users());
+    model.setRecords(users());
     QCOMPARE(shown(model), text("ada bob Carl root user9 user10"));
     QCOMPARE(model.recordCount(), 6);
     QCOMPARE(model.recordAt(model.index(0, 0)), 2);
     QCOMPARE(model.recordAt(QModelIndex()), -1);
     QCOMPARE(model.rowCount(model.index(0, 0)), 0);
-    model.setUsers({});
+    model.setRecords({});
     QCOMPARE(model.rowCount(), 0);
 }
 
 void RecordModelTest::holdsValues()
 {
     UserModel model;
-    model.setUsers(users());
+    model.setRecords(users());
     QStringList cells;
     QStringList types;
     for (int column = 0; column < model.columnCount(); ++column) {
@@ -143,10 +143,10 @@ void RecordModelTest::sortsByType()
 
     UserModel model;
     QAbstractItemModelTester tester(&model);
-    model.setUsers(users());
+    model.setRecords(users());
     model.sort(column, order);
     QCOMPARE(shown(model), names);
-    model.setUsers(users());
+    model.setRecords(users());
     QCOMPARE(shown(model), names);
     model.sort(99);
     QCOMPARE(shown(model), names);
@@ -155,7 +155,7 @@ void RecordModelTest::sortsByType()
 void RecordModelTest::sortsEqualValuesByName()
 {
     UserModel model;
-    model.setUsers({user("b", 1), user("a", 1), user("b", 0), user("B", 1)});
+    model.setRecords({user("b", 1), user("a", 1), user("b", 0), user("B", 1)});
     model.sort(UserModel::UidColumn, Qt::DescendingOrder);
     QCOMPARE(shown(model), text("a b B b"));
     QCOMPARE(shown(model, UserModel::UidColumn), text("1 1 1 0"));
@@ -164,7 +164,7 @@ void RecordModelTest::sortsEqualValuesByName()
 void RecordModelTest::keepsPersistentIndexesWhenSorted()
 {
     UserModel model;
-    model.setUsers(users());
+    model.setRecords(users());
     QVector<QPersistentModelIndex> indexes;
     for (int row = 0; row < model.rowCount(); ++row) {
         indexes.append(model.index(row, row % 3));
@@ -217,11 +217,11 @@ void RecordModelTest::searchesEverywhere()
 
     UserModel model;
     QAbstractItemModelTester tester(&model);
-    model.setUsers(users());
+    model.setRecords(users());
     model.setSearch(SearchWords(search));
     QCOMPARE(shown(model), names);
     QCOMPARE(model.recordCount(), 6);
-    model.setUsers(users());
+    model.setRecords(users());
     QCOMPARE(shown(model), names);
     model.setSearch({});
     QCOMPARE(model.rowCount(), 6);
@@ -230,7 +230,7 @@ void RecordModelTest::searchesEverywhere()
 void RecordModelTest::doesNotSearchOtherTexts()
 {
     UserModel model;
-    model.setUsers(users());
+    model.setRecords(users());
     for (const char *word : {"Ordinary", "Yes"}) {
         model.setSearch(SearchWords(text(word)));
         QCOMPARE(model.rowCount(), 0);
@@ -256,7 +256,7 @@ void RecordModelTest::filters()
     UserModel model;
     QAbstractItemModelTester tester(&model);
     model.setFilter(filter);
-    model.setUsers(users());
+    model.setRecords(users());
     QCOMPARE(shown(model), names);
     QCOMPARE(model.filter(), filter);
 }
@@ -264,7 +264,7 @@ void RecordModelTest::filters()
 void RecordModelTest::searchesWithinFilter()
 {
     UserModel model;
-    model.setUsers(users());
+    model.setRecords(users());
     model.setFilter(UserModel::System);
     model.setSearch(SearchWords(text("a")));
     QCOMPARE(shown(model), text("Carl"));
@@ -275,7 +275,7 @@ void RecordModelTest::searchesWithinFilter()
 void RecordModelTest::findsShownRecords()
 {
     UserModel model;
-    model.setUsers(users());
+    model.setRecords(users());
     QCOMPARE(model.find(text("Carl")), model.index(2, 0));
     QVERIFY(!model.find(text("carl")).isValid());
     QVERIFY(model.hasRecord(text("Carl")));
@@ -289,7 +289,7 @@ void RecordModelTest::marksNews()
 {
     UserModel model;
     model.setNews({text("bob")});
-    model.setUsers(users());
+    model.setRecords(users());
     QVERIFY(model.index(1, 2).data(RecordModel::NewsRole).toBool());
     QVERIFY(!model.index(0, 2).data(RecordModel::NewsRole).toBool());
     QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
@@ -333,7 +333,7 @@ void RecordModelTest::isFastWithManyRecords()
         }
         return worst;
     };
-    const double filling = seconds([&] { model.setUsers(many); });
+    const double filling = seconds([&] { model.setRecords(many); });
     QVERIFY2(filling < limit, qPrintable(QString::number(filling)));
     const double searching = seconds([&] { model.setSearch(SearchWords(text("no such user"))); });
     QVERIFY2(searching < limit, qPrintable(QString::number(searching)));
