@@ -11,9 +11,7 @@
 
 #include <memory>
 
-using Fuzzing::Command;
-using Fuzzing::require;
-using Fuzzing::requireEqual;
+using namespace Fuzzing;
 
 // An input is a script. Both models carry out its commands. These are those of ListStage::act()
 // and of AccountScript::act().

@@ -16,9 +16,7 @@
 #include <memory>
 #include <type_traits>
 
-using Fuzzing::Command;
-using Fuzzing::require;
-using Fuzzing::requireEqual;
+using namespace Fuzzing;
 
 // An input is a script. Both dialogs carry out its commands. These are those of Stage::commands
 // and of AccountScript::act().

@@ -4,8 +4,8 @@
 */
 
 #include "dialogparts.h"
-#include "limitsfixtures.h"
 #include "mainwindow.h"
+#include "problemaccounts.h"
 #include "problemspage.h"
 #include "recordview.h"
 #include "windowfixture.h"
@@ -18,6 +18,8 @@
 #include <QTest>
 #include <QTreeView>
 
+using namespace ProblemAccounts;
+
 namespace
 {
 QString text(const char *latin1)
@@ -25,16 +27,10 @@ QString text(const char *latin1)
     return QString::fromLatin1(latin1);
 }
 
-const char goodUsers[] = "root:x:0:0:root:/nonexistent:/bin/sh\n"
-                         "ada:x:1000:50:Ada:/nonexistent:/bin/sh\n";
-const char goodGroups[] = "root:x:0:\nstaff:x:50:\n";
-
 /** A problem of a user, of a group, of a limit, and of another line. */
-void breakMachine()
+void setLinkedProblems()
 {
-    Sandbox::setAccounts(QByteArray(goodUsers) + "bob:*:1000:50:Bob:/nonexistent:/bin/sh\n",
-                         QByteArray(goodGroups) + "crew:*:51:eve\n\n");
-    Sandbox::write(limitsPath(), "ada soft core 0\nghost soft core 0\n");
+    addProblems("bob:*:1000:50:Bob:/nonexistent:/bin/sh\n", "crew:*:51:eve\n");
 }
 
 /** The page of problems in @p window, which becomes the current one. */
@@ -81,7 +77,7 @@ void ProblemLinksTest::init()
 
 void ProblemLinksTest::leadsToUsers()
 {
-    breakMachine();
+    setLinkedProblems();
     MainWindow window;
     QVERIFY(open(window));
     selectProblem(goToProblems(window), "same UID");
@@ -95,7 +91,7 @@ void ProblemLinksTest::leadsToUsers()
 
 void ProblemLinksTest::leadsToGroups()
 {
-    breakMachine();
+    setLinkedProblems();
     MainWindow window;
     QVERIFY(open(window));
     ProblemsPage &page = goToProblems(window);
@@ -108,7 +104,7 @@ void ProblemLinksTest::leadsToGroups()
 
 void ProblemLinksTest::leadsToLimits()
 {
-    breakMachine();
+    setLinkedProblems();
     MainWindow window;
     QVERIFY(open(window));
     ProblemsPage &page = goToProblems(window);
@@ -125,7 +121,7 @@ void ProblemLinksTest::leadsToLimits()
 
 void ProblemLinksTest::leadsNowhereFromBrokenLine()
 {
-    breakMachine();
+    setLinkedProblems();
     MainWindow window;
     QVERIFY(open(window));
     selectProblem(goToProblems(window), "comment");
@@ -139,7 +135,7 @@ void ProblemLinksTest::countsInTitle()
     MainWindow window;
     QVERIFY(open(window));
     QCOMPARE(tabTitle(window), text("Problems"));
-    breakMachine();
+    setLinkedProblems();
     window.reload();
     QVERIFY(waitUntilRead(window));
     QVERIFY(waitUntilShown(window));

@@ -8,7 +8,7 @@
 #include "accountstore.h"
 #include "dialogparts.h"
 #include "eventloopdelay.h"
-#include "limitsfixtures.h"
+#include "problemaccounts.h"
 #include "problemstore.h"
 #include "recordview.h"
 #include "rowactions.h"
@@ -29,6 +29,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace ProblemAccounts;
+
 namespace
 {
 // In milliseconds. Sanitizers take their time.
@@ -43,18 +45,12 @@ QString text(const char *latin1)
     return QString::fromLatin1(latin1);
 }
 
-const char goodUsers[] = "root:x:0:0:root:/nonexistent:/bin/sh\n"
-                         "ada:x:1000:50:Ada:/nonexistent:/bin/sh\n";
-const char goodGroups[] = "root:x:0:\nstaff:x:50:\n";
-
 /** Two errors, two warnings and a note. */
 void breakMachine()
 {
-    Sandbox::setAccounts(QByteArray(goodUsers) + "bob:x:1000:77:Bob:/nonexistent:/bin/sh\n",
-                         QByteArray(goodGroups) + "crew:x:51:eve\n\n");
+    addProblems("bob:x:1000:77:Bob:/nonexistent:/bin/sh\n", "crew:x:51:eve\n");
     Sandbox::write(text("/etc/shadow"), "root:*:1::::::\nada:*:1::::::\nbob:*:1::::::\n");
     Sandbox::write(text("/etc/gshadow"), "root:*::\nstaff:*::\ncrew:*::eve\n");
-    Sandbox::write(limitsPath(), "ada soft core 0\nghost soft core 0\n");
 }
 
 struct Page {
