@@ -53,4 +53,21 @@ private:
     QHash<QByteArray, QByteArray> m_lines;
 };
 
+/** Runs the script @p input: each command on the account files, on a stage for users and on one for groups. */
+template<typename UserStage, typename GroupStage>
+void runScript(const QByteArray &input, int mostCommands)
+{
+    AccountScript files;
+    UserStage users;
+    GroupStage groups;
+    const QList<Fuzzing::Command> commands = Fuzzing::commands(input, mostCommands);
+    for (const Fuzzing::Command &command : commands) {
+        files.act(command);
+        users.act(command);
+        users.check();
+        groups.act(command);
+        groups.check();
+    }
+}
+
 #endif

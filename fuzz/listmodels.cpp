@@ -200,15 +200,5 @@ void Target::prepare()
 
 void Target::run(const QByteArray &input)
 {
-    AccountScript files;
-    ListStage<Users> users;
-    ListStage<Groups> groups;
-    const QList<Command> commands = Fuzzing::commands(input, mostCommands);
-    for (const Command &command : commands) {
-        files.act(command);
-        users.act(command);
-        users.check();
-        groups.act(command);
-        groups.check();
-    }
+    runScript<ListStage<Users>, ListStage<Groups>>(input, mostCommands);
 }

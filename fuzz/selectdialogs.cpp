@@ -316,15 +316,5 @@ void Target::prepare()
 
 void Target::run(const QByteArray &input)
 {
-    AccountScript files;
-    Stage<PickedUsers> users;
-    Stage<PickedGroups> groups;
-    const QList<Command> commands = Fuzzing::commands(input, mostCommands);
-    for (const Command &command : commands) {
-        files.act(command);
-        users.act(command);
-        users.check();
-        groups.act(command);
-        groups.check();
-    }
+    runScript<Stage<PickedUsers>, Stage<PickedGroups>>(input, mostCommands);
 }
