@@ -5,6 +5,7 @@
 
 #include "iconcommands.h"
 
+#include "accountdialogs.h"
 #include "picturereader.h"
 #include "waitcursor.h"
 
@@ -66,6 +67,7 @@ int pickIcon(const QCommandLineParser &options, const QString &file)
         return usageError(i18n("The option --output is missing."));
     }
     UserIconDialog dialog;
+    AccountDialogs::prepareIcon(dialog);
     if (!file.isNull()) {
         dialog.show(); // the cursor shows that it is busy
         const WaitCursor wait;

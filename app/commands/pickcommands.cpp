@@ -5,6 +5,7 @@
 
 #include "pickcommands.h"
 
+#include "accountdialogs.h"
 #include "findaccount.h"
 #include "recordtext.h"
 #include "visibletext.h"
@@ -75,6 +76,7 @@ int pickUsers(const QCommandLineParser &options, const QString & /*operand*/)
         }
     }
     UserSelectDialog dialog(group, group.users());
+    AccountDialogs::prepareSelection(dialog);
     dialog.setSingleSelectionMode(options.isSet(singleOption()));
     return dialog.exec() == QDialog::Accepted ? printNames(dialog.selectedUserNames()) : Failure;
 }
@@ -90,6 +92,7 @@ int pickGroups(const QCommandLineParser &options, const QString & /*operand*/)
     }
     const bool single = options.isSet(singleOption());
     GroupSelectDialog dialog(user.name(), user.groupNames());
+    AccountDialogs::prepareSelection(dialog);
     dialog.setSingleSelectionMode(single);
     if (dialog.exec() != QDialog::Accepted) {
         return Failure;

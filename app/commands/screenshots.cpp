@@ -6,6 +6,7 @@
 #include "screenshots.h"
 
 #include "about.h"
+#include "accountdialogs.h"
 #include "command.h"
 #include "commandsdialog.h"
 #include "icons.h"
@@ -64,14 +65,14 @@ QPixmap stockPicture()
 
 std::unique_ptr<QWidget> selectUsers(bool single)
 {
-    auto dialog = std::make_unique<UserSelectDialog>();
+    auto dialog = AccountDialogs::makeSelection<UserSelectDialog>();
     dialog->setSingleSelectionMode(single);
     return dialog;
 }
 
 std::unique_ptr<QWidget> selectGroups(bool single)
 {
-    auto dialog = std::make_unique<GroupSelectDialog>();
+    auto dialog = AccountDialogs::makeSelection<GroupSelectDialog>();
     dialog->setSingleSelectionMode(single);
     return dialog;
 }

@@ -83,9 +83,11 @@ void MainWindow::addPages()
     addPage(m_usersPage, "users", i18nc("@title:tab also in a menu", "&Users"));
     addPage(m_groupsPage, "groups", i18nc("@title:tab also in a menu", "&Groups"));
     addPage(m_limitsPage, "limits", i18nc("@title:tab also in a menu", "&Limits"));
-    addPage(new NewAccountPage(m_store), "new-account", i18nc("@title:tab also in a menu", "&New Account"));
     m_problemsPage = new ProblemsPage(m_problems);
     addPage(m_problemsPage, "problems", i18nc("@title:tab also in a menu", "&Problems"));
+    m_newAccountPage = new NewAccountPage(m_store);
+    addPage(m_newAccountPage, "new-account", i18nc("@title:tab also in a menu", "&New Account"));
+    connect(m_limitsPage, &LimitsPage::followed, this, &MainWindow::follow);
     for (ListPage *page : {m_usersPage, m_groupsPage, m_problemsPage}) {
         connect(page, &ListPage::followed, this, &MainWindow::follow);
     }
@@ -113,23 +115,24 @@ void MainWindow::addMenus()
 
 void MainWindow::addFileMenu()
 {
-    QMenu *menu = menuBar()->addMenu(i18nc("@title:menu", "&File"));
-    menu->addAction(QIcon::fromTheme(QStringLiteral("view-refresh")),
-                    i18nc("@action:inmenu read the accounts again", "&Reload"),
-                    this,
-                    &MainWindow::reload,
-                    QKeySequence::Refresh);
-    m_cancelAction = menu->addAction(QIcon::fromTheme(QStringLiteral("process-stop")),
-                                     i18nc("@action:inmenu stop reading the accounts", "&Cancel Reading"),
-                                     m_store,
-                                     &AccountStore::cancel,
-                                     QKeySequence(Qt::Key_Escape));
-    menu->addSeparator();
-    QAction *quit = menu->addAction(QIcon::fromTheme(QStringLiteral("application-exit")),
-                                    i18nc("@action:inmenu", "&Quit"),
-                                    this,
-                                    &QWidget::close,
-                                    QKeySequence(QStringLiteral("Ctrl+Q"), QKeySequence::PortableText));
+    m_fileMenu = menuBar()->addMenu(i18nc("@title:menu", "&File"));
+    m_fileMenu->addAction(QIcon::fromTheme(QStringLiteral("view-refresh")),
+                          i18nc("@action:inmenu read the accounts again", "&Reload"),
+                          this,
+                          &MainWindow::reload,
+                          QKeySequence::Refresh);
+    m_cancelAction = m_fileMenu->addAction(QIcon::fromTheme(QStringLiteral("process-stop")),
+                                           i18nc("@action:inmenu stop reading the accounts", "&Cancel Reading"),
+                                           m_store,
+                                           &AccountStore::cancel,
+                                           QKeySequence(Qt::Key_Escape));
+    m_fileMenu->addSeparator();
+    m_quitSeparator = m_fileMenu->addSeparator();
+    QAction *quit = m_fileMenu->addAction(QIcon::fromTheme(QStringLiteral("application-exit")),
+                                          i18nc("@action:inmenu", "&Quit"),
+                                          this,
+                                          &QWidget::close,
+                                          QKeySequence(QStringLiteral("Ctrl+Q"), QKeySequence::PortableText));
     quit->setMenuRole(QAction::QuitRole);
 }
 
@@ -220,6 +223,7 @@ void MainWindow::updatePage()
     m_pageActions->actions().at(m_pages->currentIndex())->setChecked(true);
     RecordList *list = currentList();
     m_searchAction->setEnabled(list);
+    updateExport();
     m_editMenu->clear();
     if (list) {
         m_editMenu->addActions(list->rowActions()->actions());
@@ -227,6 +231,19 @@ void MainWindow::updatePage()
         m_editMenu->addActions(m_pages->currentWidget()->actions());
     }
     m_editMenu->menuAction()->setVisible(list);
+}
+
+/** Each list has an action of its own. */
+void MainWindow::updateExport()
+{
+    if (m_exportAction) {
+        m_fileMenu->removeAction(m_exportAction);
+    }
+    const RecordList *list = currentList();
+    m_exportAction = list ? list->rowActions()->exportAction() : nullptr;
+    if (m_exportAction) {
+        m_fileMenu->insertAction(m_quitSeparator, m_exportAction);
+    }
 }
 
 void MainWindow::updateReading()
@@ -258,7 +275,11 @@ void MainWindow::reportReloaded()
 AccountLink MainWindow::place() const
 {
     const auto *page = qobject_cast<ListPage *>(m_pages->currentWidget());
-    return page ? page->place() : AccountLink{AccountLink::Kind::Limit, QString()};
+    if (page) {
+        return page->place();
+    }
+    return m_pages->currentWidget() == m_limitsPage ? AccountLink{AccountLink::Kind::Limit, m_limitsPage->place()}
+                                                    : AccountLink{AccountLink::Kind::NewAccount, QString()};
 }
 
 void MainWindow::follow(const AccountLink &link)
@@ -272,6 +293,10 @@ void MainWindow::go(const AccountLink &link)
     if (link.kind == AccountLink::Kind::Limit) {
         m_pages->setCurrentWidget(m_limitsPage);
         m_limitsPage->showLine(link.name);
+        return;
+    }
+    if (link.kind == AccountLink::Kind::NewAccount) {
+        m_pages->setCurrentWidget(m_newAccountPage);
         return;
     }
     ListPage *page = pageOf(link.kind);

@@ -56,6 +56,7 @@ private:
     void addHelpMenu();
     void addGoButtons();
     void updatePage();
+    void updateExport();
     void updateReading();
     void updateGoing();
     void updateProblems();
@@ -75,7 +76,11 @@ private:
     ListPage *m_groupsPage = nullptr;
     LimitsPage *m_limitsPage = nullptr;
     ListPage *m_problemsPage = nullptr;
+    QWidget *m_newAccountPage = nullptr;
+    QMenu *m_fileMenu = nullptr;
     QMenu *m_editMenu = nullptr;
+    QAction *m_exportAction = nullptr;
+    QAction *m_quitSeparator = nullptr;
     QAction *m_cancelAction = nullptr;
     QAction *m_searchAction = nullptr;
     QAction *m_backAction = nullptr;

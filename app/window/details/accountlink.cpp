@@ -23,6 +23,7 @@ const struct {
     {AccountLink::Kind::Group, QLatin1String("group:")},
     {AccountLink::Kind::Limit, QLatin1String("limit:")},
     {AccountLink::Kind::Problem, QLatin1String("problem:")},
+    {AccountLink::Kind::NewAccount, QLatin1String("new-account:")},
 };
 }
 

@@ -8,9 +8,10 @@
 
 #include <QString>
 
-/** A place in the window: a user, a group, a line of the limits files as "file:line", or a problem. */
+/** A place in the window: a user, a group, a line of the limits files as "file:line", a problem, or a page without a
+ * list. */
 struct AccountLink {
-    enum class Kind { User, Group, Limit, Problem };
+    enum class Kind { User, Group, Limit, Problem, NewAccount };
 
     Kind kind = Kind::User;
     QString name;

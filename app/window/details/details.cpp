@@ -13,7 +13,7 @@
 #include "visibletext.h"
 
 #include <QAction>
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
 
@@ -68,7 +68,7 @@ Details::Details(int pictureSize, QWidget *parent)
     head->addLayout(names, 1);
 
     m_fields = new QWidget(content);
-    m_fieldsLayout = new QFormLayout(m_fields);
+    m_fieldsLayout = new QGridLayout(m_fields);
     m_fieldsLayout->setContentsMargins({});
     auto *layout = new QVBoxLayout(content);
     layout->setContentsMargins({});
@@ -127,7 +127,7 @@ void Details::addField(const QString &title, QLabel *field)
     // The tab key stops here, too, so that the text can be read out and copied.
     field->setFocusPolicy(Qt::StrongFocus);
     field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    PageLayout::addRow(m_fieldsLayout, title, field);
+    m_titles.insert(field, PageLayout::addRow(m_fieldsLayout, title, field));
 }
 
 void Details::addButtons(const QList<QAction *> &actions)
@@ -162,5 +162,5 @@ void Details::setText(LineLabel &field, const QString &text)
 void Details::setFieldVisible(LineLabel &field, bool visible)
 {
     field.setVisible(visible);
-    m_fieldsLayout->labelForField(&field)->setVisible(visible);
+    m_titles.value(&field)->setVisible(visible);
 }

@@ -9,10 +9,12 @@
 #include "accountlink.h"
 #include "contentarea.h"
 
+#include <QHash>
+
 class LineLabel;
 class LinkLabel;
 class QAction;
-class QFormLayout;
+class QGridLayout;
 class QLabel;
 
 /** The details of one account: picture, name, remarks, and fields below. */
@@ -59,7 +61,8 @@ private:
     LineLabel *m_title = nullptr;
     QLabel *m_remarks = nullptr;
     QWidget *m_fields = nullptr;
-    QFormLayout *m_fieldsLayout = nullptr;
+    QGridLayout *m_fieldsLayout = nullptr;
+    QHash<const QLabel *, QLabel *> m_titles;
 };
 
 #endif

@@ -18,15 +18,25 @@ LinkLabel::LinkLabel(QWidget *parent)
         this, &QLabel::linkActivated, this, [this](const QString &url) { Q_EMIT followed(AccountLink::fromUrl(url)); });
 }
 
-void LinkLabel::setLinks(AccountLink::Kind kind, const QStringList &names)
+void LinkLabel::setLinks(AccountLink::Kind kind, const QStringList &names, const QString &rest)
 {
     QStringList links;
     for (const QString &name : names) {
         links.append(AccountLink{kind, name}.toRichText());
     }
-    setText(links.isEmpty() ? QStringLiteral(u"\u2013") : links.join(QLatin1String(", ")));
-    setAccessibleName(VisibleText::fromText(names.join(QLatin1String(", "))));
+    const bool isEmpty = links.isEmpty() && rest.isEmpty();
+    const QString shownRest = isEmpty ? QStringLiteral(u"\u2013") : VisibleText::fromText(rest);
+    setLinkedText(links.join(QLatin1String(", ")) + shownRest.toHtmlEscaped(),
+                  VisibleText::fromText(names.join(QLatin1String(", ")) + rest));
     // Without links the tab key has no reason to stop here.
-    setTextInteractionFlags(links.isEmpty() ? Qt::TextSelectableByMouse
-                                            : Qt::TextBrowserInteraction | Qt::LinksAccessibleByKeyboard);
+    if (links.isEmpty()) {
+        setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
+}
+
+void LinkLabel::setLinkedText(const QString &richText, const QString &text)
+{
+    setText(richText);
+    setAccessibleName(text);
+    setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
 }

@@ -10,7 +10,7 @@
 
 #include <QLabel>
 
-/** Links to accounts, on as many lines as necessary. */
+/** Text with links, on as many lines as necessary. */
 class LinkLabel : public QLabel
 {
     Q_OBJECT
@@ -18,8 +18,11 @@ class LinkLabel : public QLabel
 public:
     explicit LinkLabel(QWidget *parent = nullptr);
 
-    /** Shows a link to each of @p names, or a dash for none. */
-    void setLinks(AccountLink::Kind kind, const QStringList &names);
+    /** Shows a link to each of @p names, and @p rest after them; a dash when there is nothing to show. */
+    void setLinks(AccountLink::Kind kind, const QStringList &names, const QString &rest = {});
+
+    /** Shows rich text. The visible text is @p text, for screen readers. */
+    void setLinkedText(const QString &richText, const QString &text);
 
 Q_SIGNALS:
     void followed(const AccountLink &link);

@@ -7,6 +7,7 @@
 
 #include "lefttoright.h"
 #include "linklabel.h"
+#include "pagelayout.h"
 #include "problem.h"
 #include "visibletext.h"
 
@@ -42,11 +43,10 @@ ProblemDetails::ProblemDetails(QWidget *parent)
     , m_meaning(addText("problemMeaning", i18nc("@label of a problem", "What it means:")))
     , m_remedy(addText("problemRemedy", i18nc("@label of a problem", "What to do:")))
     , m_link(new LinkLabel(this))
-    , m_linkTitle(addRow(QString(), m_link))
+    , m_linkTitle(PageLayout::addRow(m_layout, QString(), m_link))
 {
     m_layout->setContentsMargins({});
     m_link->setObjectName(QStringLiteral("problemLink"));
-    m_layout->setColumnStretch(1, 1);
     connect(m_link, &LinkLabel::followed, this, &ProblemDetails::followed);
 }
 
@@ -58,19 +58,7 @@ QLabel *ProblemDetails::addText(const char *name, const QString &title)
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     label->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
-    addRow(title, label);
-    return label;
-}
-
-/** A form layout would give each wrapped text the same height, however many lines it has. */
-QLabel *ProblemDetails::addRow(const QString &title, QLabel *field)
-{
-    auto *label = new QLabel(title, this);
-    label->setAlignment(Qt::AlignTop | Qt::AlignLeading);
-    label->setBuddy(field);
-    const int row = m_layout->rowCount();
-    m_layout->addWidget(label, row, 0);
-    m_layout->addWidget(field, row, 1);
+    PageLayout::addRow(m_layout, title, label);
     return label;
 }
 

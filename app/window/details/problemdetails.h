@@ -35,7 +35,6 @@ Q_SIGNALS:
 
 private:
     QLabel *addText(const char *name, const QString &title);
-    QLabel *addRow(const QString &title, QLabel *field);
     void showLink(const std::optional<AccountLink> &link);
 
     QGridLayout *const m_layout;

@@ -7,6 +7,7 @@
 
 #include "lefttoright.h"
 #include "limitwords.h"
+#include "linklabel.h"
 #include "messages.h"
 #include "plaintext.h"
 #include "table.h"
@@ -26,33 +27,68 @@ enum Column { ItemColumn, SoftColumn, HardColumn, SourceColumn, DescriptionColum
 /** How many lines are explained; there may be thousands for an item. */
 constexpr int maxLines = 12;
 
-/** What a rule says and how it came out, as lines of text. */
-QString describe(const PamLimits::SessionLimits &limits, const PamLimits::Outcome &outcome)
-{
-    const PamLimits::Line &line = limits.rules().lines().at(outcome.line);
+/** What a rule says and how it came out. */
+struct Explanation {
+    QString place;
+    QString rule;
     QStringList fates;
-    for (const PamLimits::Outcome::Part &part : outcome.parts) {
-        fates.append(VisibleText::fromText(LimitWords::outcome(limits, part)));
+};
+
+/** What became of both limits that a rule sets; which of them only where they differ. */
+QStringList fatesOf(const PamLimits::SessionLimits &limits, const PamLimits::Outcome &outcome)
+{
+    const auto fate = [&](PamLimits::Half half) {
+        return VisibleText::fromText(LimitWords::outcome(limits, outcome.parts[half]));
+    };
+    const QString soft = fate(PamLimits::SoftHalf);
+    const QString hard = fate(PamLimits::HardHalf);
+    if (soft.isEmpty() || hard.isEmpty() || soft == hard) {
+        return {soft.isEmpty() ? hard : soft};
     }
-    fates.removeAll(QString());
-    fates.removeDuplicates();
-    const QString place = limits.rules().placeOf(line);
-    const QString text = LimitWords::fromFile(limits.rules().textOf(line));
-    return LeftToRight::embed(VisibleText::fromText(place + QLatin1String("  ") + text)) + QLatin1String("\n    ")
-        + fates.join(QLatin1String("\n    "));
+    return {QLatin1String("soft: ") + soft, QLatin1String("hard: ") + hard};
 }
 
 /** The rules for @p item among @p outcomes, the last ones when there are many. */
-QString
-describe(const PamLimits::SessionLimits &limits, const QVector<PamLimits::Outcome> &outcomes, PamLimits::Item item)
+QVector<Explanation>
+explain(const PamLimits::SessionLimits &limits, const QVector<PamLimits::Outcome> &outcomes, PamLimits::Item item)
 {
-    QStringList texts;
-    for (auto outcome = outcomes.crbegin(); outcome != outcomes.crend() && texts.size() < maxLines; ++outcome) {
-        if (limits.rules().lines().at(outcome->line).item == item) {
-            texts.prepend(describe(limits, *outcome));
+    QVector<Explanation> explanations;
+    for (auto outcome = outcomes.crbegin(); outcome != outcomes.crend() && explanations.size() < maxLines; ++outcome) {
+        const PamLimits::Line &line = limits.rules().lines().at(outcome->line);
+        if (line.item == item) {
+            const QString rule = VisibleText::fromText(LimitWords::fromFile(limits.rules().textOf(line)));
+            explanations.prepend({limits.rules().placeOf(line), rule, fatesOf(limits, *outcome)});
         }
     }
-    return texts.join(QLatin1Char('\n'));
+    return explanations;
+}
+
+QString toText(const QVector<Explanation> &explanations)
+{
+    QStringList lines;
+    for (const Explanation &explanation : explanations) {
+        const QString line = VisibleText::fromText(explanation.place) + QLatin1String("  ") + explanation.rule;
+        lines.append(LeftToRight::embed(line));
+        for (const QString &fate : explanation.fates) {
+            lines.append(QLatin1String("    ") + fate);
+        }
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+/** The same, with links to the lines. */
+QString toRichText(const QVector<Explanation> &explanations)
+{
+    QStringList lines;
+    for (const Explanation &explanation : explanations) {
+        const AccountLink link{AccountLink::Kind::Limit, explanation.place};
+        const QString rule = LeftToRight::embed(explanation.rule).toHtmlEscaped();
+        lines.append(link.toRichText() + QLatin1String("&nbsp; ") + rule);
+        for (const QString &fate : explanation.fates) {
+            lines.append(QLatin1String("&nbsp;&nbsp;&nbsp; ") + fate.toHtmlEscaped());
+        }
+    }
+    return lines.join(QLatin1String("<br>"));
 }
 
 /** The lines that decide, without the folder that all their files are in. */
@@ -82,17 +118,13 @@ SessionLimitsView::SessionLimitsView(QWidget *parent)
                         },
                         this))
     , m_title(m_table->createTitleLabel())
-    , m_explanation(new QLabel(this))
+    , m_explanation(new LinkLabel(this))
 {
     m_none->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
     m_table->setObjectName(QStringLiteral("limitsTable"));
     m_none->setObjectName(QStringLiteral("noLimits"));
     m_failure->setObjectName(QStringLiteral("sessionFailure"));
     m_explanation->setObjectName(QStringLiteral("limitExplanation"));
-    m_explanation->setTextFormat(Qt::PlainText);
-    m_explanation->setWordWrap(true);
-    m_explanation->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    m_explanation->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
@@ -103,7 +135,8 @@ SessionLimitsView::SessionLimitsView(QWidget *parent)
     layout->addWidget(m_explanation);
     layout->addWidget(m_none, 1);
     m_table->viewport()->installEventFilter(this);
-    connect(m_table, &QTreeWidget::itemSelectionChanged, this, &SessionLimitsView::explain);
+    connect(m_table, &QTreeWidget::itemSelectionChanged, this, &SessionLimitsView::showExplanation);
+    connect(m_explanation, &LinkLabel::followed, this, &SessionLimitsView::followed);
     clear();
 }
 
@@ -166,7 +199,7 @@ void SessionLimitsView::showRows(const PamLimits::Answer &answer, const QVector<
             continue;
         }
         const QString description = LimitWords::description(item);
-        const QString lines = describe(m_limits, outcomes, item);
+        const QString lines = toText(explain(m_limits, outcomes, item));
         m_items.append(item);
         rows.append(Table::row({
             {QString::fromLatin1(nameOf(item)), description},
@@ -182,16 +215,18 @@ void SessionLimitsView::showRows(const PamLimits::Answer &answer, const QVector<
     m_table->setVisible(!rows.isEmpty());
     m_title->setVisible(!rows.isEmpty());
     m_none->setVisible(rows.isEmpty());
-    explain();
+    showExplanation();
 }
 
-void SessionLimitsView::explain()
+void SessionLimitsView::showExplanation()
 {
     const QList<QTreeWidgetItem *> selected = m_table->selectedItems();
     const int row = selected.isEmpty() ? -1 : m_table->indexOfTopLevelItem(selected.first());
     const bool isAsked = row >= 0 && row < m_items.size();
-    const QString text =
-        isAsked ? describe(m_limits, m_limits.outcomes(m_account, m_items.at(row)), m_items.at(row)) : QString();
-    m_explanation->setText(text);
-    m_explanation->setVisible(!text.isEmpty());
+    m_explanation->setVisible(isAsked);
+    if (isAsked) {
+        const PamLimits::Item item = m_items.at(row);
+        const QVector<Explanation> explanations = explain(m_limits, m_limits.outcomes(m_account, item), item);
+        m_explanation->setLinkedText(toRichText(explanations), toText(explanations));
+    }
 }

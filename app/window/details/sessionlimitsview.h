@@ -6,11 +6,13 @@
 #ifndef SESSIONLIMITSVIEW_H
 #define SESSIONLIMITSVIEW_H
 
+#include "accountlink.h"
 #include "sessionlimits.h"
 
 #include <QWidget>
 
 class KMessageWidget;
+class LinkLabel;
 class QLabel;
 class Table;
 
@@ -32,13 +34,17 @@ public:
      */
     void show(const PamLimits::SessionLimits &limits, const PamLimits::Account &account, const QString &error);
 
+Q_SIGNALS:
+    /** The operator wants to see a line of the limits files. */
+    void followed(const AccountLink &link);
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void fitSources();
     void showRows(const PamLimits::Answer &answer, const QVector<PamLimits::Outcome> &outcomes);
-    void explain();
+    void showExplanation();
 
     PamLimits::SessionLimits m_limits;
     PamLimits::Account m_account;
@@ -51,7 +57,7 @@ private:
     QLabel *const m_none;
     Table *const m_table;
     QLabel *const m_title;
-    QLabel *const m_explanation;
+    LinkLabel *const m_explanation;
 };
 
 #endif

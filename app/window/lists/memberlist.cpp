@@ -24,6 +24,8 @@ MemberList::MemberList(QWidget *parent)
 {
     m_view->setObjectName(QStringLiteral("membersView"));
     m_view->setAccessibleName(i18nc("@title of a list", "Members"));
+    // Each group has other members.
+    m_view->setAlwaysFitting(true);
     m_title->setObjectName(QStringLiteral("membersTitle"));
     m_title->setAlignment(LeftToRight::lineStart());
     m_title->setBuddy(m_view);

@@ -72,6 +72,8 @@ void RecordList::arrange()
     layout->addLayout(find);
     layout->addWidget(m_stack, 1);
     layout->addWidget(m_count);
+    // As they are seen.
+    setTabOrder(m_searchField, m_filterComboBox);
 }
 
 QWidget *RecordList::createNoMatch()

@@ -15,6 +15,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSettings>
 
@@ -26,8 +27,9 @@ namespace
 constexpr int maxCharacters = 28;
 constexpr int maxWideCharacters = 60;
 
-/** The preferred width of a list. In characters. */
-constexpr int wantedCharacters = 56;
+/** The preferred width of a list, at least and at most. In characters. */
+constexpr int minWantedCharacters = 56;
+constexpr int maxWantedCharacters = 72;
 
 /** How many rows count for the width of a column. To measure the texts of all would take long. */
 constexpr int measuredRows = 100;
@@ -51,6 +53,7 @@ RecordView::RecordView(RecordModel *model, QWidget *parent)
     header()->setContextMenuPolicy(Qt::ActionsContextMenu);
     addColumnActions();
     fitColumns();
+    connect(header(), &QHeaderView::sectionResized, this, &RecordView::noteWidth);
     connect(model, &QAbstractItemModel::modelReset, this, &RecordView::restore);
     connect(this, &QAbstractItemView::activated, this, [this](const QModelIndex &index) {
         Q_EMIT recordActivated(m_model->recordAt(index));
@@ -59,7 +62,10 @@ RecordView::RecordView(RecordModel *model, QWidget *parent)
 
 QSize RecordView::sizeHint() const
 {
-    return {wantedCharacters * fontMetrics().averageCharWidth(), QTreeView::sizeHint().height()};
+    const int character = fontMetrics().averageCharWidth();
+    const int contents = m_fittedWidth + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+    return {qBound(minWantedCharacters * character, contents, maxWantedCharacters * character),
+            QTreeView::sizeHint().height()};
 }
 
 RecordModel *RecordView::recordModel() const
@@ -157,14 +163,48 @@ void RecordView::restore()
 
 void RecordView::fitColumns()
 {
-    if (m_hasWidths) {
+    if (m_hasChosenWidths || (m_hasFitted && !m_alwaysFitting)) {
         return;
     }
-    m_hasWidths = m_model->rowCount() > 0;
+    m_hasFitted = m_model->rowCount() > 0;
     for (int column = 0; column < m_model->columnCount(); ++column) {
-        const int characters = column == m_wideColumn ? maxWideCharacters : maxCharacters;
-        const int width = qMin(sizeHintForColumn(column), characters * fontMetrics().averageCharWidth());
-        header()->resizeSection(column, qMax(width, header()->sectionSizeHint(column)));
+        fitColumn(column);
+    }
+    m_fittedWidth = header()->length();
+    updateGeometry();
+}
+
+void RecordView::fitColumn(int column)
+{
+    const QScopedValueRollback<bool> fitting(m_fitting, true);
+    const int width = qMin(sizeHintForColumn(column), maxWidth(column));
+    header()->resizeSection(column, qMax(width, header()->sectionSizeHint(column)));
+}
+
+int RecordView::maxWidth(int column) const
+{
+    const int character = fontMetrics().averageCharWidth();
+    if (column != m_wideColumn) {
+        return maxCharacters * character;
+    }
+    // Sentences get all the room that the other columns leave.
+    const int left = viewport()->width() - header()->length() + header()->sectionSize(column);
+    return qMax(left, maxWideCharacters * character);
+}
+
+void RecordView::noteWidth(int /*section*/, int oldSize, int newSize)
+{
+    // Columns that are hidden or shown change to nothing or from nothing.
+    if (!m_fitting && oldSize > 0 && newSize > 0) {
+        m_hasChosenWidths = true;
+    }
+}
+
+void RecordView::resizeEvent(QResizeEvent *event)
+{
+    QTreeView::resizeEvent(event);
+    if (m_wideColumn != -1 && m_hasFitted && !m_hasChosenWidths) {
+        fitColumn(m_wideColumn);
     }
 }
 
@@ -257,6 +297,11 @@ void RecordView::setWideColumn(int column)
     m_wideColumn = column;
 }
 
+void RecordView::setAlwaysFitting(bool always)
+{
+    m_alwaysFitting = always;
+}
+
 QVector<int> RecordView::shownColumns() const
 {
     QVector<int> columns;
@@ -277,6 +322,7 @@ QString RecordView::settingsKey(const char *name) const
 void RecordView::saveState(QSettings &settings) const
 {
     settings.setValue(settingsKey("header"), header()->saveState());
+    settings.setValue(settingsKey("hasChosenWidths"), m_hasChosenWidths);
     settings.setValue(settingsKey("current"), m_currentName);
 }
 
@@ -284,7 +330,7 @@ void RecordView::restoreState(const QSettings &settings)
 {
     const QByteArray state = settings.value(settingsKey("header")).toByteArray();
     if (header()->restoreState(state)) {
-        m_hasWidths = true;
+        m_hasChosenWidths = settings.value(settingsKey("hasChosenWidths"), true).toBool();
         setColumnHidden(0, false);
         updateColumnActions();
         sortByColumn(header()->sortIndicatorSection(), header()->sortIndicatorOrder());

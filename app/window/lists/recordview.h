@@ -24,7 +24,7 @@ public:
     /** @param model outlives the view */
     explicit RecordView(RecordModel *model, QWidget *parent = nullptr);
 
-    /** Wide enough for some columns. */
+    /** Wide enough for the columns that are shown, or some of them. */
     QSize sizeHint() const override;
 
     RecordModel *recordModel() const;
@@ -47,6 +47,9 @@ public:
     /** Gives @p column, which has sentences, much room at first. */
     void setWideColumn(int column);
 
+    /** Fits the columns each time the model is filled, not just the first time. Not after the operator chose widths. */
+    void setAlwaysFitting(bool always);
+
     /** Sections in the order in which they are shown, without the hidden ones. */
     QVector<int> shownColumns() const;
 
@@ -68,6 +71,7 @@ Q_SIGNALS:
 protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void remember();
@@ -76,6 +80,9 @@ private:
     void addColumnActions();
     void updateColumnActions();
     void fitColumns();
+    void fitColumn(int column);
+    int maxWidth(int column) const;
+    void noteWidth(int section, int oldSize, int newSize);
     QString settingsKey(const char *name) const;
 
     RecordModel *const m_model;
@@ -87,8 +94,14 @@ private:
     QString m_topName;
     /** Whether the model is being filled again. Then a new current row is not the operator's choice. */
     bool m_restoring = false;
-    /** Whether columns already have widths: chosen ones, or those of their first contents. */
-    bool m_hasWidths = false;
+    bool m_alwaysFitting = false;
+    bool m_fitting = false;
+    /** Whether columns have widths that fit their first contents. */
+    bool m_hasFitted = false;
+    /** Whether columns have widths that the operator chose. */
+    bool m_hasChosenWidths = false;
+    /** How wide the columns are together that fit their contents. */
+    int m_fittedWidth = 0;
 };
 
 #endif

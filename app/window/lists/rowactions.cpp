@@ -44,6 +44,31 @@ QByteArray contentFor(const QString &path, const RowTable &rows)
     }
     return rows.toCsv().toUtf8();
 }
+
+QString exportTitle()
+{
+    return i18nc("@title:window", "Export the List");
+}
+
+/** Where to write the list that is called @p name; empty when the operator does not want to. */
+QString askForFile(const QString &name, QWidget *parent)
+{
+    QFileDialog dialog(parent, exportTitle());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters({
+        i18nc("@item:inlistbox types of files", "CSV files (*.csv)"),
+        i18nc("@item:inlistbox types of files", "JSON files (*.json)"),
+        i18nc("@item:inlistbox types of files", "Text files (*.txt)"),
+    });
+    // A name without a suffix gets that of the type, and the content follows the suffix.
+    const auto setSuffix = [&dialog](const QString &filter) {
+        dialog.setDefaultSuffix(filter.section(QLatin1String("*."), 1).section(QLatin1Char(')'), 0, 0));
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, setSuffix);
+    setSuffix(dialog.selectedNameFilter());
+    dialog.selectFile(name);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
 }
 
 RowActions::RowActions(RecordView *view)
@@ -60,8 +85,10 @@ RowActions::RowActions(RecordView *view)
     all->setShortcut(QKeySequence::SelectAll);
     all->setShortcutContext(Qt::WidgetShortcut);
     connect(all, &QAction::triggered, view, &QAbstractItemView::selectAll);
-    add(i18nc("@action:inmenu all rows of a list", "&Export…"), "document-export", &RowActions::exportRows);
+    m_exportAction =
+        add(i18nc("@action:inmenu all rows of a list", "&Export…"), "document-export", &RowActions::exportRows);
     view->addActions(m_actions);
+    m_actions.removeLast();
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &RowActions::updateActions);
     connect(view->model(), &QAbstractItemModel::modelReset, this, &RowActions::updateActions);
     updateActions();
@@ -80,6 +107,11 @@ QAction *RowActions::add(const QString &text, const char *icon, void (RowActions
 QList<QAction *> RowActions::actions() const
 {
     return m_actions;
+}
+
+QAction *RowActions::exportAction() const
+{
+    return m_exportAction;
 }
 
 void RowActions::updateActions()
@@ -146,21 +178,13 @@ void RowActions::copyJson() const
 
 void RowActions::exportRows() const
 {
-    const QString path = QFileDialog::getSaveFileName(
-        m_view->window(),
-        i18nc("@title:window", "Export the List"),
-        m_view->accessibleName() + QLatin1String(".csv"),
-        i18nc("@item:inlistbox types of files", "CSV files (*.csv)") + QLatin1String(";;")
-            + i18nc("@item:inlistbox types of files", "JSON files (*.json)") + QLatin1String(";;")
-            + i18nc("@item:inlistbox types of files", "Text files (*.txt)"));
+    const QString path = askForFile(m_view->accessibleName(), m_view->window());
     if (path.isEmpty()) {
         return;
     }
     const QByteArray content = contentFor(path, allRows());
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit()) {
-        QMessageBox::warning(m_view->window(),
-                             i18nc("@title:window", "Export the List"),
-                             i18n("Cannot write '%1': %2", path, file.errorString()));
+        QMessageBox::warning(m_view->window(), exportTitle(), i18n("Cannot write '%1': %2", path, file.errorString()));
     }
 }

@@ -20,7 +20,10 @@ class RowActions : public QObject
 public:
     explicit RowActions(RecordView *view);
 
+    /** What is done with rows: copying and selecting them. */
     QList<QAction *> actions() const;
+
+    QAction *exportAction() const;
 
     /** The rows that are selected, with the columns that are shown. */
     RowTable selectedRows() const;
@@ -40,6 +43,7 @@ private:
     RecordView *const m_view;
     QList<QAction *> m_copyActions;
     QList<QAction *> m_actions;
+    QAction *m_exportAction = nullptr;
 };
 
 #endif

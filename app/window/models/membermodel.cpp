@@ -16,8 +16,6 @@ const QVector<RecordModel::Column> &memberColumns()
     // In the order of MemberModel::Column.
     static const QVector<RecordModel::Column> columns{
         {"name", kli18nc("@title:column of the members of a group", "Member")},
-        {"fullName", kli18nc("@title:column of users", "Full name")},
-        {"uid", kli18nc("@title:column the number of a user", "UID")},
         {"listed",
          kli18nc("@title:column whether the line of a group names a user", "Listed"),
          kli18nc("@item whether the line of a group names a user", "Yes"),
@@ -26,6 +24,8 @@ const QVector<RecordModel::Column> &memberColumns()
          kli18nc("@title:column whether a group is the primary group of a user", "Primary group"),
          kli18nc("@item whether a group is the primary group of a user", "Yes"),
          kli18nc("@item whether a group is the primary group of a user", "No")},
+        {"fullName", kli18nc("@title:column of users", "Full name")},
+        {"uid", kli18nc("@title:column the number of a user", "UID")},
     };
     return columns;
 }

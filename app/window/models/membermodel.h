@@ -18,7 +18,7 @@ class MemberModel : public RecordModel
     Q_OBJECT
 
 public:
-    enum Column { NameColumn, FullNameColumn, UidColumn, ListedColumn, PrimaryColumn };
+    enum Column { NameColumn, ListedColumn, PrimaryColumn, FullNameColumn, UidColumn };
 
     explicit MemberModel(QObject *parent = nullptr);
 

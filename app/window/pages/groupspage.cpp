@@ -5,6 +5,7 @@
 
 #include "groupspage.h"
 
+#include "accountdialogs.h"
 #include "commandsdialog.h"
 #include "findaccount.h"
 #include "groupdetails.h"
@@ -71,6 +72,7 @@ GroupsPage::GroupsPage(AccountStore *store, GroupModel *model, QWidget *parent)
     arrange({createGroupPart(), m_limits});
     GroupsPage::showRecord(-1);
     connect(m_members, &MemberList::followed, this, &AccountPage::followed);
+    connect(m_limits, &SessionLimitsView::followed, this, &AccountPage::followed);
     connect(store, &AccountStore::groupsRead, this, &GroupsPage::showGroups);
     connect(store, &AccountStore::usersRead, this, &GroupsPage::showMembers);
     connect(store, &AccountStore::limitsRead, this, &GroupsPage::showLimits);
@@ -131,7 +133,7 @@ void GroupsPage::changeMembers()
     if (group.isEmpty()) {
         plan.notes.append(i18n("There is no group '%1'.", shownName));
     } else {
-        const auto dialog = makeDialog<UserSelectDialog>(group, group.users(), window());
+        const auto dialog = AccountDialogs::makeSelection<UserSelectDialog>(group, group.users(), window());
         if (dialog->exec() != QDialog::Accepted) {
             return;
         }

@@ -10,6 +10,7 @@
 #include "lefttoright.h"
 #include "limitlinesmodel.h"
 #include "limitwords.h"
+#include "linklabel.h"
 #include "messages.h"
 #include "pagelayout.h"
 #include "visibletext.h"
@@ -17,7 +18,7 @@
 #include <KLocalizedString>
 
 #include <QComboBox>
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -29,7 +30,8 @@
 
 namespace
 {
-constexpr int placeCharacters = 32;
+constexpr int minPlaceCharacters = 32;
+constexpr int maxPlaceCharacters = 48;
 constexpr int textCharacters = 36;
 
 /** The place in @p rules of the line that is at @p oldPlace in @p oldRules; -1 where its file has no such line. */
@@ -66,10 +68,14 @@ LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
     title->setAlignment(LeftToRight::lineStart());
     title->setBuddy(m_lines);
     m_lines->setAccessibleName(KLocalizedString::removeAcceleratorMarker(title->text()));
-    auto *explanations = new QFormLayout;
-    m_meaning = addExplanation(explanations, "lineMeaning", i18nc("@label of a line", "Meaning:"));
-    m_problem = addExplanation(explanations, "lineProblem", i18nc("@label of a line", "Problem:"));
-    m_decides = addExplanation(explanations, "lineDecides", i18nc("@label accounts", "Decides for:"));
+    auto *explanations = new QGridLayout;
+    m_meaning = addExplanation("lineMeaning");
+    PageLayout::addRow(explanations, i18nc("@label of a line", "Meaning:"), m_meaning);
+    m_problem = addExplanation("lineProblem");
+    m_problemTitle = PageLayout::addRow(explanations, i18nc("@label of a line", "Problem:"), m_problem);
+    m_decides = new LinkLabel(this);
+    m_decides->setObjectName(QStringLiteral("lineDecides"));
+    PageLayout::addRow(explanations, i18nc("@label accounts", "Decides for:"), m_decides);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_error);
@@ -78,6 +84,7 @@ LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
     layout->addWidget(m_lines, 1);
     layout->addLayout(explanations);
 
+    connect(m_decides, &LinkLabel::followed, this, &LimitsPage::followed);
     connect(&m_lineAnalysis, &QFutureWatcherBase::finished, this, &LimitsPage::showLines);
     connect(&m_userAnalysis, &QFutureWatcherBase::finished, this, &LimitsPage::showUsage);
     connect(m_store, &AccountStore::limitsRead, this, &LimitsPage::analyseLines);
@@ -119,20 +126,19 @@ void LimitsPage::addTable()
     setUpFlatTree(*m_lines);
     m_lines->setModel(m_model);
     const int width = fontMetrics().averageCharWidth();
-    m_lines->setColumnWidth(LimitLinesModel::PlaceColumn, placeCharacters * width);
+    m_lines->setColumnWidth(LimitLinesModel::PlaceColumn, minPlaceCharacters * width);
     m_lines->setColumnWidth(LimitLinesModel::TextColumn, textCharacters * width);
     m_lines->resizeColumnToContents(LimitLinesModel::MeaningColumn); // at least its title
     connect(m_lines->selectionModel(), &QItemSelectionModel::selectionChanged, this, &LimitsPage::explain);
 }
 
-QLabel *LimitsPage::addExplanation(QFormLayout *layout, const char *name, const QString &title)
+QLabel *LimitsPage::addExplanation(const char *name)
 {
     auto *label = new QLabel(this);
     label->setObjectName(QString::fromLatin1(name));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
-    PageLayout::addRow(layout, title, label);
     return label;
 }
 
@@ -165,10 +171,22 @@ void LimitsPage::showLines()
     m_analysis = m_lineAnalysis.result();
     Messages::show(*m_error, m_store->limitsError());
     m_model->setAnalysis(m_analysis);
+    if (!old) {
+        fitPlaces();
+    }
     const int place = current < 0 ? -1 : samePlace(old->limits().rules(), current, m_analysis->limits().rules());
     m_lines->setCurrentIndex(m_model->index(qMax(0, m_model->rowOf(place)), 0));
     explain();
     analyseUsage();
+}
+
+void LimitsPage::fitPlaces()
+{
+    const int character = fontMetrics().averageCharWidth();
+    const QAbstractItemView &view = *m_lines;
+    const int width = view.sizeHintForColumn(LimitLinesModel::PlaceColumn);
+    m_lines->setColumnWidth(LimitLinesModel::PlaceColumn,
+                            qBound(minPlaceCharacters * character, width, maxPlaceCharacters * character));
 }
 
 bool LimitsPage::showLine(const QString &place)
@@ -204,6 +222,13 @@ void LimitsPage::showUsage()
     }
 }
 
+QString LimitsPage::place() const
+{
+    const int line = currentPlace();
+    const PamLimits::Rules *rules = line < 0 ? nullptr : &m_analysis->limits().rules();
+    return rules ? rules->placeOf(rules->lines().at(line)) : QString();
+}
+
 int LimitsPage::currentPlace() const
 {
     const QModelIndexList rows = m_lines->selectionModel()->selectedRows();
@@ -215,22 +240,26 @@ void LimitsPage::explain()
     const int place = currentPlace();
     m_meaning->setText(place < 0 ? QString() : VisibleText::fromText(m_model->meaningOf(place)));
     m_problem->setText(place < 0 ? QString() : visibleLines(m_analysis->problemsOf(place)));
-    m_decides->setText(place < 0 ? QString() : accountsOf(place));
+    m_problem->setVisible(!m_problem->text().isEmpty());
+    m_problemTitle->setVisible(!m_problem->text().isEmpty());
+    showAccounts(place);
 }
 
-QString LimitsPage::accountsOf(int place) const
+void LimitsPage::showAccounts(int place)
 {
-    const PamLimits::LimitUsage::Line *usage = m_analysis->usageOf(place);
+    const PamLimits::LimitUsage::Line *usage = place < 0 ? nullptr : m_analysis->usageOf(place);
     if (!usage) {
-        return QStringLiteral("\u2026");
-    }
-    if (usage->decides == 0) {
-        return i18nc("@info no account", "nobody");
+        const QString text = place < 0 ? QString() : QStringLiteral("\u2026");
+        m_decides->setLinkedText(text, text);
+        return;
     }
     QStringList names;
     for (const QByteArray &name : usage->decidesFor) {
-        names.append(VisibleText::isolated(LimitWords::fromFile(name)));
+        names.append(LimitWords::fromFile(name));
     }
-    const QString more = usage->decides > names.size() ? QStringLiteral(" \u2026 (%1)").arg(usage->decides) : QString();
-    return names.join(QLatin1String(", ")) + more;
+    QString rest = usage->decides == 0 ? i18nc("@info no account", "nobody") : QString();
+    if (usage->decides > names.size()) {
+        rest = QStringLiteral(" \u2026 (%1)").arg(usage->decides);
+    }
+    m_decides->setLinks(AccountLink::Kind::User, names, rest);
 }

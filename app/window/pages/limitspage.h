@@ -6,6 +6,7 @@
 #ifndef LIMITSPAGE_H
 #define LIMITSPAGE_H
 
+#include "accountlink.h"
 #include "limitanalysis.h"
 
 #include <QFutureWatcher>
@@ -14,8 +15,8 @@
 class AccountStore;
 class KMessageWidget;
 class LimitLinesModel;
+class LinkLabel;
 class QComboBox;
-class QFormLayout;
 class QLabel;
 class QTreeView;
 
@@ -31,18 +32,26 @@ public:
     /** Makes the line at @p place, as "file:line", the current one; false when there is none. */
     bool showLine(const QString &place);
 
+    /** The current line, as "file:line". */
+    QString place() const;
+
+Q_SIGNALS:
+    /** The operator wants to see a user. */
+    void followed(const AccountLink &link);
+
 private:
-    QLabel *addExplanation(QFormLayout *layout, const char *name, const QString &title);
+    QLabel *addExplanation(const char *name);
     QWidget *createFilter();
     void addTable();
     QFuture<LimitAnalysis::Pointer> analyse(const PamLimits::SessionLimits &limits, const QVector<UserRecord> &users);
     void analyseLines();
     void analyseUsage();
     void showLines();
+    void fitPlaces();
     void showUsage();
     int currentPlace() const;
     void explain();
-    QString accountsOf(int place) const;
+    void showAccounts(int place);
 
     AccountStore *const m_store;
     KMessageWidget *const m_error;
@@ -51,7 +60,8 @@ private:
     QTreeView *const m_lines;
     QLabel *m_meaning = nullptr;
     QLabel *m_problem = nullptr;
-    QLabel *m_decides = nullptr;
+    QLabel *m_problemTitle = nullptr;
+    LinkLabel *m_decides = nullptr;
     LimitAnalysis::Pointer m_analysis;
     /** The first one looks at the lines alone, which is quick, the second one at what they do for the users. */
     QFutureWatcher<LimitAnalysis::Pointer> m_lineAnalysis;

@@ -5,6 +5,7 @@
 
 #include "listpage.h"
 
+#include "recordmodel.h"
 #include "recordview.h"
 
 ListPage::ListPage(AccountLink::Kind kind, RecordList *list, QWidget *parent)
@@ -23,7 +24,9 @@ RecordList *ListPage::list() const
 
 AccountLink ListPage::place() const
 {
-    return {m_kind, m_list->view()->currentName()};
+    const RecordView &view = *m_list->view();
+    const int record = view.currentRecord();
+    return {m_kind, record == -1 ? view.currentName() : view.recordModel()->name(record)};
 }
 
 bool ListPage::showEntry(const QString &name)

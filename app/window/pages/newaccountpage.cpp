@@ -5,6 +5,7 @@
 
 #include "newaccountpage.h"
 
+#include "accountdialogs.h"
 #include "accountstore.h"
 #include "chosennames.h"
 #include "commandsview.h"
@@ -13,13 +14,12 @@
 #include "newaccount.h"
 #include "notelabel.h"
 #include "pagelayout.h"
+#include "partsplitter.h"
 #include "passwordhashbox.h"
 #include "recordtext.h"
 #include "savepicture.h"
-#include "waitcursor.h"
 
 #include <GroupSelectDialog>
-#include <UserIconDialog>
 #include <UserUtils>
 
 #include <KLocalizedString>
@@ -39,7 +39,7 @@ NewAccountPage::NewAccountPage(AccountStore *store, QWidget *parent)
 {
     QWidget *form = createForm();
     form->setObjectName(QStringLiteral("newAccount"));
-    PageLayout::arrange(this, form, {m_commands});
+    PageLayout::arrange(this, form, {m_commands})->setStacking(true);
     connect(m_password, &PasswordHashBox::hashChanged, this, &NewAccountPage::showCommands);
     connect(m_store, &AccountStore::usersRead, this, &NewAccountPage::readAccountsLater);
     connect(m_store, &AccountStore::groupsRead, this, &NewAccountPage::readAccountsLater);
@@ -204,10 +204,9 @@ NewAccount NewAccountPage::account() const
 
 void NewAccountPage::choosePicture()
 {
-    UserIconDialog dialog(this);
-    dialog.setPixmap(m_picture);
-    if (dialog.exec() == QDialog::Accepted && !dialog.selectedPixmap().isNull()) {
-        m_picture = dialog.selectedPixmap();
+    QPixmap picture = m_picture;
+    if (AccountDialogs::cutIcon(picture, this) && !picture.isNull()) {
+        m_picture = picture;
         showPicture();
     }
 }
@@ -221,7 +220,7 @@ void NewAccountPage::showPicture()
 void NewAccountPage::chooseGroups()
 {
     const QString name = RecordText::encode(m_userName.edit->text()).constFirst();
-    const auto dialog = makeDialog<GroupSelectDialog>(name, m_groups, this);
+    const auto dialog = AccountDialogs::makeSelection<GroupSelectDialog>(name, m_groups, this);
     if (dialog->exec() == QDialog::Accepted) {
         m_groups = dialog->selectedGroupNames();
         showGroups();

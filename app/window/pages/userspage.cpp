@@ -5,6 +5,7 @@
 
 #include "userspage.h"
 
+#include "accountdialogs.h"
 #include "commandsdialog.h"
 #include "findaccount.h"
 #include "memberships.h"
@@ -18,7 +19,6 @@
 #include "waitcursor.h"
 
 #include <GroupSelectDialog>
-#include <UserIconDialog>
 #include <UserInfo>
 
 #include <KLocalizedString>
@@ -90,6 +90,7 @@ UsersPage::UsersPage(AccountStore *store, UserModel *model, QWidget *parent)
     arrange({m_details, m_limits});
     UsersPage::showRecord(-1);
     connect(m_details, &Details::followed, this, &AccountPage::followed);
+    connect(m_limits, &SessionLimitsView::followed, this, &AccountPage::followed);
     connect(store, &AccountStore::usersRead, this, &UsersPage::showUsers);
     connect(store, &AccountStore::limitsRead, this, &UsersPage::showLimits);
 }
@@ -128,7 +129,7 @@ void UsersPage::changeGroups()
     if (user.isEmpty()) {
         plan.notes.append(i18n("There is no user '%1'.", shownName));
     } else {
-        const auto dialog = makeDialog<GroupSelectDialog>(user.name(), user.groupNames(), window());
+        const auto dialog = AccountDialogs::makeSelection<GroupSelectDialog>(user.name(), user.groupNames(), window());
         if (dialog->exec() != QDialog::Accepted) {
             return;
         }
@@ -140,13 +141,12 @@ void UsersPage::changeGroups()
 void UsersPage::cutPicture()
 {
     const QString name = m_model->at(list()->view()->currentRecord()).name;
-    UserIconDialog dialog(window());
-    if (dialog.exec() != QDialog::Accepted) {
+    QPixmap picture;
+    if (!AccountDialogs::cutIcon(picture, window())) {
         return;
     }
-    const QPixmap picture = dialog.selectedPixmap();
     if (picture.isNull()) {
-        QMessageBox::information(window(), dialog.windowTitle(), i18n("No picture was chosen."));
+        QMessageBox::information(window(), i18nc("@title:window", "Save Picture"), i18n("No picture was chosen."));
     } else {
         savePicture(picture, name, window());
     }

@@ -7,7 +7,7 @@
 
 #include "partsplitter.h"
 
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -18,12 +18,16 @@ namespace
 constexpr int handleWidth = 12;
 }
 
-void PageLayout::addRow(QFormLayout *layout, const QString &title, QWidget *field)
+QLabel *PageLayout::addRow(QGridLayout *layout, const QString &title, QWidget *field)
 {
     auto *label = new QLabel(title, field->parentWidget());
     label->setAlignment(Qt::AlignTop | Qt::AlignLeading);
     label->setBuddy(field);
-    layout->addRow(label, field);
+    const int row = layout->rowCount();
+    layout->addWidget(label, row, 0);
+    layout->addWidget(field, row, 1);
+    layout->setColumnStretch(1, 1);
+    return label;
 }
 
 PartSplitter *PageLayout::split(Qt::Orientation orientation, const QString &objectName, const QVector<QWidget *> &parts)
@@ -42,7 +46,7 @@ PartSplitter *PageLayout::split(Qt::Orientation orientation, const QString &obje
     return splitter;
 }
 
-void PageLayout::arrange(QWidget *page, QWidget *list, const QVector<QWidget *> &parts)
+PartSplitter *PageLayout::arrange(QWidget *page, QWidget *list, const QVector<QWidget *> &parts)
 {
     PartSplitter *right = split(Qt::Vertical, list->objectName() + QStringLiteral("Parts"), parts);
     PartSplitter *both = split(Qt::Horizontal, list->objectName() + QStringLiteral("Columns"), {list, right});
@@ -51,4 +55,5 @@ void PageLayout::arrange(QWidget *page, QWidget *list, const QVector<QWidget *> 
     right->setStretchFactor(parts.size() - 1, 1);
     auto *layout = new QVBoxLayout(page);
     layout->addWidget(both);
+    return both;
 }

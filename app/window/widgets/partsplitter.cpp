@@ -6,6 +6,8 @@
 #include "partsplitter.h"
 
 #include <QEvent>
+#include <QScrollArea>
+#include <QScrollBar>
 
 PartSplitter::PartSplitter(Qt::Orientation orientation, QWidget *parent)
     : QSplitter(orientation, parent)
@@ -18,6 +20,22 @@ QSize PartSplitter::sizeHint() const
     // Qt forgets the handles.
     const int handles = handleWidth() * (count() - 1);
     return QSplitter::sizeHint() + (orientation() == Qt::Horizontal ? QSize(handles, 0) : QSize(0, handles));
+}
+
+void PartSplitter::setStacking(bool stacking)
+{
+    m_stacking = stacking;
+}
+
+bool PartSplitter::hasRoomForColumns() const
+{
+    int needed = handleWidth() * (count() - 1);
+    for (int part = 0; part < count(); ++part) {
+        const auto *area = qobject_cast<const QScrollArea *>(widget(part));
+        const int bar = area ? area->verticalScrollBar()->sizeHint().width() : 0;
+        needed += (area ? area->widget() : widget(part))->minimumSizeHint().width() + bar;
+    }
+    return needed <= contentsRect().width();
 }
 
 QByteArray PartSplitter::saveBorders() const
@@ -35,10 +53,22 @@ void PartSplitter::restoreBorders(const QByteArray &state)
 bool PartSplitter::event(QEvent *event)
 {
     const bool done = QSplitter::event(event);
+    if (m_stacking && event->type() == QEvent::Resize) {
+        stackParts();
+    }
     if (!m_moved && (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize)) {
         fitParts();
     }
     return done;
+}
+
+void PartSplitter::stackParts()
+{
+    const Qt::Orientation wanted = hasRoomForColumns() ? Qt::Horizontal : Qt::Vertical;
+    if (wanted != orientation()) {
+        setOrientation(wanted);
+        m_moved = false;
+    }
 }
 
 void PartSplitter::fitParts()

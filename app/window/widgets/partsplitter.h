@@ -21,6 +21,9 @@ public:
 
     QSize sizeHint() const override;
 
+    /** Puts the parts one above the other where there is too little room for them side by side. */
+    void setStacking(bool stacking);
+
     /** The borders that the operator has moved; empty for none. */
     QByteArray saveBorders() const;
     void restoreBorders(const QByteArray &state);
@@ -29,8 +32,11 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    bool hasRoomForColumns() const;
+    void stackParts();
     void fitParts();
 
+    bool m_stacking = false;
     bool m_moved = false;
 };
 

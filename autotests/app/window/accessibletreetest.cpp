@@ -4,10 +4,14 @@
 */
 
 #include "about.h"
+#include "accountdialogs.h"
+#include "commandsdialog.h"
 #include "dialogparts.h"
 #include "filecontent.h"
 #include "help.h"
+#include "icons.h"
 #include "mainwindow.h"
+#include "plan.h"
 #include "windowfixture.h"
 
 #include <GroupSelectDialog>
@@ -111,6 +115,8 @@ private Q_SLOTS:
 void AccessibleTreeTest::initTestCase()
 {
     About::setApplicationData();
+    Icons::findThemes();
+    Icons::setFallback();
 }
 
 void AccessibleTreeTest::init()
@@ -145,10 +151,21 @@ void AccessibleTreeTest::namesDialogs_data()
     QTest::addColumn<CreateDialog>("create");
 
     QTest::newRow("about") << CreateDialog([] { return About::createDialog(); });
+    QTest::newRow("commands") << CreateDialog([] {
+        Plan plan;
+        plan.add({"gpasswd", "--delete", "ada"}, "ormel-admin");
+        return new CommandsDialog(text("Change the Members of ormel-admin"), plan);
+    });
     QTest::newRow("help") << CreateDialog([] { return Help::createDialog(text("users"), text("Users"), {}, nullptr); });
-    QTest::newRow("select-users") << CreateDialog([] { return new UserSelectDialog; });
-    QTest::newRow("select-groups") << CreateDialog([] { return new GroupSelectDialog; });
-    QTest::newRow("select-icon") << CreateDialog([] { return new UserIconDialog; });
+    QTest::newRow("select-users") << CreateDialog(
+        [] { return AccountDialogs::makeSelection<UserSelectDialog>().release(); });
+    QTest::newRow("select-groups") << CreateDialog(
+        [] { return AccountDialogs::makeSelection<GroupSelectDialog>().release(); });
+    QTest::newRow("select-icon") << CreateDialog([] {
+        auto *dialog = new UserIconDialog;
+        AccountDialogs::prepareIcon(*dialog);
+        return dialog;
+    });
 }
 
 void AccessibleTreeTest::namesDialogs()

@@ -21,6 +21,7 @@
 #include <QTest>
 #include <QTextDocument>
 #include <QToolButton>
+#include <QTreeView>
 
 namespace
 {
@@ -71,6 +72,10 @@ private Q_SLOTS:
     void showsWhatSearchAndFilterHide();
     void tellsThatGroupIsMissing();
     void leadsBackByButtons();
+    void leadsFromLimitToItsLine();
+    void leadsFromLineToUser();
+    void comesBackToWhatSearchShows();
+    void comesBackToNewAccount();
 };
 
 void LinksTest::init()
@@ -214,6 +219,72 @@ void LinksTest::leadsBackByButtons()
     QCOMPARE(place(window), text("users ada"));
     QTest::mouseClick(buttons.at(1), Qt::LeftButton);
     QCOMPARE(place(window), text("groups staff"));
+}
+
+void LinksTest::leadsFromLimitToItsLine()
+{
+    Sandbox::write(text("/etc/security/limits.conf"), "* soft core 0\n* hard nproc 9\nada hard nproc 8\n");
+    MainWindow window;
+    QVERIFY(open(window));
+    const QWidget &users = *window.pages()->currentWidget();
+    auto *limits = part<QTreeView>(users, "limitsTable");
+    limits->setCurrentIndex(limits->model()->index(1, 0));
+    auto *explanation = part<QLabel>(users, "limitExplanation");
+    const AccountLink link{AccountLink::Kind::Limit, text("/etc/security/limits.conf:3")};
+    QVERIFY2(explanation->text().contains(link.toRichText()), qPrintable(explanation->text()));
+    Q_EMIT explanation->linkActivated(link.toUrl());
+    const QWidget &page = *window.pages()->currentWidget();
+    QCOMPARE(page.objectName(), text("limits"));
+    QCOMPARE(part<QTreeView>(page, "linesTable")->currentIndex().row(), 2);
+    QTest::keyClick(&window, Qt::Key_Left, Qt::AltModifier);
+    QCOMPARE(place(window), text("users ada"));
+    QTest::keyClick(&window, Qt::Key_Right, Qt::AltModifier);
+    QCOMPARE(part<QTreeView>(page, "linesTable")->currentIndex().row(), 2);
+}
+
+void LinksTest::leadsFromLineToUser()
+{
+    Sandbox::write(text("/etc/security/limits.conf"), "* soft core 0\nbob hard nproc 8\n");
+    MainWindow window;
+    QVERIFY(open(window));
+    window.pages()->setCurrentIndex(2);
+    const QWidget &page = *window.pages()->currentWidget();
+    auto *lines = part<QTreeView>(page, "linesTable");
+    lines->setCurrentIndex(lines->model()->index(1, 0));
+    auto *decides = part<QLabel>(page, "lineDecides");
+    QTRY_COMPARE_WITH_TIMEOUT(shownText(*decides), text("bob"), 60000);
+    Q_EMIT decides->linkActivated(user("bob").toUrl());
+    QCOMPARE(place(window), text("users bob"));
+    lines->setCurrentIndex(lines->model()->index(0, 0));
+    QTest::keyClick(&window, Qt::Key_Left, Qt::AltModifier);
+    QCOMPARE(window.pages()->currentWidget(), &page);
+    QCOMPARE(lines->currentIndex().row(), 1);
+}
+
+/** A search hides what was chosen, and shows something else. */
+void LinksTest::comesBackToWhatSearchShows()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    QTest::keyClicks(part<QLineEdit>(*window.pages()->currentWidget(), "searchField"), text("bob"));
+    QCOMPARE(place(window), text("users bob"));
+    followGroup(window, "staff");
+    QTest::keyClick(&window, Qt::Key_Left, Qt::AltModifier);
+    QCOMPARE(place(window), text("users bob"));
+    QCOMPARE(shownRows(*accountsView(window)).size(), 1);
+}
+
+void LinksTest::comesBackToNewAccount()
+{
+    MainWindow window;
+    QVERIFY(open(window));
+    followGroup(window, "staff");
+    window.pages()->setCurrentIndex(4);
+    QWidget *page = window.pages()->currentWidget();
+    QTest::keyClick(&window, Qt::Key_Left, Qt::AltModifier);
+    QCOMPARE(place(window), text("users ada"));
+    QTest::keyClick(&window, Qt::Key_Right, Qt::AltModifier);
+    QCOMPARE(window.pages()->currentWidget(), page);
 }
 
 QTEST_MAIN(LinksTest)

@@ -298,7 +298,7 @@ void PlanActionsTest::savesPicture()
 {
     const QString path = m_directory.filePath(text("ada.png"));
     const Users users("ada");
-    QVERIFY(withDialogs(users.button("cutPicture"), {cuts(greenPicture()), choosesFile(path)}));
+    QVERIFY(withDialogs(users.button("cutPicture"), {cancels(), cuts(greenPicture()), choosesFile(path)}));
     QCOMPARE(QImageReader::imageFormat(path), QByteArray("png"));
     const QImage saved(path);
     QCOMPARE(saved.size(), QSize(48, 48));
@@ -313,22 +313,22 @@ void PlanActionsTest::suggestsHarmlessFileName()
     const DialogStep reads = [&suggested](QWidget &dialog) {
         suggested = part<QLineEdit>(dialog, "fileNameEdit")->text();
     };
-    QVERIFY(withDialogs(users.button("cutPicture"), {cuts(greenPicture()), reads}));
+    QVERIFY(withDialogs(users.button("cutPicture"), {cancels(), cuts(greenPicture()), reads}));
     QCOMPARE(suggested, QStringLiteral(u".._e\u241bvil.png"));
 }
 
 void PlanActionsTest::savesNoPictureOnCancel()
 {
     const Users users("ada");
-    QVERIFY(withDialogs(users.button("cutPicture"), {cancels()}));
-    QVERIFY(withDialogs(users.button("cutPicture"), {cuts(greenPicture()), cancels()}));
+    QVERIFY(withDialogs(users.button("cutPicture"), {cancels(), cancels()}));
+    QVERIFY(withDialogs(users.button("cutPicture"), {cancels(), cuts(greenPicture()), cancels()}));
 }
 
 void PlanActionsTest::tellsThatNoPictureWasChosen()
 {
     const Users users("ada");
     QString message;
-    QVERIFY(withDialogs(users.button("cutPicture"), {cuts(QPixmap()), readsMessage(message)}));
+    QVERIFY(withDialogs(users.button("cutPicture"), {cancels(), cuts(QPixmap()), readsMessage(message)}));
     QCOMPARE(message, text("No picture was chosen."));
 }
 
@@ -337,7 +337,7 @@ void PlanActionsTest::tellsThatPictureCannotBeWritten()
     const Users users("ada");
     QString message;
     QVERIFY(withDialogs(users.button("cutPicture"),
-                        {cuts(greenPicture()), choosesFile(text("/proc/x.png")), readsMessage(message)}));
+                        {cancels(), cuts(greenPicture()), choosesFile(text("/proc/x.png")), readsMessage(message)}));
     QVERIFY2(message.startsWith(text("Cannot write '/proc/x.png': ")), qPrintable(message));
 }
 

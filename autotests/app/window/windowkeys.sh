@@ -92,7 +92,7 @@ key shift+Tab Up Tab Tab
 copies "7"
 
 # The search leaves one user, without a full name; the first field is the home directory.
-key ctrl+f c a r Tab Tab
+key ctrl+f c a r Tab Tab Tab
 copies "/home/carol"
 
 # Reload: the user is there with another home.
@@ -101,18 +101,20 @@ key F5
 copies "/home/caroline"
 
 # Groups: the last one.
-key alt+2 ctrl+f v i d Tab Tab
+key alt+2 ctrl+f v i d Tab Tab Tab
 copies "44"
 
 # Limits: the second line.
 key alt+3 alt+l Down
 copies "/etc/security/limits.conf:2"
 
-# The new account, whose first field is the user name, and its two dialogs.
-key alt+4
+# The new account, whose first field is the user name, and its dialogs.
+key alt+5
 key alt+a d a v e
 copies "dave"
 key alt+i
+activates "Select Image — Ormel Users"
+key Escape
 activates "Select User Icon — Ormel Users"
 key Escape
 activates "Ormel Users"

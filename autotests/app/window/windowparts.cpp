@@ -88,11 +88,18 @@ QString fieldText(const QWidget &page, const char *title)
         if (const auto *line = qobject_cast<const KSqueezedTextLabel *>(label->buddy())) {
             return line->fullText();
         }
-        const auto *field = qobject_cast<const QLabel *>(label->buddy());
-        return field->textFormat() == Qt::RichText ? QTextDocumentFragment::fromHtml(field->text()).toPlainText()
-                                                   : field->text();
+        return shownText(*qobject_cast<const QLabel *>(label->buddy()));
     }
     qFatal("The page has no %s", title);
+}
+
+QString shownText(const QLabel &label)
+{
+    if (label.textFormat() != Qt::RichText) {
+        return label.text();
+    }
+    QString text = QTextDocumentFragment::fromHtml(label.text()).toPlainText();
+    return text.replace(QChar::Nbsp, QLatin1Char(' '));
 }
 
 QLabel *labelOf(const QWidget &buddy)

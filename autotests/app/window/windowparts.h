@@ -19,6 +19,9 @@ bool readAccounts(AccountStore &store);
 /** The text of the field whose title is @p title; ends the test when there is none. */
 QString fieldText(const QWidget &page, const char *title);
 
+/** What @p label shows, without markup. */
+QString shownText(const QLabel &label);
+
 /** The label that leads to @p buddy; ends the test when there is none. */
 QLabel *labelOf(const QWidget &buddy);
 

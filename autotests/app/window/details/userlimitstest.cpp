@@ -72,18 +72,18 @@ void UserLimitsTest::explainsSelectedLimit()
     QVERIFY(!explanation->isVisible());
     page.limits->setCurrentIndex(page.limits->model()->index(1, 0));
     QVERIFY(explanation->isVisible());
-    QCOMPARE(explanation->text().split(QLatin1Char('\n')),
+    QCOMPARE(shownText(*explanation).split(QLatin1Char('\n')),
              QStringList({
                  QStringLiteral("/etc/security/limits.conf:1  * soft nproc 9"),
                  QStringLiteral("    a domain of higher rank decides: /etc/security/limits.conf:2"),
                  QStringLiteral("/etc/security/limits.conf:2  @audio - nproc 8"),
-                 QStringLiteral("    lowered to the hard limit: /etc/security/limits.conf:3"),
-                 QStringLiteral("    a domain of higher rank decides: /etc/security/limits.conf:3"),
+                 QStringLiteral("    soft: lowered to the hard limit: /etc/security/limits.conf:3"),
+                 QStringLiteral("    hard: a domain of higher rank decides: /etc/security/limits.conf:3"),
                  QStringLiteral("/etc/security/limits.conf:3  bob hard nproc 7"),
                  QStringLiteral("    decides"),
                  QStringLiteral("/etc/security/limits.conf:4  * - nproc 6"),
-                 QStringLiteral("    a domain of higher rank decides: /etc/security/limits.conf:2"),
-                 QStringLiteral("    lost together with the soft limit: /etc/security/limits.conf:2"),
+                 QStringLiteral("    soft: a domain of higher rank decides: /etc/security/limits.conf:2"),
+                 QStringLiteral("    hard: lost together with the soft limit: /etc/security/limits.conf:2"),
              }));
     page.select("ada");
     QVERIFY(!explanation->isVisible());

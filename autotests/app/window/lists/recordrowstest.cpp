@@ -19,18 +19,23 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include <functional>
+
 using namespace SampleList;
 
 namespace
 {
-/** Does @p work, which opens a file dialog, and chooses @p path in that. */
+/** Does @p work, which opens a file dialog, and chooses @p path in that after @p prepare. */
 template<typename Work>
-void chooseFile(const QString &path, Work work)
+void chooseFile(const QString &path, Work work, const std::function<void(QFileDialog &)> &prepare = {})
 {
     QTimer timer; // fires in the event loop of the dialog
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
         if (auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget())) {
             timer.stop();
+            if (prepare) {
+                prepare(*dialog);
+            }
             dialog->selectFile(path);
             QMetaObject::invokeMethod(dialog, "accept");
         }
@@ -51,9 +56,13 @@ private Q_SLOTS:
     void copiesNothingWithoutSelection();
     void exportsAllShownRows_data();
     void exportsAllShownRows();
+    void addsSuffixOfChosenType_data();
+    void addsSuffixOfChosenType();
     void hidesColumnsByMenu();
     void offersActionsInContextMenu();
     void makesRoomForContents();
+    void makesRoomEachTime();
+    void givesSentencesTheRoomThatIsLeft();
     void remembersState();
     void survivesOtherSettings();
 };
@@ -112,7 +121,7 @@ void RecordRowsTest::exportsAllShownRows_data()
 
     const QByteArray csv = "Login,UID\r\nada,1001\r\nbob,1002\r\n";
     QTest::newRow("CSV") << text("users.csv") << csv;
-    QTest::newRow("unknown") << text("users") << csv;
+    QTest::newRow("unknown") << text("users.list") << csv;
     QTest::newRow("text") << text("users.TXT") << QByteArray("ada\t1001\nbob\t1002\n");
     QTest::newRow("JSON") << text("users.json")
                           << QByteArray("[\n    {\n        \"name\": \"ada\",\n        \"uid\": 1001\n    },\n"
@@ -136,6 +145,33 @@ void RecordRowsTest::exportsAllShownRows()
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), content);
+}
+
+void RecordRowsTest::addsSuffixOfChosenType_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("suffix");
+
+    QTest::newRow("CSV") << 0 << text("csv");
+    QTest::newRow("JSON") << 1 << text("json");
+    QTest::newRow("text") << 2 << text("txt");
+}
+
+void RecordRowsTest::addsSuffixOfChosenType()
+{
+    QFETCH(int, type);
+    QFETCH(QString, suffix);
+
+    const QTemporaryDir directory;
+    List list;
+    const auto choose = [type](QFileDialog &dialog) {
+        auto *types = part<QComboBox>(dialog, "fileTypeCombo");
+        types->setCurrentIndex(type);
+        Q_EMIT types->activated(type);
+    };
+    chooseFile(
+        directory.filePath(text("list")), [&] { list.action("Export\u2026")->trigger(); }, choose);
+    QCOMPARE(QDir(directory.path()).entryList(QDir::Files), QStringList(text("list.") + suffix));
 }
 
 void RecordRowsTest::hidesColumnsByMenu()
@@ -191,6 +227,43 @@ void RecordRowsTest::makesRoomForContents()
     view.setColumnWidth(0, 77);
     model.setRecords({user(text("ada"), 1)});
     QCOMPARE(view.columnWidth(0), 77);
+}
+
+void RecordRowsTest::makesRoomEachTime()
+{
+    UserModel model;
+    RecordView view(&model);
+    view.setAlwaysFitting(true);
+    model.setUsers({user(text("ada"), 1)});
+    const int narrow = view.columnWidth(0);
+    model.setUsers({user(text("a-rather-long-name"), 1)});
+    QVERIFY(view.columnWidth(0) > narrow);
+    view.setColumnHidden(2, true);
+    view.setColumnHidden(2, false);
+    model.setUsers({user(text("ada"), 1)});
+    QCOMPARE(view.columnWidth(0), narrow);
+    view.setColumnWidth(1, 77); // chosen by the operator
+    model.setUsers({user(text("a-rather-long-name"), 1)});
+    QCOMPARE(view.columnWidth(0), narrow);
+}
+
+void RecordRowsTest::givesSentencesTheRoomThatIsLeft()
+{
+    UserModel model;
+    RecordView view(&model);
+    view.setShownColumns({UserModel::NameColumn, UserModel::UidColumn});
+    view.setWideColumn(UserModel::NameColumn);
+    const int length = 90 * view.fontMetrics().averageCharWidth();
+    view.resize(length / 2, 300);
+    view.show();
+    model.setUsers({user(text("sentence ").repeated(40), 1)});
+    const int cut = view.columnWidth(UserModel::NameColumn);
+    QVERIFY(cut < length);
+    view.resize(2 * length, 300);
+    QTRY_VERIFY(view.columnWidth(UserModel::NameColumn) > length);
+    QCOMPARE(view.header()->length(), view.viewport()->width());
+    view.resize(length / 2, 300);
+    QTRY_COMPARE(view.columnWidth(UserModel::NameColumn), cut);
 }
 
 void RecordRowsTest::remembersState()

@@ -99,7 +99,7 @@ struct List {
 
     QAction *action(const char *title) const
     {
-        const QList<QAction *> actions = list.rowActions()->actions();
+        const QList<QAction *> actions = view->actions();
         for (QAction *action : actions) {
             if (action->text().remove(QLatin1Char('&')) == QString::fromUtf8(title)) {
                 return action;

@@ -73,7 +73,7 @@ struct Page {
 
     QString label(const char *name) const
     {
-        return part<QLabel>(page, name)->text();
+        return shownText(*part<QLabel>(page, name));
     }
 
     /** The first columns of the rows. */
@@ -181,6 +181,8 @@ void LimitsPageTest::explainsSelectedLine()
     page.select(4);
     QCOMPARE(page.label("lineMeaning"), text("All users: Maximum core file size."));
     QCOMPARE(page.label("lineProblem"), QString());
+    const auto *problem = part<QLabel>(page.page, "lineProblem");
+    QVERIFY(!problem->isVisible() && !labelOf(*problem)->isVisible());
     QCOMPARE(page.label("lineDecides"), text("ada, bob"));
 }
 
@@ -204,6 +206,7 @@ void LimitsPageTest::explainsLineThatDoesNothing()
     page.select(3);
     QCOMPARE(page.label("lineMeaning"), QString());
     QCOMPARE(page.label("lineProblem"), text("PAM ignores this line: the type 'both' is not soft, hard or -"));
+    QVERIFY(part<QLabel>(page.page, "lineProblem")->isVisible());
     QCOMPARE(page.label("lineDecides"), text("nobody"));
 }
 

@@ -13,6 +13,8 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
 using namespace NewAccountParts;
@@ -49,6 +51,7 @@ private Q_SLOTS:
 
     void leadsToEverythingByKeyboard();
     void namesEverythingForScreenReaders();
+    void stacksItsPartsInLittleRoom();
 };
 
 void NewAccountPageTest::init()
@@ -282,6 +285,22 @@ void NewAccountPageTest::namesEverythingForScreenReaders()
     Page page;
     QVERIFY(page.open());
     QCOMPARE(unnamedAccessibles(page).join(QLatin1Char(' ')), QString());
+}
+
+void NewAccountPageTest::stacksItsPartsInLittleRoom()
+{
+    Page page;
+    page.resize(1200, 700);
+    QVERIFY(page.open());
+    auto *form = part<QScrollArea>(page, "newAccount");
+    const auto *commands = part<QLabel>(page, "commandsHeading");
+    const auto isBelow = [&] { return commands->mapTo(&page, QPoint()).y() >= form->geometry().bottom(); };
+    QVERIFY(!isBelow());
+    page.resize(form->widget()->minimumSizeHint().width() + 60, 480);
+    QTRY_VERIFY(isBelow());
+    QCOMPARE(form->horizontalScrollBar()->maximum(), 0);
+    page.resize(1200, 700);
+    QTRY_VERIFY(!isBelow());
 }
 
 QTEST_MAIN(NewAccountPageTest)
