@@ -4,9 +4,12 @@
 */
 
 #include "brokenaccounts.h"
+#include "filecontent.h"
 #include "machinecheck.h"
 #include "program.h"
 
+#include <QFile>
+#include <QMap>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -140,6 +143,20 @@ bool isSame(const Complaint &complaint, const Problem &problem, const BrokenAcco
     return complaint.account.isNull() || complaint.account.toLatin1() == account.toLatin1()
         || complaint.account.toLatin1() == account.toUtf8();
 }
+
+/** The kinds of @p problems, each with its number. */
+QString kindsOf(const QList<Problem> &problems)
+{
+    QMap<QString, int> kinds;
+    for (const Problem &problem : problems) {
+        ++kinds[problem.id()];
+    }
+    QStringList words;
+    for (auto kind = kinds.begin(); kind != kinds.end(); ++kind) {
+        words.append(kind.value() == 1 ? kind.key() : QStringLiteral("%1 %2").arg(kind.value()).arg(kind.key()));
+    }
+    return words.isEmpty() ? QStringLiteral("-") : words.join(QLatin1String(", "));
+}
 }
 
 Q_DECLARE_METATYPE(BrokenAccounts)
@@ -153,8 +170,11 @@ private Q_SLOTS:
     void findsAllThatPwckAndGrpckFind_data();
     void findsAllThatPwckAndGrpckFind();
     void findsMore() const;
+    void isDocumented() const;
 
 private:
+    /** The table for the documentation: what is found for each case. */
+    QStringList m_table;
     int m_complaints = 0;
     int m_problems = 0;
 };
@@ -187,6 +207,11 @@ void CheckComparisonTest::findsAllThatPwckAndGrpckFind()
     }
     m_complaints += users.size() + groups.size();
     m_problems += problems.size();
+    // What pwck and grpck find depends on their release.
+    m_table.append(QStringLiteral("| %1 | %2 | %3 | %4 |")
+                       .arg(QString::fromUtf8(accounts.name), kindsOf(problems))
+                       .arg(users.size())
+                       .arg(groups.size()));
     qInfo("found %d, pwck %d, grpck %d", problems.size(), users.size(), groups.size());
 }
 
@@ -195,6 +220,22 @@ void CheckComparisonTest::findsMore() const
     // Both programs have run and said something that is understood.
     QVERIFY2(m_complaints >= 40, qPrintable(QString::number(m_complaints)));
     QVERIFY2(m_problems > m_complaints, qPrintable(QString::number(m_problems)));
+}
+
+void CheckComparisonTest::isDocumented() const
+{
+    const QStringList table =
+        QStringList{QStringLiteral("| Accounts | `check` | pwck | grpck |"), QStringLiteral("|---|---|--:|--:|")}
+        + m_table;
+    QFile file(QStringLiteral(RESULTS_DIR "/checks.md"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(table.join(QLatin1Char('\n')).toUtf8() + '\n');
+    const QString page = QString::fromUtf8(contentOf(QStringLiteral(CHECKS_PAGE)));
+    QVERIFY(m_table.size() >= 40);
+    for (const QString &row : m_table) {
+        const QString found = row.section(QStringLiteral(" | "), 0, 1);
+        QVERIFY2(page.contains(QLatin1Char('\n') + found + QLatin1String(" | ")), qPrintable(row));
+    }
 }
 
 QTEST_GUILESS_MAIN(CheckComparisonTest)
