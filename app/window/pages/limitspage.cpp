@@ -125,6 +125,7 @@ void LimitsPage::addTable()
     m_lines->setItemDelegate(new LeftToRight::Delegate(m_lines));
     setUpFlatTree(*m_lines);
     m_lines->setModel(m_model);
+    m_lines->header()->setResizeContentsPrecision(0); // the lines in sight tell how wide a column is
     const int width = fontMetrics().averageCharWidth();
     m_lines->setColumnWidth(LimitLinesModel::PlaceColumn, minPlaceCharacters * width);
     m_lines->setColumnWidth(LimitLinesModel::TextColumn, textCharacters * width);
