@@ -13,6 +13,7 @@
 #include "program.h"
 #include "readinglog.h"
 #include "sandbox.h"
+#include "texts.h"
 #include "writeaccounts.h"
 
 #include <QProcess>
@@ -24,11 +25,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 PacketSource script(const QString &commands)
 {
     return {text("/bin/sh"), {text("-c"), commands}, std::chrono::seconds(1)};

@@ -9,6 +9,7 @@
 #include "generatedaccounts.h"
 #include "readinglog.h"
 #include "sandbox.h"
+#include "texts.h"
 
 #include <UserInfo>
 
@@ -22,11 +23,6 @@ QByteArray contentOf(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
 }
 
 QString describe(const UserRecord &user)

@@ -9,6 +9,7 @@
 #include "limitsfixtures.h"
 #include "program.h"
 #include "sandbox.h"
+#include "texts.h"
 #include "writeaccounts.h"
 
 #include <QFile>
@@ -20,11 +21,6 @@
 namespace
 {
 constexpr int patience = 120000;
-
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 template<typename Record>
 QString names(const QVector<Record> &records)

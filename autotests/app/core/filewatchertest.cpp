@@ -6,6 +6,7 @@
 #include "filewatcher.h"
 
 #include "sandbox.h"
+#include "texts.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -17,11 +18,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 QString folder()
 {
     return text("/tmp/watched");

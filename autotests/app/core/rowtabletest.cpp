@@ -4,6 +4,7 @@
 */
 
 #include "rowtable.h"
+#include "texts.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -12,11 +13,6 @@
 
 namespace
 {
-QString text(const char *utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
 RowTable::Cell cell(const QString &text)
 {
     return {text, text};

@@ -12,6 +12,7 @@
 #include "icons.h"
 #include "mainwindow.h"
 #include "plan.h"
+#include "texts.h"
 #include "windowfixture.h"
 
 #include <GroupSelectDialog>
@@ -31,11 +32,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 /** Rows and cells are left out, since their number depends on the accounts. */
 bool isRow(QAccessible::Role role)
 {

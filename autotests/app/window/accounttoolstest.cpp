@@ -8,6 +8,7 @@
 #include "recordmodel.h"
 #include "recordview.h"
 #include "shadowtools.h"
+#include "texts.h"
 #include "windowfixture.h"
 
 #include <QTest>
@@ -15,11 +16,6 @@
 namespace
 {
 constexpr int patience = 240000;
-
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 /** Runs one of the tools that change accounts. */
 QByteArray run(const QByteArrayList &command)

@@ -7,6 +7,7 @@
 
 #include "dialogparts.h"
 #include "mainwindow.h"
+#include "texts.h"
 #include "windowfixture.h"
 
 #include <QDialog>
@@ -19,11 +20,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 /** The help dialog of @p window; null when there is none. */
 QDialog *helpDialog(const MainWindow &window)
 {

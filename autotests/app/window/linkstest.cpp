@@ -10,6 +10,7 @@
 #include "mainwindow.h"
 #include "recordview.h"
 #include "sandbox.h"
+#include "texts.h"
 #include "windowfixture.h"
 #include "windowparts.h"
 
@@ -25,11 +26,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 AccountLink user(const char *name)
 {
     return {AccountLink::Kind::User, text(name)};

@@ -13,6 +13,7 @@
 #include "limitsfixtures.h"
 #include "recordview.h"
 #include "sandbox.h"
+#include "texts.h"
 #include "windowfixture.h"
 #include "windowparts.h"
 #include "windowstate.h"
@@ -30,11 +31,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 /** Moves the mouse from a widget by @p way with the button held. */
 void drag(QWidget &widget, const QPoint &way)
 {

@@ -8,6 +8,7 @@
 #include "problemaccounts.h"
 #include "problemspage.h"
 #include "recordview.h"
+#include "texts.h"
 #include "windowfixture.h"
 
 #include <QAction>
@@ -22,11 +23,6 @@ using namespace ProblemAccounts;
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 /** A problem of a user, of a group, of a limit, and of another line. */
 void setLinkedProblems()
 {

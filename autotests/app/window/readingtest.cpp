@@ -11,6 +11,7 @@
 #include "recordmodel.h"
 #include "recordview.h"
 #include "sandbox.h"
+#include "texts.h"
 #include "windowfixture.h"
 #include "windowparts.h"
 
@@ -31,11 +32,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 /** Makes the reading of the users wait for ever. */
 void blockUsers()
 {

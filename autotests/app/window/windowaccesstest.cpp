@@ -12,6 +12,7 @@
 #include "pageparts.h"
 #include "recordview.h"
 #include "sandbox.h"
+#include "texts.h"
 #include "windowfixture.h"
 #include "windowparts.h"
 
@@ -30,11 +31,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 QPalette whiteOnBlack()
 {
     QPalette palette(

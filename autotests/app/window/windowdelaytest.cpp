@@ -11,6 +11,7 @@
 #include "mainwindow.h"
 #include "recordmodel.h"
 #include "recordview.h"
+#include "texts.h"
 #include "windowfixture.h"
 
 #include <QComboBox>
@@ -30,11 +31,6 @@ constexpr int ruleCount = 100000;
 
 /** How late a timer of the window may be. In milliseconds. */
 constexpr qint64 longestDelay = 50;
-
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 /** Whether nothing else runs on the machine. Then accounts are read that take as long as possible. */
 bool isMeasurement()

@@ -7,6 +7,7 @@
 
 #include "messagerecorder.h"
 #include "shadowtools.h"
+#include "texts.h"
 
 #include <UserInfo>
 
@@ -38,11 +39,6 @@ const char groupsFile[] = "root:x:0:\n"
                           "'; reboot #:x:2004:\n"
                           "ada,bob:x:2005:\n"
                           "wheel x:x:2006:bob\n";
-
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 GroupMembers membersOf(const char *group)
 {

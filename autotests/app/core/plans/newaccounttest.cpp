@@ -7,6 +7,7 @@
 
 #include "messagerecorder.h"
 #include "shadowtools.h"
+#include "texts.h"
 
 #include <UserInfo>
 
@@ -22,11 +23,6 @@ const char groupsFile[] = "root:x:0:\n"
                           "audio:x:29:\n"
                           "video:x:44:\n"
                           "50:x:2000:\n";
-
-QString text(const char *utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 QByteArray shadowLine(const QByteArray &user)
 {
@@ -93,7 +89,7 @@ void NewAccountTest::createsAccountWithEverything()
     account.primaryGroup = NewAccount::PrimaryGroup::New;
     account.groupName = text("engine");
     account.uid = text("1815");
-    account.fullName = text("Ada \"L.\" O'Byron \xc3\x96");
+    account.fullName = QString::fromUtf8("Ada \"L.\" O'Byron \xc3\x96");
     account.room = text("$HOME `id`");
     account.workPhone = text("-12");
     account.homePhone = text("+34 (5)");
@@ -112,7 +108,7 @@ void NewAccountTest::createsAccountWithEverything()
     QCOMPARE(ShadowTools::run(plan), QByteArray());
     const UserInfo user = readBack("ada");
     QCOMPARE(user.uid(), 1815U);
-    QCOMPARE(user.gecos(), text("Ada \"L.\" O'Byron \xc3\x96,$HOME `id`,-12,+34 (5),a=b; reboot"));
+    QCOMPARE(user.gecos(), QString::fromUtf8("Ada \"L.\" O'Byron \xc3\x96,$HOME `id`,-12,+34 (5),a=b; reboot"));
     QCOMPARE(user.primaryGroup().name(), text("engine"));
     QStringList groups = user.groupNames();
     groups.sort();
@@ -138,7 +134,7 @@ void NewAccountTest::createsAccountsOfHostileNames_data()
     QTest::addColumn<bool>("isUsual");
 
     for (const char *name : {"$(reboot)", "a'b", "j\xc3\xb6rg", "a*b", "1234", "a.b"}) {
-        QTest::newRow(name) << text(name) << false;
+        QTest::newRow(name) << QString::fromUtf8(name) << false;
     }
     QTest::newRow("a$") << text("a$") << true;
 }

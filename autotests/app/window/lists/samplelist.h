@@ -11,6 +11,7 @@
 #include "recordview.h"
 #include "rowactions.h"
 #include "searchfield.h"
+#include "texts.h"
 #include "usermodel.h"
 
 #include <QAction>
@@ -22,11 +23,6 @@
 /** A list of users with its parts. */
 namespace SampleList
 {
-inline QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 inline UserRecord user(const QString &name, uint uid)
 {
     UserRecord user;

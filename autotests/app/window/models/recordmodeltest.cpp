@@ -7,6 +7,7 @@
 
 #include "processortime.h"
 #include "ranking.h"
+#include "texts.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -14,11 +15,6 @@
 
 namespace
 {
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 UserRecord user(const char *name, uint uid, const char *gecos = "")
 {
     UserRecord user;

@@ -13,6 +13,7 @@
 #include "recordview.h"
 #include "sandbox.h"
 #include "shownaccountpage.h"
+#include "texts.h"
 #include "windowparts.h"
 
 #include <KMessageWidget>
@@ -52,10 +53,6 @@ struct Page : ShownAccountPage<GroupsPage> {
     QTreeView *limits = part<QTreeView>(page, "limitsTable");
 };
 
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 }
 
 /** The page of groups, where it differs from the page of users. */

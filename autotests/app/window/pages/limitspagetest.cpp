@@ -8,6 +8,7 @@
 #include "dialogparts.h"
 #include "eventloopdelay.h"
 #include "limitsfixtures.h"
+#include "texts.h"
 #include "windowparts.h"
 
 #include <KMessageWidget>
@@ -30,11 +31,6 @@ const char rules[] = "# comment\n"
                      "<i>x</i> hard nproc 7\n"
                      "ada both data 1\n"
                      "* soft core 1\n";
-
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 QString line(int number)
 {

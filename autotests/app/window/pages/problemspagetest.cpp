@@ -13,6 +13,7 @@
 #include "recordview.h"
 #include "rowactions.h"
 #include "rowtable.h"
+#include "texts.h"
 #include "windowfixture.h"
 #include "windowparts.h"
 
@@ -39,11 +40,6 @@ constexpr qint64 longestDelay = 3000;
 #else
 constexpr qint64 longestDelay = 300;
 #endif
-
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 /** Two errors, two warnings and a note. */
 void breakMachine()
