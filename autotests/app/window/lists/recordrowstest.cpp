@@ -235,16 +235,16 @@ void RecordRowsTest::makesRoomEachTime()
     UserModel model;
     RecordView view(&model);
     view.setAlwaysFitting(true);
-    model.setUsers({user(text("ada"), 1)});
+    model.setRecords({user(text("ada"), 1)});
     const int narrow = view.columnWidth(0);
-    model.setUsers({user(text("a-rather-long-name"), 1)});
+    model.setRecords({user(text("a-rather-long-name"), 1)});
     QVERIFY(view.columnWidth(0) > narrow);
     view.setColumnHidden(2, true);
     view.setColumnHidden(2, false);
-    model.setUsers({user(text("ada"), 1)});
+    model.setRecords({user(text("ada"), 1)});
     QCOMPARE(view.columnWidth(0), narrow);
     view.setColumnWidth(1, 77); // chosen by the operator
-    model.setUsers({user(text("a-rather-long-name"), 1)});
+    model.setRecords({user(text("a-rather-long-name"), 1)});
     QCOMPARE(view.columnWidth(0), narrow);
 }
 
@@ -257,7 +257,7 @@ void RecordRowsTest::givesSentencesTheRoomThatIsLeft()
     const int length = 90 * view.fontMetrics().averageCharWidth();
     view.resize(length / 2, 300);
     view.show();
-    model.setUsers({user(text("sentence ").repeated(40), 1)});
+    model.setRecords({user(text("sentence ").repeated(40), 1)});
     const int cut = view.columnWidth(UserModel::NameColumn);
     QVERIFY(cut < length);
     view.resize(2 * length, 300);
