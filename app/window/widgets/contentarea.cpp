@@ -7,6 +7,7 @@
 
 #include <QEvent>
 #include <QLayout>
+#include <QScrollBar>
 
 ContentArea::ContentArea(QWidget *parent)
     : QScrollArea(parent)
@@ -25,8 +26,10 @@ QSize ContentArea::sizeHint() const
     if (!layout->hasHeightForWidth()) {
         return hint;
     }
+    // A scroll bar that is shown already makes texts wrap earlier, and so would stay.
+    const int beside = hint.width() - verticalScrollBar()->sizeHint().width();
     // Rounded from lengths in wrapped lines, either may be the larger one.
-    return {hint.width(), qMax(hint.height(), layout->totalHeightForWidth(hint.width()))};
+    return {hint.width(), qMax(hint.height(), layout->totalHeightForWidth(beside))};
 }
 
 bool ContentArea::eventFilter(QObject *watched, QEvent *event)
