@@ -49,16 +49,16 @@ try() {
     fi
 }
 
-# The first row is the last name, and the tab key leads from the filter over the text to the rows.
+# Names are in ascending order. The tab key leads from the filter over the text to the rows.
 try "0 alice bob" "Select Users" "Return" pick-users --group staff
 try "1" "Select Users" "Escape" pick-users --group staff
-try "0 alice bob carol" "Select Users" "Tab Tab space Return" pick-users --group staff
+try "0 alice bob carol" "Select Users" "Tab Tab End space Return" pick-users --group staff
 try "1" "Select Users" "Return" pick-users
-try "0 carol" "Select Users" "Tab Tab Home Return" pick-users --single
+try "0 alice" "Select Users" "Tab Tab Home Return" pick-users --single
 try "1" "Select Users" "Return" pick-users --single
 try "0 alice staff" "Select Groups" "Return" pick-groups --user alice
 try "1" "Select Groups" "Escape" pick-groups --user alice
-try "0 alice staff video" "Select Groups" "Tab Tab space Return" pick-groups --user alice
+try "0 alice staff video" "Select Groups" "Tab Tab End space Return" pick-groups --user alice
 try "0 root" "Select Groups" "Tab r o o Tab Home Return" pick-groups --single
 
 # Names are read as UTF-8, and nothing in them controls the terminal.

@@ -202,7 +202,7 @@ void WindowDelayTest::sorts_data()
 
     QTest::newRow("users") << 0 << text("userListView");
     QTest::newRow("groups") << 1 << text("groupListView");
-    QTest::newRow("problems") << 4 << text("problemListView");
+    QTest::newRow("problems") << 3 << text("problemListView");
 }
 
 void WindowDelayTest::sorts()
@@ -249,7 +249,7 @@ void WindowDelayTest::filters_data()
     QTest::newRow("users") << 0 << text("filterComboBox");
     QTest::newRow("groups") << 1 << text("filterComboBox");
     QTest::newRow("limits") << 2 << text("lineFilter");
-    QTest::newRow("problems") << 4 << text("filterComboBox");
+    QTest::newRow("problems") << 3 << text("filterComboBox");
 }
 
 void WindowDelayTest::filters()
@@ -321,7 +321,7 @@ void WindowDelayTest::showsGroupOfMany()
 
 void WindowDelayTest::entersNewAccount()
 {
-    m_window->goTo(3);
+    m_window->goTo(4);
     auto &name = m_window->partOfPage<QLineEdit>("userNameEdit");
     for (const Qt::Key key : {Qt::Key_U, Qt::Key_S, Qt::Key_E, Qt::Key_R, Qt::Key_1}) {
         m_window->key(name, key);
@@ -331,7 +331,7 @@ void WindowDelayTest::entersNewAccount()
 
 void WindowDelayTest::readsAgain()
 {
-    m_window->goTo(4);
+    m_window->goTo(3);
     m_window->key(m_window->window(), Qt::Key_F5);
     QVERIFY(m_window->isRead());
     QVERIFY(isInTime(text("reading again")));

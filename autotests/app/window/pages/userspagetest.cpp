@@ -180,7 +180,7 @@ void UsersPageTest::tellsThatReadingFailed_data()
     QTest::newRow("is killed") << QStringLiteral("kill -9 $$") << QStringLiteral("has ended early");
     QTest::newRow("hangs") << QStringLiteral("exec sleep 1000") << QStringLiteral("does not answer");
     QTest::newRow("prints garbage") << QStringLiteral("echo Segmentation fault")
-                                    << QStringLiteral("sends something else");
+                                    << QStringLiteral("sends something unexpected");
 }
 
 void UsersPageTest::tellsThatReadingFailed()
