@@ -107,7 +107,8 @@ void useList(const MainWindow &window)
 {
     RecordView &view = usersView(window);
     auto *search = window.findChild<QLineEdit *>(QStringLiteral("searchField"));
-    for (const int column : view.shownColumns()) {
+    const QVector<int> columns = view.shownColumns();
+    for (const int column : columns) {
         view.sortByColumn(column, Qt::DescendingOrder);
         QCoreApplication::processEvents();
     }
