@@ -33,7 +33,7 @@ bool isMissing(int error)
 /** Many system accounts have a directory of the system as their home. */
 bool isForeign(const UserLine &user, uid_t owner)
 {
-    return owner != user.uid && !(owner == 0 && isSystemId(user.uid));
+    return owner != user.uid && !(owner == 0 && isIdOfSystem(user.uid));
 }
 
 /** The directory is not opened: what is there may be anything. */
@@ -44,7 +44,7 @@ QList<Problem> checkHome(const UserLine &user)
     // A relative path means another directory each time.
     const bool found = user.home.startsWith('/') && stat(user.home.constData(), &status) == 0;
     if (!found && (!user.home.startsWith('/') || isMissing(errno))) {
-        const Kind kind = isSystemId(user.uid) && user.uid != 0 ? Kind::MissingSystemHome : Kind::MissingHome;
+        const Kind kind = isIdOfSystem(user.uid) && user.uid != 0 ? Kind::MissingSystemHome : Kind::MissingHome;
         return {lineProblem(kind, user, nameAndPath)};
     }
     if (!found) {

@@ -16,7 +16,7 @@ QString textOf(const QByteArray &text)
     return RecordText::decode(QString::fromLatin1(text));
 }
 
-bool isSystemId(uint id)
+bool isIdOfSystem(uint id)
 {
     group entry = {};
     entry.gr_gid = id;

@@ -16,7 +16,7 @@
 QString textOf(const QByteArray &text);
 
 /** Whether the library counts accounts with @p id as system accounts. */
-bool isSystemId(uint id);
+bool isIdOfSystem(uint id);
 
 /** A problem of @p line. */
 template<typename Line>

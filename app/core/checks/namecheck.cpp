@@ -57,7 +57,7 @@ QList<Problem> checkNamesOf(const QVector<Line> &lines, QValidator *(*createVali
             continue;
         }
         const InputCheck check = checkInput(*rule, name, longestName);
-        if (check.state != QValidator::Acceptable && !isSystemId(idOf(line))) {
+        if (check.state != QValidator::Acceptable && !isIdOfSystem(idOf(line))) {
             problems.append(lineProblem(Problem::Kind::RefusedName, line, {name, check.pattern}));
         }
     }

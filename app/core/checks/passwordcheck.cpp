@@ -82,7 +82,7 @@ QList<Problem> checkPasswords(const AccountFiles &files)
     const auto shadow = linesByName(files.userShadow.lines);
     QList<Problem> problems;
     for (const UserLine &user : files.users.lines) {
-        const bool isSystem = isSystemId(user.uid);
+        const bool isSystem = isIdOfSystem(user.uid);
         if (user.password != shadowed) {
             problems += checkPassword(user, isSystem);
         } else if (const UserShadowLine *line = shadow.value(user.name)) {

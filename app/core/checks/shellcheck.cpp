@@ -52,7 +52,7 @@ QList<Problem> checkShells(const AccountFiles &files)
             continue; // it means /bin/sh
         }
         const QStringList details{textOf(user.name), textOf(user.shell)};
-        const bool mayLogIn = user.uid == 0 || !isSystemId(user.uid);
+        const bool mayLogIn = user.uid == 0 || !isIdOfSystem(user.uid);
         if (!isProgram(user.shell)) {
             problems.append(lineProblem(Problem::Kind::UnusableShell, user, details));
         } else if (mayLogIn && !refusesLogin(user.shell) && !listed.contains(user.shell)) {
