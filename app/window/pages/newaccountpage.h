@@ -50,8 +50,9 @@ private:
     Field addField(QFormLayout *form, const char *objectName, const QString &label) const;
     QWidget *createForm();
 
-    /** Checks against the accounts and rules as they are now. */
     void readAccountsLater();
+
+    /** Checks against the accounts and rules as they are now. */
     void readAccounts();
 
     /** Shows notes on the fields. @return whether an account can be created with them */
