@@ -6,10 +6,10 @@
 #include "details.h"
 
 #include "formrow.h"
-#include "lefttoright.h"
 #include "linelabel.h"
 #include "linklabel.h"
 #include "pagelayout.h"
+#include "plaintext.h"
 #include "visibletext.h"
 
 #include <QAction>
@@ -53,11 +53,7 @@ Details::Details(int pictureSize, QWidget *parent)
     font.setBold(true);
     font.setPointSizeF(font.pointSizeF() * titleScale);
     m_title->setFont(font);
-    m_remarks = new QLabel(content);
-    m_remarks->setObjectName(QStringLiteral("remarks"));
-    m_remarks->setTextFormat(Qt::PlainText);
-    m_remarks->setWordWrap(true);
-    m_remarks->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
+    m_remarks = PlainText::createLabel("remarks", content);
 
     auto *names = new QVBoxLayout;
     names->addWidget(m_title);

@@ -5,9 +5,9 @@
 
 #include "problemdetails.h"
 
-#include "lefttoright.h"
 #include "linklabel.h"
 #include "pagelayout.h"
+#include "plaintext.h"
 #include "problem.h"
 #include "visibletext.h"
 
@@ -52,12 +52,8 @@ ProblemDetails::ProblemDetails(QWidget *parent)
 
 QLabel *ProblemDetails::addText(const char *name, const QString &title)
 {
-    auto *label = new QLabel(this);
-    label->setObjectName(QString::fromLatin1(name));
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
+    auto *label = PlainText::createLabel(name, this);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    label->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
     PageLayout::addRow(m_layout, title, label);
     return label;
 }

@@ -13,6 +13,7 @@
 #include "linklabel.h"
 #include "messages.h"
 #include "pagelayout.h"
+#include "plaintext.h"
 #include "visibletext.h"
 
 #include <KLocalizedString>
@@ -69,9 +70,9 @@ LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
     title->setBuddy(m_lines);
     m_lines->setAccessibleName(KLocalizedString::removeAcceleratorMarker(title->text()));
     auto *explanations = new QGridLayout;
-    m_meaning = addExplanation("lineMeaning");
+    m_meaning = PlainText::createLabel("lineMeaning", this);
     PageLayout::addRow(explanations, i18nc("@label of a line", "Meaning:"), m_meaning);
-    m_problem = addExplanation("lineProblem");
+    m_problem = PlainText::createLabel("lineProblem", this);
     m_problemTitle = PageLayout::addRow(explanations, i18nc("@label of a line", "Problem:"), m_problem);
     m_decides = new LinkLabel(this);
     m_decides->setObjectName(QStringLiteral("lineDecides"));
@@ -131,16 +132,6 @@ void LimitsPage::addTable()
     m_lines->setColumnWidth(LimitLinesModel::TextColumn, textCharacters * width);
     m_lines->resizeColumnToContents(LimitLinesModel::MeaningColumn); // at least its title
     connect(m_lines->selectionModel(), &QItemSelectionModel::selectionChanged, this, &LimitsPage::explain);
-}
-
-QLabel *LimitsPage::addExplanation(const char *name)
-{
-    auto *label = new QLabel(this);
-    label->setObjectName(QString::fromLatin1(name));
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
-    return label;
 }
 
 /** Begins an analysis in a thread, and gives up the one before. */

@@ -40,7 +40,6 @@ Q_SIGNALS:
     void followed(const AccountLink &link);
 
 private:
-    QLabel *addExplanation(const char *name);
     QWidget *createFilter();
     void addTable();
     QFuture<LimitAnalysis::Pointer> analyse(const PamLimits::SessionLimits &limits, const QVector<UserRecord> &users);

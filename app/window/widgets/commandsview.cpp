@@ -6,7 +6,7 @@
 #include "commandsview.h"
 
 #include "formrow.h"
-#include "lefttoright.h"
+#include "plaintext.h"
 #include "scriptfile.h"
 
 #include <KLocalizedString>
@@ -32,16 +32,6 @@ QString warning()
                 "the list of processes.");
 }
 
-QLabel *createLabel(const char *name, QWidget *parent)
-{
-    auto *label = new QLabel(parent);
-    label->setObjectName(QString::fromLatin1(name));
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
-    return label;
-}
-
 QPushButton *createButton(const char *name, const char *icon, const QString &text)
 {
     auto *button = new QPushButton(QIcon::fromTheme(QString::fromLatin1(icon)), text);
@@ -61,10 +51,10 @@ int heightOf(const QPlainTextEdit &edit, int lines)
 CommandsView::CommandsView(const QString &heading, QWidget *parent)
     : QWidget(parent)
     , m_text(heading)
-    , m_heading(createLabel("commandsHeading", this))
+    , m_heading(PlainText::createLabel("commandsHeading", this))
     , m_commands(new QPlainTextEdit(this))
     , m_buttons(createButtons())
-    , m_notes(createLabel("commandsNotes", this))
+    , m_notes(PlainText::createLabel("commandsNotes", this))
 {
     m_commands->setObjectName(QStringLiteral("commandsEdit"));
     m_commands->setAccessibleName(i18nc("@label what the administrator is to run", "Commands"));

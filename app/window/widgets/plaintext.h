@@ -8,6 +8,9 @@
 
 #include <QString>
 
+class QLabel;
+class QWidget;
+
 /** Texts from account files must not be taken for rich text by widgets that guess the format. */
 namespace PlainText
 {
@@ -17,6 +20,9 @@ inline QString toRichText(const QString &text)
     const QString escaped = text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
     return QLatin1String("<qt>") + escaped + QLatin1String("</qt>");
 }
+
+/** A label that shows any text as it is, in lines as long as fit. */
+QLabel *createLabel(const char *name, QWidget *parent);
 }
 
 #endif
