@@ -5,100 +5,30 @@
 
 #include "filewatcher.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
-#include <sys/stat.h>
+#include "watchedfiles.h"
 
 namespace
 {
 /** In milliseconds. */
 constexpr int calm = 500;
-
-QByteArray stampOf(const QString &path)
-{
-    struct stat status;
-    if (stat(QFile::encodeName(path).constData(), &status) != 0) {
-        return "-";
-    }
-    const qint64 parts[] = {
-        qint64(status.st_ino),
-        qint64(status.st_size),
-        qint64(status.st_mode),
-        status.st_mtim.tv_sec,
-        status.st_mtim.tv_nsec,
-        status.st_ctim.tv_sec,
-        status.st_ctim.tv_nsec,
-    };
-    return QByteArray(reinterpret_cast<const char *>(parts), sizeof(parts));
-}
-
-/** The files below @p path, if it is a folder, and @p path itself. */
-QStringList filesOf(const QString &path)
-{
-    QStringList files(path);
-    const QDir folder(path);
-    const QStringList names = folder.entryList(QDir::Files | QDir::Hidden | QDir::System);
-    for (const QString &name : names) {
-        files.append(folder.filePath(name));
-    }
-    return files;
-}
 }
 
 FileWatcher::FileWatcher(const QStringList &paths, QObject *parent)
     : QObject(parent)
-    , m_paths(paths)
 {
     m_calm.setSingleShot(true);
     m_calm.setInterval(calm);
     connect(&m_calm, &QTimer::timeout, this, &FileWatcher::changed);
-    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &FileWatcher::look);
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &FileWatcher::look);
-    watchAgain();
-    m_state = state();
+
+    auto *files = new WatchedFiles(paths);
+    files->moveToThread(&m_thread);
+    connect(&m_thread, &QThread::finished, files, &QObject::deleteLater);
+    connect(files, &WatchedFiles::differ, &m_calm, qOverload<>(&QTimer::start));
+    m_thread.start();
 }
 
-void FileWatcher::look()
+FileWatcher::~FileWatcher()
 {
-    watchAgain();
-    const QByteArray now = state();
-    if (now != m_state) {
-        m_state = now;
-        m_calm.start();
-    }
-}
-
-/** A replaced file is no longer watched, and a new one is not watched yet. */
-void FileWatcher::watchAgain()
-{
-    QStringList wanted;
-    for (const QString &path : m_paths) {
-        wanted += QFileInfo(path).path();
-        wanted += filesOf(path);
-    }
-    wanted.removeDuplicates();
-    const QStringList watched = m_watcher.files() + m_watcher.directories();
-    QStringList missing;
-    for (const QString &path : qAsConst(wanted)) {
-        if (!watched.contains(path) && QFileInfo(path).isReadable()) {
-            missing.append(path);
-        }
-    }
-    if (!missing.isEmpty()) {
-        m_watcher.addPaths(missing);
-    }
-}
-
-QByteArray FileWatcher::state() const
-{
-    QByteArray state;
-    for (const QString &path : m_paths) {
-        const QStringList files = filesOf(path);
-        for (const QString &file : files) {
-            state += file.toUtf8() + '\0' + stampOf(file);
-        }
-    }
-    return state;
+    m_thread.quit();
+    m_thread.wait();
 }

@@ -6,37 +6,29 @@
 #ifndef FILEWATCHER_H
 #define FILEWATCHER_H
 
-#include <QFileSystemWatcher>
 #include <QObject>
 #include <QStringList>
+#include <QThread>
 #include <QTimer>
 
-/**
- * Notices when files are written, replaced, created or removed. Their folders are watched as well, since
- * most tools write a new file and give it the name of the old one.
- */
+/** Notices when files are written, replaced, created or removed, and waits until nothing changes any more. */
 class FileWatcher : public QObject
 {
     Q_OBJECT
 
 public:
-    /** @param paths files, or folders of files */
+    /** @param paths files, or folders of files; what they are now is what they are compared with */
     explicit FileWatcher(const QStringList &paths, QObject *parent = nullptr);
+    ~FileWatcher() override;
 
 Q_SIGNALS:
     /** Files have changed, but not within the last half second. */
     void changed();
 
 private:
-    void look();
-    void watchAgain();
-    QByteArray state() const;
-
-    const QStringList m_paths;
-    QFileSystemWatcher m_watcher;
+    /** Looks at the files, so that a slow disk does not block the window. */
+    QThread m_thread;
     QTimer m_calm;
-    /** Differs whenever the files differ. */
-    QByteArray m_state;
 };
 
 #endif

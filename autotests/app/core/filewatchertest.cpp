@@ -14,7 +14,53 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <atomic>
+#include <cstring>
 #include <memory>
+
+#include <dirent.h>
+#include <dlfcn.h>
+#include <sys/inotify.h>
+#include <sys/stat.h>
+
+namespace
+{
+/** How often files were looked at in the thread that has called countCalls(), and in others. */
+std::atomic<int> s_ownCalls;
+std::atomic<int> s_otherCalls;
+thread_local bool s_isOwnThread = false;
+
+void countCalls()
+{
+    s_isOwnThread = true;
+    s_ownCalls = 0;
+    s_otherCalls = 0;
+}
+
+template<typename Function>
+Function counted(const char *name, const char *path)
+{
+    if (strstr(path, "/watched")) {
+        ++(s_isOwnThread ? s_ownCalls : s_otherCalls);
+    }
+    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
+}
+}
+
+extern "C" Q_DECL_EXPORT int stat(const char *path, struct stat *status) noexcept
+{
+    return counted<decltype(&stat)>("stat", path)(path, status);
+}
+
+extern "C" Q_DECL_EXPORT DIR *opendir(const char *path)
+{
+    return counted<decltype(&opendir)>("opendir", path)(path);
+}
+
+extern "C" Q_DECL_EXPORT int inotify_add_watch(int file, const char *path, uint32_t events) noexcept
+{
+    return counted<decltype(&inotify_add_watch)>("inotify_add_watch", path)(file, path, events);
+}
 
 namespace
 {
@@ -52,6 +98,8 @@ private Q_SLOTS:
     void noticesFolderThatComesLater();
     void ignoresOtherFiles();
     void reportsManyChangesOnce();
+    void looksInAnotherThread();
+    void endsWhileFilesChange();
 
 private:
     /** Whether exactly one change is reported. */
@@ -154,6 +202,27 @@ void FileWatcherTest::reportsManyChangesOnce()
     // Fewer than a report every half second, and one for the last change.
     QVERIFY2(m_changes->size() <= 2 + calms, qPrintable(QString::number(m_changes->size())));
     QVERIFY(isReportedOnce());
+}
+
+void FileWatcherTest::looksInAnotherThread()
+{
+    countCalls();
+    replace(file("passwd"), "two");
+    Sandbox::write(file("parts/10.conf"), "one");
+    QVERIFY(isReportedOnce());
+    QVERIFY(s_otherCalls > 0);
+    QCOMPARE(int(s_ownCalls), 0);
+}
+
+void FileWatcherTest::endsWhileFilesChange()
+{
+    for (int i = 0; i < 20; ++i) {
+        replace(file("passwd"), QByteArray::number(i));
+        m_watcher = std::make_unique<FileWatcher>(QStringList({file("passwd")}));
+    }
+    const QSignalSpy changes(m_watcher.get(), &FileWatcher::changed);
+    QTest::qWait(700);
+    QCOMPARE(changes.size(), 0);
 }
 
 QTEST_GUILESS_MAIN(FileWatcherTest)
