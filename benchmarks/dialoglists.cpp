@@ -61,6 +61,18 @@ public:
         paint(m_dialog);
     }
 
+    /** Leaves nothing of what was done before. */
+    void reset()
+    {
+        paintAfter(m_dialog, [this] {
+            m_lineEdit->clear();
+            m_view->clearSelection();
+            m_view->sortByColumn(1, Qt::AscendingOrder);
+            m_view->verticalScrollBar()->setValue(0);
+            m_view->viewport()->update();
+        });
+    }
+
     int layOut()
     {
         return paintAfter(m_dialog, [this] {
@@ -153,6 +165,7 @@ template<int (List::*operation)(), bool isPeer>
 void measureList(State &state)
 {
     List &list = listFor(state, isPeer);
+    list.reset();
     measure(state, [&list] { return (list.*operation)(); });
 }
 
