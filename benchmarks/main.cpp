@@ -19,7 +19,7 @@
 namespace
 {
 /** How often a benchmark is run that takes less than a second; library and peer take turns. */
-constexpr int rounds = 5;
+constexpr int rounds = 9;
 
 /** The shortest time of a run, which has as many iterations as that takes. */
 constexpr double leastSeconds = 0.1;

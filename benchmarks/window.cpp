@@ -123,8 +123,8 @@ void keepBusy(State &state)
     prepareAccounts(state);
     writeRules();
     for ([[maybe_unused]] auto iteration : state) {
-        EventLoopDelay delay;
         MainWindow window;
+        EventLoopDelay delay;
         window.show();
         reload(window);
         for (int page = window.pages()->count() - 1; page >= 0; --page) {

@@ -67,11 +67,6 @@ void writeLimits()
 class Window
 {
 public:
-    Window()
-    {
-        m_window.show();
-    }
-
     MainWindow &window()
     {
         return m_window;
@@ -178,8 +173,9 @@ void WindowDelayTest::cleanupTestCase()
 
 void WindowDelayTest::opensAndReads()
 {
-    m_delay = std::make_unique<EventLoopDelay>();
     m_window = std::make_unique<Window>();
+    m_delay = std::make_unique<EventLoopDelay>();
+    m_window->window().show();
     QVERIFY(isInTime(text("opening the window")));
     QVERIFY(m_window->isRead());
     QVERIFY(isInTime(text("reading")));
@@ -364,8 +360,8 @@ void WindowDelayTest::closesWhileReading()
 {
     m_window->key(m_window->window(), Qt::Key_F5);
     QVERIFY(m_window->window().close());
-    m_window.reset();
     QVERIFY(isInTime(text("closing the window while it reads")));
+    m_window.reset();
 }
 
 QTEST_MAIN(WindowDelayTest)
