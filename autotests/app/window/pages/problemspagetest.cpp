@@ -307,11 +307,13 @@ void ProblemsPageTest::staysUsableWithManyProblems()
     EventLoopDelay delay;
     page.check();
     QVERIFY(page.view->model()->rowCount() >= count);
-    QVERIFY2(delay.longest() <= longestDelay, qPrintable(QString::number(delay.longest())));
+    const qint64 reading = delay.takeLongest().work;
+    QVERIFY2(reading <= longestDelay, qPrintable(QString::number(reading)));
     page.page.list()->view()->sortByColumn(1, Qt::AscendingOrder);
     part<QLineEdit>(page.page, "searchField")->setText(text("user4711"));
     QCOMPARE(shownRows(*page.view).constFirst().section(QLatin1Char('|'), 2, 2), text("user4711"));
-    QVERIFY2(delay.longest() <= 2 * longestDelay, qPrintable(QString::number(delay.longest())));
+    const qint64 sorting = delay.takeLongest().work;
+    QVERIFY2(sorting <= 2 * longestDelay, qPrintable(QString::number(sorting)));
 }
 
 void ProblemsPageTest::checksAgainWhenFilesChange_data()
