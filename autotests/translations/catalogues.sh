@@ -20,7 +20,8 @@ fail() {
 
 "$source/scripts/update" messages "$work"
 for domain in ormel_kcm_users ormel-users; do
-    diff -u "$source/po/$domain.pot" "$work/$domain.pot" ||
+    # Releases of gettext break lines at different places.
+    diff -u <(msgcat --no-wrap "$source/po/$domain.pot") <(msgcat --no-wrap "$work/$domain.pot") ||
         fail "po/$domain.pot is not current: run scripts/update messages and translate what is new"
 done
 
