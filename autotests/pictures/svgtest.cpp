@@ -7,6 +7,7 @@
 #include "peakmemory.h"
 #include "picturefiles.h"
 #include "picturereader.h"
+#include "processortime.h"
 #include "sandbox.h"
 
 #include <QDirIterator>
@@ -14,9 +15,12 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <array>
+
 #include <malloc.h>
 #include <sys/inotify.h>
 #include <unistd.h>
+#include <zlib.h>
 
 using PictureReader::Problem;
 
@@ -32,6 +36,24 @@ QByteArray image(const QByteArray &reference)
 QByteArray dataOf(const QByteArray &content)
 {
     return "data:image/png;base64," + content.toBase64();
+}
+
+/** Zeros in the format of gzip, which compresses them to about a thousandth. */
+QByteArray gzippedZeros(int mebibytes)
+{
+    constexpr int headerSize = 10;
+    QByteArray zeros(mebibyte, '\0');
+    std::array<Bytef, 4096> compressed{};
+    z_stream stream = {};
+    deflateInit2(&stream, Z_DEFAULT_COMPRESSION, Z_DEFLATED, MAX_WBITS + 16, MAX_MEM_LEVEL, Z_DEFAULT_STRATEGY);
+    stream.next_in = reinterpret_cast<Bytef *>(zeros.data());
+    stream.avail_in = mebibyte;
+    stream.next_out = compressed.data();
+    stream.avail_out = uint(compressed.size());
+    deflate(&stream, Z_FULL_FLUSH);
+    deflateEnd(&stream);
+    const QByteArray first(reinterpret_cast<char *>(compressed.data()), int(compressed.size() - stream.avail_out));
+    return first + first.mid(headerSize).repeated(mebibytes - 1); // after a full flush, everything starts over
 }
 
 /** Notices whether a file was opened during its lifetime. */
@@ -79,6 +101,7 @@ private Q_SLOTS:
     void doesNotShowMemoryInImagesWithin();
     void refusesLongText_data();
     void refusesLongText();
+    void stopsUnpackingTextThatIsTooLong();
     void refusesDeepNesting();
     void refusesPictureWithoutSize();
     void refusesDamagedText_data();
@@ -216,6 +239,19 @@ void SvgTest::refusesLongText()
     const qint64 before = PeakMemory::bytes();
     QCOMPARE(read(content).problem, Problem::TooLarge);
     QVERIFY(PeakMemory::bytes() - before < 150LL * mebibyte);
+}
+
+void SvgTest::stopsUnpackingTextThatIsTooLong()
+{
+    const auto secondsFor = [this](int mebibytes) {
+        const QByteArray content = gzippedZeros(mebibytes);
+        const double before = processorSeconds(RUSAGE_SELF);
+        const Problem problem = read(content).problem;
+        return problem == Problem::TooLarge ? processorSeconds(RUSAGE_SELF) - before : 0;
+    };
+    const double least = secondsFor(65);
+    const double most = secondsFor(65 * 40);
+    QVERIFY2(least > 0 && most > 0 && most < 5 * least, qPrintable(QStringLiteral("%1 %2").arg(least).arg(most)));
 }
 
 void SvgTest::refusesPictureWithoutSize()
