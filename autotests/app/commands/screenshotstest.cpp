@@ -64,6 +64,18 @@ int colours(const QImage &picture)
     }
     return found.size();
 }
+
+/** How many pixels of a picture have a colour. */
+int pixels(const QImage &picture, const QColor &colour)
+{
+    int found = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            found += int(picture.pixelColor(x, y) == colour);
+        }
+    }
+    return found;
+}
 }
 
 /** ormel-users --screenshots. */
@@ -75,12 +87,14 @@ private Q_SLOTS:
     void init();
     void drawsAllPagesAndDialogs();
     void printsWhatItWrites();
+    void drawsAtOtherScale_data();
     void drawsAtOtherScale();
     void mirrorsForLanguagesReadFromTheRight();
     void drawsOnOtherPlatforms_data();
     void drawsOnOtherPlatforms();
     void showsWhatIsThere();
     void waitsForPictureOfUser();
+    void drawsLandscapeWithoutStockPictures();
     void leavesWindowStateAlone();
     void reportsDirectoryThatCannotBeMade();
     void reportsFileThatCannotBeWritten();
@@ -123,12 +137,22 @@ void ScreenshotsTest::printsWhatItWrites()
     QCOMPARE(printed, expected);
 }
 
+void ScreenshotsTest::drawsAtOtherScale_data()
+{
+    QTest::addColumn<QString>("variable");
+
+    QTest::newRow("chosen by the user") << text("QT_SCALE_FACTOR=2");
+    QTest::newRow("for the resolution") << text("QT_FONT_DPI=192");
+}
+
 void ScreenshotsTest::drawsAtOtherScale()
 {
+    QFETCH(QString, variable);
+
     const QTemporaryDir plain;
     const QTemporaryDir scaled;
     QCOMPARE(takeScreenshots(plain.path()).status, 0);
-    QCOMPARE(takeScreenshots(scaled.path(), {text("QT_SCALE_FACTOR=2")}).status, 0);
+    QCOMPARE(takeScreenshots(scaled.path(), {variable}).status, 0);
     const QString name = text("page-users.png");
     QCOMPARE(QImage(scaled.filePath(name)).size(), 2 * QImage(plain.filePath(name)).size());
 }
@@ -199,14 +223,20 @@ void ScreenshotsTest::waitsForPictureOfUser()
                          "staff:x:50:\n");
     const QTemporaryDir directory;
     QCOMPARE(takeScreenshots(directory.path()).status, 0);
-    const QImage page(directory.filePath(text("page-users.png")));
-    int pixels = 0;
-    for (int y = 0; y < page.height(); ++y) {
-        for (int x = 0; x < page.width(); ++x) {
-            pixels += page.pixelColor(x, y) == colour;
-        }
+    QCOMPARE(pixels(QImage(directory.filePath(text("page-users.png"))), colour), 96 * 96);
+}
+
+void ScreenshotsTest::drawsLandscapeWithoutStockPictures()
+{
+    const QTemporaryDir directory;
+    QCOMPARE(takeScreenshots(directory.path()).status, 0);
+    const QImage dialog(directory.filePath(text("dialog-select-icon.png")));
+    const QColor sun(0xff, 0xf4, 0xd0);
+    const QColor hill(0x2f, 0x5d, 0x50);
+    const QColor nearHill(0x24, 0x47, 0x3e);
+    for (const QColor &colour : {sun, hill, nearHill}) {
+        QVERIFY2(pixels(dialog, colour) > 1000, qPrintable(colour.name()));
     }
-    QCOMPARE(pixels, 96 * 96);
 }
 
 void ScreenshotsTest::leavesWindowStateAlone()
