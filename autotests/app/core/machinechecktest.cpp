@@ -85,6 +85,7 @@ private Q_SLOTS:
     void findsProblems_data();
     void findsProblems();
     void describesEachKind();
+    void quotesLinesOfLimits();
     void tellsFilesThatFailSessions();
     void tellsUnreadableLimits();
     void asksNameService();
@@ -156,6 +157,19 @@ void MachineCheckTest::describesEachKind()
     }
     ids.removeDuplicates();
     QCOMPARE(ids.size(), int(Problem::lastKind) + 1);
+}
+
+void MachineCheckTest::quotesLinesOfLimits()
+{
+    Sandbox::write(path("security/limits.conf"), "alice both core 1\n\nalice both core 2\n");
+    QStringList quoted;
+    const QList<Problem> problems = MachineCheck::run().problems;
+    for (const Problem &problem : problems) {
+        quoted.append(problem.place() + QLatin1Char(' ') + problem.details.constFirst());
+    }
+    QCOMPARE(quoted,
+             QStringList({QStringLiteral("/etc/security/limits.conf:1 alice both core 1"),
+                          QStringLiteral("/etc/security/limits.conf:3 alice both core 2")}));
 }
 
 void MachineCheckTest::tellsFilesThatFailSessions()
