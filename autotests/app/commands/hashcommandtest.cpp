@@ -59,6 +59,7 @@ private Q_SLOTS:
     void givesKnownGostHash();
     void refusesInput_data();
     void refusesInput();
+    void failsWhenNotHashed_data();
     void failsWhenNotHashed();
 
     void doesNotShowWhatIsTyped();
@@ -159,9 +160,19 @@ void HashCommandTest::refusesInput()
     QCOMPARE(result.status, 1);
 }
 
+void HashCommandTest::failsWhenNotHashed_data()
+{
+    QTest::addColumn<QStringList>("options");
+
+    QTest::newRow("SHA-512") << QStringList();
+    QTest::newRow("GOST") << QStringList(QStringLiteral("--gost"));
+}
+
 void HashCommandTest::failsWhenNotHashed()
 {
-    const Program::Result result = hash(QByteArray(600, 'a') + '\n');
+    QFETCH(QStringList, options);
+
+    const Program::Result result = hash(QByteArray(600, 'a') + '\n', options);
     QCOMPARE(result.output, QByteArray());
     QCOMPARE(result.errors, QByteArray("ormel-users: The password cannot be hashed.\n"));
     QCOMPARE(result.status, 1);
