@@ -23,6 +23,7 @@ public:
 private Q_SLOTS:
     void init();
     void showsFieldsOfCurrentUser();
+    void emphasizesName();
     void showsTextAsItIs();
     void leadsToGroups();
     void givesWholeTextOfCutField();
@@ -58,6 +59,14 @@ void UserDetailsTest::showsFieldsOfCurrentUser()
     QCOMPARE(fieldText(page.page, "GID:"), QStringLiteral("1000"));
     QCOMPARE(fieldText(page.page, "Primary group:"), QStringLiteral("ada"));
     QCOMPARE(fieldText(page.page, "All groups:"), QStringLiteral("ada, ormel-admin, audio"));
+}
+
+void UserDetailsTest::emphasizesName()
+{
+    const ShownUsersPage page;
+    const QFont font = part<QLabel>(page.page, "title")->font();
+    QVERIFY(font.bold());
+    QVERIFY(font.pointSizeF() > page.page.font().pointSizeF());
 }
 
 void UserDetailsTest::showsTextAsItIs()
