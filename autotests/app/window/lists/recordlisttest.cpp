@@ -5,6 +5,7 @@
 
 #include "samplelist.h"
 
+#include <QDialog>
 #include <QScrollBar>
 #include <QSignalSpy>
 
@@ -19,6 +20,7 @@ private Q_SLOTS:
     void tellsThatNothingMatches();
     void clearsSearchByEsc();
     void leavesEscToTheWindowWithoutSearch();
+    void leavesEscToDialogWithoutSearch();
     void leadsFromSearchToList_data();
     void leadsFromSearchToList();
     void comesBackToCurrentRecord();
@@ -28,6 +30,7 @@ private Q_SLOTS:
     void reportsCurrentRecordOnce();
     void showsHiddenRecord();
     void findsRowsByTheirFirstLetters();
+    void marksWhatIsFound();
 };
 
 void RecordListTest::countsRows()
@@ -85,6 +88,18 @@ void RecordListTest::leavesEscToTheWindowWithoutSearch()
     QCOMPARE(triggered.size(), 0);
     QTest::keyClick(list.search, Qt::Key_Escape);
     QCOMPARE(triggered.size(), 1);
+}
+
+void RecordListTest::leavesEscToDialogWithoutSearch()
+{
+    QDialog dialog;
+    SearchField search(&dialog);
+    dialog.show();
+    QTest::keyClicks(&search, text("a"));
+    QTest::keyClick(&search, Qt::Key_Escape);
+    QVERIFY(dialog.isVisible());
+    QTest::keyClick(&search, Qt::Key_Escape);
+    QVERIFY(!dialog.isVisible());
 }
 
 void RecordListTest::leadsFromSearchToList_data()
@@ -221,6 +236,25 @@ void RecordListTest::findsRowsByTheirFirstLetters()
     list.view->setCurrentIndex(list.model.index(0, UserModel::UidColumn));
     QTest::keyClicks(list.view, text("ca"));
     QCOMPARE(list.current(), text("carl"));
+}
+
+void RecordListTest::marksWhatIsFound()
+{
+    List list;
+    QTest::keyClicks(list.search, text("ob"));
+    list.view->clearSelection(); // it has other colours
+    const QImage bob = list.view->viewport()->grab(list.view->visualRect(list.model.index(0, 0))).toImage();
+    const QRgb mark = list.view->palette().color(QPalette::Link).rgb();
+    QVector<int> marked;
+    for (int x = 0; x < bob.width(); ++x) {
+        for (int y = 0; y < bob.height() && !marked.endsWith(x); ++y) {
+            if (bob.pixel(x, y) == mark) {
+                marked.append(x);
+            }
+        }
+    }
+    QVERIFY(qAbs(marked.size() - list.view->fontMetrics().horizontalAdvance(text("ob"))) <= 1);
+    QCOMPARE(marked.constLast() - marked.constFirst() + 1, marked.size());
 }
 
 QTEST_MAIN(RecordListTest)

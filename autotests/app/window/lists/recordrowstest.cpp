@@ -64,6 +64,7 @@ private Q_SLOTS:
     void makesRoomEachTime();
     void givesSentencesTheRoomThatIsLeft();
     void remembersState();
+    void fitsColumnsWhoseWidthsNobodyChose();
     void survivesOtherSettings();
 };
 
@@ -292,6 +293,19 @@ void RecordRowsTest::remembersState()
     QCOMPARE(shownRows(*list.view()).join(QLatin1Char(' ')), text("carl|1003| bob|1002| ada|1001|"));
     QCOMPARE(model.name(list.view()->currentRecord()), text("bob"));
     QVERIFY(!list.view()->columnActions().at(UserModel::FullNameColumn)->isChecked());
+}
+
+void RecordRowsTest::fitsColumnsWhoseWidthsNobodyChose()
+{
+    const QTemporaryDir directory;
+    QSettings settings(directory.filePath(text("window.ini")), QSettings::IniFormat);
+    List().list.saveState(settings);
+    UserModel model;
+    RecordList list(text("userList"), &model, texts());
+    list.restoreState(settings);
+    const int narrow = list.view()->columnWidth(UserModel::NameColumn);
+    model.setRecords(users({"a-rather-long-name"}));
+    QVERIFY(list.view()->columnWidth(UserModel::NameColumn) > narrow);
 }
 
 void RecordRowsTest::survivesOtherSettings()
