@@ -33,12 +33,17 @@ Packet hello(Packer &pack)
     return {HelloPacket, pack.take()};
 }
 
-Packet problemOfKind(Packer &pack, quint32 kind)
+/** All packets of a check that finds problems of @p kinds. */
+QVector<Packet> problemsOfKinds(const QVector<quint32> &kinds)
 {
-    PackedProblem problem;
-    problem.kind = kind;
-    std::apply(pack, PackedProblem::fields(problem));
-    return {ProblemPacket::Problems, pack.take()};
+    Packer pack;
+    const Packet greeting = hello(pack);
+    for (const quint32 kind : kinds) {
+        PackedProblem problem;
+        problem.kind = kind;
+        std::apply(pack, PackedProblem::fields(problem));
+    }
+    return {greeting, {ProblemPacket::Problems, pack.take()}, {ProblemPacket::End, {}}};
 }
 
 QStringList describe(const MachineCheck &check)
@@ -127,8 +132,9 @@ void ProblemReaderTest::tellsWhatIsNotUnderstood_data()
     QTest::newRow("unknown packet") << QVector<Packet>{greeting, {99, {}}};
     QTest::newRow("end with data") << QVector<Packet>{greeting, {ProblemPacket::End, "x"}};
     QTest::newRow("cut problem") << QVector<Packet>{greeting, {ProblemPacket::Problems, "x"}};
-    QTest::newRow("unknown kind") << QVector<Packet>{
-        greeting, problemOfKind(pack, quint32(Problem::lastKind) + 1), {ProblemPacket::End, {}}};
+    const auto unknown = quint32(Problem::lastKind) + 1;
+    QTest::newRow("unknown kind") << problemsOfKinds({unknown});
+    QTest::newRow("unknown kind among others") << problemsOfKinds({0, unknown, 0});
 }
 
 void ProblemReaderTest::tellsWhatIsNotUnderstood()
