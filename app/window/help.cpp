@@ -5,6 +5,8 @@
 
 #include "help.h"
 
+#include "readingorder.h"
+
 #include <KLazyLocalizedString>
 #include <KLocalizedString>
 
@@ -47,7 +49,7 @@ const struct {
 
 QString paragraph(const QString &text)
 {
-    return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
+    return QStringLiteral("<p>%1</p>").arg(ReadingOrder::ofSentence(text).toHtmlEscaped());
 }
 
 QString textOf(const QString &page)

@@ -7,6 +7,7 @@
 
 #include "about.h"
 #include "accountstore.h"
+#include "copiedtext.h"
 #include "groupspage.h"
 #include "help.h"
 #include "history.h"
@@ -14,6 +15,7 @@
 #include "newaccountpage.h"
 #include "problemspage.h"
 #include "problemstore.h"
+#include "readingorder.h"
 #include "readingprogress.h"
 #include "recordlist.h"
 #include "rowactions.h"
@@ -25,7 +27,6 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
-#include <QDialog>
 #include <QHBoxLayout>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -63,6 +64,7 @@ MainWindow::MainWindow(QWidget *parent)
     addPages();
     addMenus();
     addGoButtons();
+    CopiedText::removeMarks(this);
     connect(m_pages, &QTabWidget::currentChanged, this, &MainWindow::updatePage);
     connect(m_store, &AccountStore::started, this, &MainWindow::updateReading);
     connect(m_store, &AccountStore::ended, this, &MainWindow::updateReading);
@@ -304,8 +306,9 @@ void MainWindow::go(const AccountLink &link)
     // A problem may be solved by now.
     if (!page->showEntry(link.name) && page != m_problemsPage) {
         const QString name = VisibleText::isolated(link.name);
-        statusBar()->showMessage(page == m_usersPage ? i18n("There is no user '%1' in /etc/passwd.", name)
-                                                     : i18n("There is no group '%1' in /etc/group.", name));
+        const QString text = page == m_usersPage ? i18n("There is no user '%1' in /etc/passwd.", name)
+                                                 : i18n("There is no group '%1' in /etc/group.", name);
+        statusBar()->showMessage(ReadingOrder::ofSentence(text));
     }
     page->list()->focusList();
 }

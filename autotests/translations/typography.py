@@ -7,6 +7,7 @@ placeholders and the like, and differ where they are shown together."""
 import pathlib
 import re
 import sys
+import unicodedata
 from collections import Counter
 
 import polib
@@ -84,6 +85,14 @@ def no_text_faults(english, text):
         yield f"has {dict(actual - expected)} in place of {dict(expected - actual)}"
 
 
+def mark_faults(text):
+    """Marks of the reading order are added where a text is shown; elsewhere they would be taken for hostile."""
+    found = {unicodedata.name(character) for character in text if unicodedata.category(character) == "Cf"}
+    found -= {"ZERO WIDTH JOINER", "ZERO WIDTH NON-JOINER"}
+    if found:
+        yield f"has {', '.join(sorted(found))}"
+
+
 def entry_faults(language, catalogue):
     for entry in catalogue:
         for english, text in pairs(entry):
@@ -91,6 +100,7 @@ def entry_faults(language, catalogue):
                 *quotation_faults(language, english, text),
                 *end_faults(language, english, text),
                 *no_text_faults(english, text),
+                *mark_faults(text),
             ]
             yield from (f"{text!r} {fault}" for fault in found)
 

@@ -6,6 +6,7 @@
 #include "newaccountcheck.h"
 
 #include "inputcheck.h"
+#include "readingorder.h"
 #include "visibletext.h"
 
 #include <UserUtils>
@@ -21,12 +22,6 @@ namespace
 {
 constexpr uint firstOrdinaryUid = 1000;
 constexpr uint nobody = 65534;
-
-/** Expressions are read from left to right in every language. */
-QString isolated(const QString &expression)
-{
-    return QChar(0x2066) + expression + QChar(0x2069);
-}
 
 /** The rules of the library, in words. A pattern from /etc/adduser.conf can only be shown as it is. */
 QString ruleInWords(const QString &pattern)
@@ -48,7 +43,7 @@ NewAccountCheck::Note checkRule(const QValidator &validator, const QString &name
         return {};
     }
     const QString words = check.exceededLength == anyLength ? ruleInWords(check.pattern) : QString();
-    check.pattern = isolated(check.pattern);
+    check.pattern = ReadingOrder::leftToRight(check.pattern);
     return {words.isEmpty() ? check.toString() : check.toString(words), true};
 }
 

@@ -6,6 +6,8 @@
 #include "problem.h"
 
 #include "problemkind.h"
+#include "readingorder.h"
+#include "visibletext.h"
 
 #include <KLocalizedString>
 
@@ -29,6 +31,13 @@ QString Problem::text() const
         text = text.subs(detail);
     }
     return text.toString();
+}
+
+QString Problem::shownText() const
+{
+    Problem shown = *this;
+    std::transform(details.begin(), details.end(), shown.details.begin(), VisibleText::isolated);
+    return ReadingOrder::ofSentence(shown.text());
 }
 
 QString Problem::place() const

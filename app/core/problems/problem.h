@@ -80,6 +80,9 @@ struct Problem {
     /** What was found. */
     QString text() const;
 
+    /** The same for a widget: what is in the names cannot change the order of the sentence. */
+    QString shownText() const;
+
     /** As "/etc/passwd:3". */
     QString place() const;
 

@@ -5,7 +5,10 @@
 
 #include "visibletext.h"
 
+#include "readingorder.h"
+
 #include <QByteArray>
+#include <QGuiApplication>
 #include <QVector>
 
 #include <algorithm>
@@ -16,8 +19,6 @@ constexpr uint firstPrintable = 0x20;
 constexpr uint deleteCharacter = 0x7f;
 constexpr uint controlPictures = 0x2400;
 constexpr QChar pictureOfDelete(0x2421);
-constexpr QChar firstStrongIsolate(0x2068);
-constexpr QChar popDirectionalIsolate(0x2069);
 
 bool isJoiner(uint character)
 {
@@ -108,7 +109,7 @@ QString VisibleText::isolated(const QString &text)
 {
     const QString visible = fromText(text);
     const QVector<uint> characters = visible.toUcs4();
-    return std::any_of(characters.begin(), characters.end(), isRightToLeft)
-        ? firstStrongIsolate + visible + popDirectionalIsolate
-        : visible;
+    const bool canChange =
+        QGuiApplication::isRightToLeft() || std::any_of(characters.begin(), characters.end(), isRightToLeft);
+    return canChange ? ReadingOrder::isolated(visible) : visible;
 }

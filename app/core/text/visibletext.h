@@ -31,8 +31,8 @@ QString fromText(const QString &text);
 QByteArray fromJson(const QByteArray &json);
 
 /**
- * fromText() for use within another text, whose order @p text must not change. Only text that is read
- * from right to left gets isolating marks: what is copied out of a widget stays as it is elsewhere.
+ * fromText() for use within another text on a widget, with marks that keep the order of both. Where all is read from
+ * left to right, there are none.
  */
 QString isolated(const QString &text);
 }

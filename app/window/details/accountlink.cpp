@@ -5,7 +5,6 @@
 
 #include "accountlink.h"
 
-#include "lefttoright.h"
 #include "visibletext.h"
 
 #include <QUrl>
@@ -46,6 +45,6 @@ AccountLink AccountLink::fromUrl(const QString &url)
 
 QString AccountLink::toRichText() const
 {
-    const QString text = LeftToRight::embed(VisibleText::isolated(name));
+    const QString text = VisibleText::isolated(name);
     return QStringLiteral("<a href=\"%1\">%2</a>").arg(toUrl(), text.toHtmlEscaped());
 }

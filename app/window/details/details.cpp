@@ -10,6 +10,7 @@
 #include "linklabel.h"
 #include "pagelayout.h"
 #include "plaintext.h"
+#include "readingorder.h"
 #include "visibletext.h"
 
 #include <QAction>
@@ -98,7 +99,7 @@ void Details::setTitle(const QString &title)
 
 void Details::setRemarks(const QStringList &remarks)
 {
-    m_remarks->setText(remarks.join(QLatin1Char('\n')));
+    m_remarks->setText(ReadingOrder::ofSentence(remarks.join(QLatin1Char('\n'))));
 }
 
 LineLabel *Details::addField(const QString &title)

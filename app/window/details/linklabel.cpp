@@ -8,6 +8,8 @@
 #include "lefttoright.h"
 #include "visibletext.h"
 
+#include <QEvent>
+
 LinkLabel::LinkLabel(QWidget *parent)
     : QLabel(parent)
 {
@@ -39,4 +41,15 @@ void LinkLabel::setLinkedText(const QString &richText, const QString &text)
     setText(richText);
     setAccessibleName(text);
     setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
+}
+
+void LinkLabel::changeEvent(QEvent *event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        // Links keep the color that they had when the text was set.
+        const QString shown = text();
+        clear();
+        setText(shown);
+    }
 }

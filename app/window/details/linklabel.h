@@ -26,6 +26,9 @@ public:
 
 Q_SIGNALS:
     void followed(const AccountLink &link);
+
+protected:
+    void changeEvent(QEvent *event) override;
 };
 
 #endif

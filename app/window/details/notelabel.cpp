@@ -5,6 +5,8 @@
 
 #include "notelabel.h"
 
+#include "readingorder.h"
+
 #include <QLineEdit>
 
 NoteLabel::NoteLabel(QLineEdit *edit)
@@ -18,7 +20,7 @@ NoteLabel::NoteLabel(QLineEdit *edit)
 
 void NoteLabel::setNote(const QString &note)
 {
-    setText(note);
+    setText(ReadingOrder::ofSentence(note));
     setVisible(!note.isEmpty());
     m_edit->setAccessibleDescription(note);
 }

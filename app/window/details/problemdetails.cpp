@@ -9,7 +9,7 @@
 #include "pagelayout.h"
 #include "plaintext.h"
 #include "problem.h"
-#include "visibletext.h"
+#include "readingorder.h"
 
 #include <KLocalizedString>
 
@@ -60,9 +60,9 @@ QLabel *ProblemDetails::addText(const char *name, const QString &title)
 
 void ProblemDetails::showProblem(const Problem &problem)
 {
-    m_text->setText(VisibleText::fromText(problem.text()));
-    m_meaning->setText(problem.meaning());
-    m_remedy->setText(problem.remedy());
+    m_text->setText(problem.shownText());
+    m_meaning->setText(ReadingOrder::ofSentence(problem.meaning()));
+    m_remedy->setText(ReadingOrder::ofSentence(problem.remedy()));
     showLink(linkOf(problem));
 }
 

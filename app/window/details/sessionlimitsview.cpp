@@ -10,6 +10,7 @@
 #include "linklabel.h"
 #include "messages.h"
 #include "plaintext.h"
+#include "readingorder.h"
 #include "table.h"
 #include "visibletext.h"
 
@@ -68,7 +69,7 @@ QString toText(const QVector<Explanation> &explanations)
     QStringList lines;
     for (const Explanation &explanation : explanations) {
         const QString line = VisibleText::fromText(explanation.place) + QLatin1String("  ") + explanation.rule;
-        lines.append(LeftToRight::embed(line));
+        lines.append(ReadingOrder::ofValue(line));
         for (const QString &fate : explanation.fates) {
             lines.append(QLatin1String("    ") + fate);
         }
@@ -82,10 +83,10 @@ QString toRichText(const QVector<Explanation> &explanations)
     QStringList lines;
     for (const Explanation &explanation : explanations) {
         const AccountLink link{AccountLink::Kind::Limit, explanation.place};
-        const QString rule = LeftToRight::embed(explanation.rule).toHtmlEscaped();
+        const QString rule = ReadingOrder::ofValue(explanation.rule).toHtmlEscaped();
         lines.append(link.toRichText() + QLatin1String("&nbsp; ") + rule);
         for (const QString &fate : explanation.fates) {
-            lines.append(QLatin1String("&nbsp;&nbsp;&nbsp; ") + fate.toHtmlEscaped());
+            lines.append(QLatin1String("&nbsp;&nbsp;&nbsp; ") + ReadingOrder::ofSentence(fate).toHtmlEscaped());
         }
     }
     return lines.join(QLatin1String("<br>"));

@@ -5,6 +5,7 @@
 
 #include "hitdelegate.h"
 
+#include "readingorder.h"
 #include "recordmodel.h"
 
 #include <QApplication>
@@ -21,6 +22,24 @@ QRect textRect(const QStyleOptionViewItem &option)
     return style->subElementRect(QStyle::SE_ItemViewItemText, &option, option.widget).adjusted(margin, 0, -margin, 0);
 }
 
+/** Hits may have marks of the reading order within them. */
+QVector<SearchWords::Hit> hitsIn(const QString &text, const SearchWords &search)
+{
+    QVector<int> places;
+    for (int i = 0; i < text.size(); ++i) {
+        if (!ReadingOrder::isMark(text.at(i))) {
+            places.append(i);
+        }
+    }
+    QVector<SearchWords::Hit> hits = search.hitsIn(ReadingOrder::withoutMarks(text));
+    for (SearchWords::Hit &hit : hits) {
+        const int last = places.at(hit.start + hit.length - 1);
+        hit.start = places.at(hit.start);
+        hit.length = last + 1 - hit.start;
+    }
+    return hits;
+}
+
 QColor transparent(QColor color, qreal opacity)
 {
     color.setAlphaF(opacity);
@@ -31,6 +50,10 @@ QColor transparent(QColor color, qreal opacity)
 void HitDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     LeftToRight::Delegate::initStyleOption(option, index);
+    const QVariant sentence = index.data(RecordModel::SentenceRole);
+    if (sentence.isValid()) {
+        option->text = sentence.toString();
+    }
     if (index.data(RecordModel::NewsRole).toBool()) {
         option->backgroundBrush = transparent(option->palette.color(QPalette::Link), 0.25);
         option->font.setBold(true);
@@ -52,7 +75,7 @@ void HitDelegate::paintHits(QPainter &painter, const QStyleOptionViewItem &optio
 {
     const QRect room = textRect(option);
     const QString text = QFontMetrics(option.font).elidedText(option.text, option.textElideMode, room.width());
-    const QVector<SearchWords::Hit> hits = model.search().hitsIn(text);
+    const QVector<SearchWords::Hit> hits = hitsIn(text, model.search());
     if (hits.isEmpty()) {
         return;
     }
@@ -72,9 +95,11 @@ void HitDelegate::paintHits(QPainter &painter, const QStyleOptionViewItem &optio
     const qreal offset = place.left() - line.naturalTextRect().left();
     for (const SearchWords::Hit &hit : hits) {
         const qreal from = offset + line.cursorToX(hit.start);
-        const qreal to = offset + line.cursorToX(hit.start + hit.length);
+        const qreal to = offset + line.cursorToX(hit.start + hit.length - 1, QTextLine::Trailing);
         const QRectF mark(qMin(from, to), place.top() + 1, qAbs(to - from), place.height() - 2);
-        painter.fillRect(mark, transparent(color, 0.25));
+        if (!selected) { // otherwise it would take contrast from the letters
+            painter.fillRect(mark, transparent(color, 0.25));
+        }
         painter.fillRect(QRectF(mark.left(), mark.bottom() - 1, mark.width(), 2), color);
     }
 }

@@ -7,6 +7,7 @@
 
 #include "lefttoright.h"
 #include "messages.h"
+#include "readingorder.h"
 #include "recordmodel.h"
 #include "recordview.h"
 #include "rowactions.h"
@@ -160,7 +161,7 @@ void RecordList::updateCount()
     const int total = m_model->recordCount();
     m_count->setText(m_texts.count(shown, total));
     const QString why = total > 0 ? m_texts.noMatch() : m_texts.none();
-    m_noMatch->setText(why);
+    m_noMatch->setText(ReadingOrder::ofSentence(why));
     m_showAll->setVisible(total > 0);
     const bool noMatch = shown == 0 && !why.isEmpty();
     if (noMatch != (m_stack->currentIndex() == 1)) {

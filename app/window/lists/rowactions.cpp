@@ -5,6 +5,7 @@
 
 #include "rowactions.h"
 
+#include "messages.h"
 #include "recordmodel.h"
 #include "recordview.h"
 #include "rowtable.h"
@@ -15,7 +16,6 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QGuiApplication>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QSaveFile>
 
@@ -185,6 +185,6 @@ void RowActions::exportRows() const
     const QByteArray content = contentFor(path, allRows());
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit()) {
-        QMessageBox::warning(m_view->window(), exportTitle(), i18n("Cannot write '%1': %2", path, file.errorString()));
+        Messages::reportUnwritten(m_view->window(), exportTitle(), path, file.errorString());
     }
 }

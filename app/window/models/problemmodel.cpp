@@ -6,6 +6,7 @@
 #include "problemmodel.h"
 
 #include "problemwords.h"
+#include "readingorder.h"
 
 #include <KLocalizedString>
 
@@ -64,7 +65,23 @@ QVariant ProblemModel::data(const QModelIndex &index, int role) const
     if (role == Qt::DisplayRole && record != -1 && index.column() == SeverityColumn) {
         return ProblemWords::severity(m_problems.at(record).severity());
     }
+    if (role == SentenceRole && record != -1) {
+        return sentence(record, index.column());
+    }
     return RecordModel::data(index, role);
+}
+
+QVariant ProblemModel::sentence(int record, int column) const
+{
+    switch (column) {
+    case TextColumn:
+        return m_problems.at(record).shownText();
+    case MeaningColumn:
+    case RemedyColumn:
+        return ReadingOrder::ofSentence(value(record, column).toString());
+    default:
+        return {};
+    }
 }
 
 int ProblemModel::recordCount() const

@@ -41,6 +41,8 @@ protected:
     QVariant icon(int record) const override;
 
 private:
+    QVariant sentence(int record, int column) const;
+
     QList<Problem> m_problems;
     mutable ProblemTexts m_texts;
     /** In the order of Problem::Severity. */

@@ -28,6 +28,7 @@ public:
     enum Role {
         ValueRole = Qt::UserRole, ///< the value of a cell: a text, a list of texts, a number or a Boolean
         NewsRole, ///< whether the record is marked as one that has just changed
+        SentenceRole, ///< what a view shows of a cell that holds a sentence
     };
 
     struct Column {

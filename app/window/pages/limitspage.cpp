@@ -14,6 +14,7 @@
 #include "messages.h"
 #include "pagelayout.h"
 #include "plaintext.h"
+#include "readingorder.h"
 #include "visibletext.h"
 
 #include <KLocalizedString>
@@ -50,7 +51,7 @@ int samePlace(const PamLimits::Rules &oldRules, int oldPlace, const PamLimits::R
 QString visibleLines(QStringList lines)
 {
     std::transform(lines.begin(), lines.end(), lines.begin(), VisibleText::fromText);
-    return lines.join(QLatin1Char('\n'));
+    return ReadingOrder::ofSentence(lines.join(QLatin1Char('\n')));
 }
 }
 
@@ -124,6 +125,7 @@ void LimitsPage::addTable()
 {
     m_lines->setObjectName(QStringLiteral("linesTable"));
     m_lines->setItemDelegate(new LeftToRight::Delegate(m_lines));
+    m_lines->setItemDelegateForColumn(LimitLinesModel::MeaningColumn, new LeftToRight::SentenceDelegate(m_lines));
     setUpFlatTree(*m_lines);
     m_lines->setModel(m_model);
     m_lines->header()->setResizeContentsPrecision(0); // the lines in sight tell how wide a column is
@@ -230,7 +232,7 @@ int LimitsPage::currentPlace() const
 void LimitsPage::explain()
 {
     const int place = currentPlace();
-    m_meaning->setText(place < 0 ? QString() : VisibleText::fromText(m_model->meaningOf(place)));
+    m_meaning->setText(place < 0 ? QString() : visibleLines({m_model->meaningOf(place)}));
     m_problem->setText(place < 0 ? QString() : visibleLines(m_analysis->problemsOf(place)));
     m_problem->setVisible(!m_problem->text().isEmpty());
     m_problemTitle->setVisible(!m_problem->text().isEmpty());

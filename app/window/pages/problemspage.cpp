@@ -10,6 +10,7 @@
 #include "problemmodel.h"
 #include "problemstore.h"
 #include "recordview.h"
+#include "visibletext.h"
 
 #include <KLocalizedString>
 
@@ -35,8 +36,10 @@ QString unreadText(const QList<UnreadFile> &files, bool isExpected)
     QStringList lines;
     for (const UnreadFile &file : files) {
         if (file.isExpected == isExpected) {
-            lines.append(isExpected ? i18n("'%1' is not checked: %2", file.path, file.reason)
-                                    : i18n("Cannot read '%1': %2", file.path, file.reason));
+            const QString path = VisibleText::isolated(file.path);
+            const QString reason = VisibleText::isolated(file.reason);
+            lines.append(isExpected ? i18n("'%1' is not checked: %2", path, reason)
+                                    : i18n("Cannot read '%1': %2", path, reason));
         }
     }
     return lines.join(QLatin1Char('\n'));

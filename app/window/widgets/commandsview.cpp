@@ -6,7 +6,9 @@
 #include "commandsview.h"
 
 #include "formrow.h"
+#include "messages.h"
 #include "plaintext.h"
+#include "readingorder.h"
 #include "scriptfile.h"
 
 #include <KLocalizedString>
@@ -17,7 +19,6 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -95,12 +96,12 @@ void CommandsView::setPlan(const Plan &plan, const QString &nothing)
 {
     m_plan = plan;
     const bool isEmpty = plan.commands.isEmpty();
-    m_heading->setText(isEmpty ? nothing : m_text);
+    m_heading->setText(ReadingOrder::ofSentence(isEmpty ? nothing : m_text));
     m_commands->setPlainText(QString::fromUtf8(plan.toText().trimmed()));
     m_commands->setVisible(!isEmpty);
     m_buttons->setVisible(!isEmpty);
     const QStringList notes = plan.holdsHash ? plan.notes + QStringList(warning()) : plan.notes;
-    m_notes->setText(notes.join(QLatin1Char('\n')));
+    m_notes->setText(ReadingOrder::ofSentence(notes.join(QLatin1Char('\n'))));
     m_notes->setVisible(!notes.isEmpty());
 }
 
@@ -118,6 +119,6 @@ void CommandsView::save()
                                                       i18nc("@item:inlistbox types of files", "Shell scripts (*.sh)"));
     const QString error = path.isEmpty() ? QString() : writeScript(path, m_plan);
     if (!error.isEmpty()) {
-        QMessageBox::warning(window(), title, i18n("Cannot write '%1': %2", path, error));
+        Messages::reportUnwritten(window(), title, path, error);
     }
 }

@@ -5,29 +5,10 @@
 
 #include "lefttoright.h"
 
+#include "readingorder.h"
 #include "visibletext.h"
 
 #include <QGuiApplication>
-#include <QRegularExpression>
-
-namespace
-{
-constexpr QChar leftToRightEmbedding(0x202a);
-constexpr QChar popDirectionalFormatting(0x202c);
-}
-
-QString LeftToRight::embed(const QString &text)
-{
-    if (!QGuiApplication::isRightToLeft()) {
-        return text;
-    }
-    if (!text.isRightToLeft()) {
-        return leftToRightEmbedding + text + popDirectionalFormatting;
-    }
-    static const QRegularExpression number(QStringLiteral("([-+]?[0-9]+)"));
-    QString embedded = text;
-    return embedded.replace(number, leftToRightEmbedding + QLatin1String("\\1") + popDirectionalFormatting);
-}
 
 Qt::Alignment LeftToRight::lineStart()
 {
@@ -36,5 +17,10 @@ Qt::Alignment LeftToRight::lineStart()
 
 QString LeftToRight::Delegate::displayText(const QVariant &value, const QLocale & /*locale*/) const
 {
-    return embed(VisibleText::fromText(value.toString()));
+    return ReadingOrder::ofValue(VisibleText::fromText(value.toString()));
+}
+
+QString LeftToRight::SentenceDelegate::displayText(const QVariant &value, const QLocale & /*locale*/) const
+{
+    return ReadingOrder::ofSentence(VisibleText::fromText(value.toString()));
 }

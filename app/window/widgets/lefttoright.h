@@ -6,21 +6,11 @@
 #ifndef LEFTTORIGHT_H
 #define LEFTTORIGHT_H
 
-#include <QString>
 #include <QStyledItemDelegate>
 
-/**
- * Names, paths and numbers are read from left to right in every language. Between words that are
- * read from right to left, a sign at their beginning would move to their end: "-1" would be "1-".
- */
+/** How texts are laid out whose direction is not that of the language. */
 namespace LeftToRight
 {
-/**
- * @p text with marks that keep its order, or that of the numbers in it when it begins with a word
- * that is read from right to left; the same text when all of it is read from left to right.
- */
-QString embed(const QString &text);
-
 /** The side where lines begin, whatever their text. Labels by themselves go by the text. */
 Qt::Alignment lineStart();
 
@@ -29,6 +19,17 @@ Qt::Alignment lineStart();
  * have the same digits as in the files.
  */
 class Delegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QString displayText(const QVariant &value, const QLocale &locale) const override;
+};
+
+/** The same for cells with sentences. */
+class SentenceDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 

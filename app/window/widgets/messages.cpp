@@ -6,6 +6,11 @@
 #include "messages.h"
 
 #include "plaintext.h"
+#include "visibletext.h"
+
+#include <KLocalizedString>
+
+#include <QMessageBox>
 
 KMessageWidget *Messages::create(KMessageWidget::MessageType type, QWidget *parent)
 {
@@ -21,4 +26,10 @@ void Messages::show(KMessageWidget &message, const QString &text)
 {
     message.setText(PlainText::toRichText(text));
     message.setVisible(!text.isEmpty());
+}
+
+void Messages::reportUnwritten(QWidget *parent, const QString &title, const QString &path, const QString &error)
+{
+    const QString text = i18n("Cannot write '%1': %2", VisibleText::isolated(path), VisibleText::isolated(error));
+    QMessageBox::warning(parent, title, ReadingOrder::ofSentence(text));
 }

@@ -8,7 +8,7 @@
 
 #include <KMessageWidget>
 
-/** Messages that a page shows for as long as they are true. */
+/** Messages that a page shows for as long as they are true, and those of dialogs. */
 namespace Messages
 {
 /** A message that is not shown yet. */
@@ -16,6 +16,9 @@ KMessageWidget *create(KMessageWidget::MessageType type, QWidget *parent);
 
 /** Shows @p text as plain text; hides the message when it is empty. */
 void show(KMessageWidget &message, const QString &text);
+
+/** Tells in a dialog that a file could not be written. */
+void reportUnwritten(QWidget *parent, const QString &title, const QString &path, const QString &error);
 }
 
 #endif

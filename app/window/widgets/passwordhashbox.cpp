@@ -9,6 +9,7 @@
 #include "formrow.h"
 #include "notelabel.h"
 #include "passwordhash.h"
+#include "readingorder.h"
 #include "waitcursor.h"
 
 #include <KLocalizedString>
@@ -84,7 +85,7 @@ void PasswordHashBox::addChoice(QFormLayout *form)
     m_choice->addItem(i18nc("@item:inlistbox a method", "SHA-512"));
     m_choice->addItem(i18nc("@item:inlistbox a method", "GOST"));
     m_choice->setCurrentIndex(1);
-    auto *note = new QLabel(encryptMethodNote());
+    auto *note = new QLabel(ReadingOrder::ofSentence(encryptMethodNote()));
     note->setObjectName(QStringLiteral("encryptMethodNote"));
     note->setTextFormat(Qt::PlainText);
     note->setWordWrap(true);

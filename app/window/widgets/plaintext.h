@@ -6,6 +6,8 @@
 #ifndef PLAINTEXT_H
 #define PLAINTEXT_H
 
+#include "readingorder.h"
+
 #include <QString>
 
 class QLabel;
@@ -14,10 +16,11 @@ class QWidget;
 /** Texts from account files must not be taken for rich text by widgets that guess the format. */
 namespace PlainText
 {
-/** Rich text that shows @p text as it is, in lines as long as fit. A line end begins a new one. */
+/** Rich text that shows the sentences of @p text as they are, in lines as long as fit. A line end begins a new one. */
 inline QString toRichText(const QString &text)
 {
-    const QString escaped = text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+    const QString escaped =
+        ReadingOrder::ofSentence(text).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
     return QLatin1String("<qt>") + escaped + QLatin1String("</qt>");
 }
 

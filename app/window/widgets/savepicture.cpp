@@ -5,13 +5,13 @@
 
 #include "savepicture.h"
 
+#include "messages.h"
 #include "visibletext.h"
 
 #include <KLocalizedString>
 
 #include <QFileDialog>
 #include <QImageWriter>
-#include <QMessageBox>
 #include <QPixmap>
 #include <QSaveFile>
 
@@ -45,6 +45,6 @@ void savePicture(const QPixmap &picture, const QString &user, QWidget *parent)
         parent, title, suggestedFile(user), i18nc("@item:inlistbox types of files", "PNG pictures (*.png)"));
     const QString error = path.isEmpty() ? QString() : write(picture, path);
     if (!error.isEmpty()) {
-        QMessageBox::warning(parent, title, i18n("Cannot write '%1': %2", path, error));
+        Messages::reportUnwritten(parent, title, path, error);
     }
 }

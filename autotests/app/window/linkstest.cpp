@@ -5,8 +5,11 @@
 
 #include "accountlink.h"
 
+#include "contrast.h"
+#include "darkpalette.h"
 #include "dialogparts.h"
 #include "history.h"
+#include "linklabel.h"
 #include "mainwindow.h"
 #include "recordview.h"
 #include "sandbox.h"
@@ -14,10 +17,12 @@
 #include "windowfixture.h"
 #include "windowparts.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTest>
 #include <QTextDocument>
@@ -61,6 +66,7 @@ private Q_SLOTS:
     void keepsNamesInUrls_data();
     void keepsNamesInUrls();
     void showsNamesAsTheyAre();
+    void staysReadableWhenColorsChange();
     void goesBackAndForth();
     void forgetsPlacesAhead();
     void leadsFromUsersToGroupsAndBack();
@@ -111,6 +117,19 @@ void LinksTest::showsNamesAsTheyAre()
     QCOMPARE(document.toPlainText(), text("<b>a</b>&lt;\"x\""));
     document.setHtml(AccountLink{AccountLink::Kind::User, QStringLiteral(u"a\u202eb")}.toRichText());
     QVERIFY(!document.toPlainText().contains(QChar(0x202e)));
+}
+
+void LinksTest::staysReadableWhenColorsChange()
+{
+    LinkLabel label;
+    label.setLinks(AccountLink::Kind::Group, {text("staff")});
+    label.show();
+    const QPalette light = QApplication::style()->standardPalette();
+    for (const QPalette &palette : {light, darkPalette(), light}) {
+        QApplication::setPalette(palette);
+        const qreal best = contrast(label.grab().toImage());
+        QVERIFY2(best >= 4.5, qPrintable(QString::number(best)));
+    }
 }
 
 void LinksTest::goesBackAndForth()

@@ -8,6 +8,7 @@
 #include "dialogparts.h"
 #include "limitsfixtures.h"
 #include "mainwindow.h"
+#include "orderofsight.h"
 #include "pageparts.h"
 #include "recordview.h"
 #include "windowfixture.h"
@@ -24,7 +25,6 @@
 #include <QStyledItemDelegate>
 #include <QTabWidget>
 #include <QTest>
-#include <QTextLayout>
 #include <QTreeView>
 
 #include <algorithm>
@@ -61,31 +61,6 @@ void useLanguage(const QString &language)
     QApplication::setLayoutDirection(language == QLatin1String("ar") ? Qt::RightToLeft : Qt::LeftToRight);
 }
 
-/** The letters of @p text from left to right, as a line in a view shows them. */
-QString inOrderOfSight(const QString &text, const QAbstractItemView &view)
-{
-    QTextLayout layout(text, view.font());
-    QTextOption option;
-    option.setTextDirection(view.layoutDirection());
-    layout.setTextOption(option);
-    layout.beginLayout();
-    const QTextLine line = layout.createLine();
-    layout.endLayout();
-    const auto middle = [&line](int i) { return line.cursorToX(i) + line.cursorToX(i, QTextLine::Trailing); };
-    QVector<int> positions;
-    for (int i = 0; i < text.size(); ++i) {
-        if (text.at(i).category() != QChar::Other_Format) {
-            positions.append(i);
-        }
-    }
-    std::stable_sort(positions.begin(), positions.end(), [&](int a, int b) { return middle(a) < middle(b); });
-    QString letters;
-    for (const int i : qAsConst(positions)) {
-        letters.append(text.at(i));
-    }
-    return letters;
-}
-
 /** A row of a view as it is seen in Egypt, its cells joined by bars. */
 QString seenRow(const QAbstractItemView &view, int row)
 {
@@ -95,7 +70,7 @@ QString seenRow(const QAbstractItemView &view, int row)
     for (int column = 0; column < view.model()->columnCount(); ++column) {
         const QModelIndex index = view.model()->index(row, column);
         const auto *delegate = qobject_cast<const QStyledItemDelegate *>(view.itemDelegate(index));
-        cells.append(inOrderOfSight(delegate->displayText(index.data(), locale), view));
+        cells.append(inOrderOfSight(delegate->displayText(index.data(), locale), view.layoutDirection()));
     }
     return cells.join(QLatin1Char('|'));
 }
