@@ -113,16 +113,17 @@ void ProgressTest::showsNothingOfShortTask()
 {
     const StandardError error(terminal());
     QElapsedTimer time;
-    time.start();
-    {
-        Progress progress;
-        progress.show(1);
-        progress.show(99);
-    }
-    if (time.hasExpired(shortTime - 1)) {
-        QSKIP("This process had to wait for a processor");
-    }
-    QCOMPARE(error.written(), QByteArray());
+    QByteArray shown;
+    do { // again where this process had to wait for a processor
+        time.start();
+        {
+            Progress progress;
+            progress.show(1);
+            progress.show(99);
+        }
+        shown = error.written();
+    } while (time.hasExpired(shortTime - 1));
+    QCOMPARE(shown, QByteArray());
 }
 
 void ProgressTest::showsNothingInFiles()
