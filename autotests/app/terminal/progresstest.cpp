@@ -27,7 +27,7 @@ using Channel = std::array<int, 2>;
 Channel terminal()
 {
     Channel ends{};
-    if (openpty(&ends[0], &ends[1], nullptr, nullptr, nullptr) != 0) {
+    if (openpty(ends.data(), ends.data() + 1, nullptr, nullptr, nullptr) != 0) {
         qFatal("Cannot open a terminal");
     }
     return ends;
