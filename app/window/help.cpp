@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QGuiApplication>
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
@@ -59,19 +60,23 @@ QString textOf(const QString &page)
     return found == std::end(pages) ? QString() : paragraph(found->text.toString());
 }
 
-/** A row for each key. */
+/** A row for each key. Tables in rich text are not mirrored by Qt. */
 QString keys(const QList<QAction *> &actions)
 {
+    const bool isMirrored = QGuiApplication::isRightToLeft();
+    const QString row = isMirrored
+        ? QStringLiteral("<tr><td>%2</td><td width=\"24\"></td><td align=\"right\">%1</td></tr>")
+        : QStringLiteral("<tr><td>%1</td><td width=\"24\"></td><td>%2</td></tr>");
     QString rows;
     for (const QAction *action : actions) {
         const QString name = KLocalizedString::removeAcceleratorMarker(action->text());
         const QString key = action->shortcut().toString(QKeySequence::NativeText);
         if (!key.isEmpty()) {
-            rows += QStringLiteral("<tr><td>%1</td><td width=\"24\"></td><td>%2</td></tr>")
-                        .arg(key.toHtmlEscaped(), name.toHtmlEscaped());
+            rows += row.arg(key.toHtmlEscaped(), name.toHtmlEscaped());
         }
     }
-    return QStringLiteral("<table>%1</table>").arg(rows);
+    return (isMirrored ? QStringLiteral("<table align=\"right\">%1</table>") : QStringLiteral("<table>%1</table>"))
+        .arg(rows);
 }
 
 QString heading(const QString &text)

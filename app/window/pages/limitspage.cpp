@@ -36,6 +36,9 @@ constexpr int minPlaceCharacters = 32;
 constexpr int maxPlaceCharacters = 48;
 constexpr int textCharacters = 36;
 
+/** How many lines tell how wide a column is. There may be very many. */
+constexpr int measuredLines = 100;
+
 /** The place in @p rules of the line that is at @p oldPlace in @p oldRules; -1 where its file has no such line. */
 int samePlace(const PamLimits::Rules &oldRules, int oldPlace, const PamLimits::Rules &rules)
 {
@@ -128,7 +131,7 @@ void LimitsPage::addTable()
     m_lines->setItemDelegateForColumn(LimitLinesModel::MeaningColumn, new LeftToRight::SentenceDelegate(m_lines));
     setUpFlatTree(*m_lines);
     m_lines->setModel(m_model);
-    m_lines->header()->setResizeContentsPrecision(0); // the lines in sight tell how wide a column is
+    m_lines->header()->setResizeContentsPrecision(measuredLines);
     const int width = fontMetrics().averageCharWidth();
     m_lines->setColumnWidth(LimitLinesModel::PlaceColumn, minPlaceCharacters * width);
     m_lines->setColumnWidth(LimitLinesModel::TextColumn, textCharacters * width);

@@ -53,10 +53,11 @@ void PartSplitter::restoreBorders(const QByteArray &state)
 bool PartSplitter::event(QEvent *event)
 {
     const bool done = QSplitter::event(event);
-    if (m_stacking && event->type() == QEvent::Resize) {
+    const bool changesRoom = event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize;
+    if (m_stacking && changesRoom) {
         stackParts();
     }
-    if (!m_moved && (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize)) {
+    if (!m_moved && changesRoom) {
         fitParts();
     }
     return done;

@@ -10,12 +10,15 @@
 #include "texts.h"
 #include "windowfixture.h"
 
+#include <QAbstractTextDocumentLayout>
+#include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextBrowser>
 
 namespace
@@ -44,6 +47,7 @@ private Q_SLOTS:
     void tellsAboutEachPage_data();
     void tellsAboutEachPage();
     void listsKeys();
+    void listsKeysFromTheRight();
     void closesByButton();
     void closesByEscape();
 };
@@ -95,6 +99,22 @@ void HelpTest::listsKeys()
         QVERIFY2(lines.contains(text(key)), key);
     }
     QCOMPARE(lines.at(lines.indexOf(text("F5")) + 2), text("Reload"));
+}
+
+void HelpTest::listsKeysFromTheRight()
+{
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    MainWindow window;
+    QVERIFY(open(window));
+    QTest::keyClick(&window, Qt::Key_F1);
+    QVERIFY(helpDialog(window));
+    const QTextDocument &document = *window.findChild<QTextBrowser *>(text("helpText"))->document();
+    const auto place = [&document](const char *word) {
+        return document.documentLayout()->blockBoundingRect(document.find(text(word)).block());
+    };
+    QVERIFY(place("F5").left() > place("Reload").right());
+    QVERIFY(place("F5").right() > document.size().width() * 0.9);
+    QApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
 void HelpTest::closesByButton()

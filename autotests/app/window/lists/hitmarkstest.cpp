@@ -21,6 +21,7 @@ constexpr qreal leastContrast = 4.5;
 
 /** How high the line below a hit is, with some room. */
 constexpr int lineHeight = 4;
+constexpr int outline = 3;
 
 QImage cell(const RecordView &view, const QModelIndex &index)
 {
@@ -41,12 +42,12 @@ bool hasMark(const RecordView &view, const QModelIndex &index)
     return false;
 }
 
-/** The contrast of the letters of a cell, whose text fills its left part. */
+/** The contrast of the letters of a cell, whose text fills its left part, without the outline of a selection. */
 qreal letterContrast(const List &list, const QModelIndex &index)
 {
     const QImage picture = cell(*list.view, index);
     const int width = list.view->fontMetrics().horizontalAdvance(index.data().toString());
-    return contrast(picture.copy(0, 0, width, picture.height() - lineHeight));
+    return contrast(picture.copy(outline, outline, width - outline, picture.height() - lineHeight - outline));
 }
 
 UserRecord userWithNumber()
@@ -125,6 +126,7 @@ void HitMarksTest::keepsLettersReadable()
     QApplication::setPalette(palette);
     List list;
     list.model.setRecords({user(text("hhhhhhhh"), 1000)});
+    list.view->setColumnWidth(1, 300); // the whole text
     const QModelIndex index = list.model.index(0, 1);
     const auto contrastNow = [&] {
         list.view->selectionModel()->select(list.model.index(0, 0),

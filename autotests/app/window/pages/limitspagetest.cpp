@@ -103,6 +103,7 @@ class LimitsPageTest : public QObject
 private Q_SLOTS:
     void init();
     void listsLinesOfAllFiles();
+    void hasRoomForPlacesOutOfSight();
     void showsLinesByFilter();
     void explainsSelectedLine();
     void namesManyAccounts();
@@ -149,6 +150,16 @@ void LimitsPageTest::listsLinesOfAllFiles()
             text("/etc/security/limits.d/old:1|* hard nproc 9|"
                  "PAM does not read this file: its name does not end in .conf"),
         }));
+}
+
+void LimitsPageTest::hasRoomForPlacesOutOfSight()
+{
+    Sandbox::write(limitsPath(), QByteArray("* soft core 0\n").repeated(80));
+    Sandbox::write(dropInPath(text("50-accounting.conf")), "* soft core 0\n");
+    const Page page;
+    QVERIFY(page.isCounted(81));
+    const QModelIndex last = page.table->model()->index(80, 0);
+    QVERIFY(page.table->columnWidth(0) >= page.table->itemDelegate(last)->sizeHint({}, last).width());
 }
 
 void LimitsPageTest::showsLinesByFilter()

@@ -27,6 +27,13 @@ QString hasToMatch(const char *word, const char *expression)
     return QStringLiteral("%1: the whole text has to match \u2066%2\u2069")
         .arg(QLatin1String(word), QLatin1String(expression));
 }
+
+/** Whether the commands are below the form, and not beside it. */
+bool isStacked(const QWidget &page)
+{
+    const int commands = part<QLabel>(page, "commandsHeading")->mapTo(&page, QPoint()).y();
+    return commands >= part<QScrollArea>(page, "newAccount")->geometry().bottom();
+}
 }
 
 class NewAccountPageTest : public QObject
@@ -52,6 +59,7 @@ private Q_SLOTS:
     void leadsToEverythingByKeyboard();
     void namesEverythingForScreenReaders();
     void stacksItsPartsInLittleRoom();
+    void stacksItsPartsForCommands();
 };
 
 void NewAccountPageTest::init()
@@ -293,14 +301,25 @@ void NewAccountPageTest::stacksItsPartsInLittleRoom()
     page.resize(1200, 700);
     QVERIFY(page.open());
     auto *form = part<QScrollArea>(page, "newAccount");
-    const auto *commands = part<QLabel>(page, "commandsHeading");
-    const auto isBelow = [&] { return commands->mapTo(&page, QPoint()).y() >= form->geometry().bottom(); };
-    QVERIFY(!isBelow());
+    QVERIFY(!isStacked(page));
     page.resize(form->widget()->minimumSizeHint().width() + 60, 480);
-    QTRY_VERIFY(isBelow());
+    QTRY_VERIFY(isStacked(page));
     QCOMPARE(form->horizontalScrollBar()->maximum(), 0);
     page.resize(1200, 700);
-    QTRY_VERIFY(!isBelow());
+    QTRY_VERIFY(!isStacked(page));
+}
+
+void NewAccountPageTest::stacksItsPartsForCommands()
+{
+    Page page;
+    page.resize(1200, 700);
+    QVERIFY(page.open());
+    const auto *form = part<QScrollArea>(page, "newAccount");
+    page.resize(form->widget()->minimumSizeHint().width() + 250, 700); // enough for the heading alone
+    QTRY_VERIFY(!isStacked(page));
+    page.userName->setText(QStringLiteral("newbie"));
+    QTRY_VERIFY(isStacked(page));
+    QCOMPARE(form->horizontalScrollBar()->maximum(), 0);
 }
 
 QTEST_MAIN(NewAccountPageTest)
