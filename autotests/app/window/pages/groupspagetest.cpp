@@ -73,6 +73,7 @@ private Q_SLOTS:
     void tellsMembersFromPrimaryMembers();
     void leadsToMembers();
     void countsMembers();
+    void makesRoomForMembersOfEachGroup();
     void showsLimitsOfGroup();
     void leavesOutRangesOfPrimaryGroups();
     void keepsCurrentGroupOnReload();
@@ -218,6 +219,16 @@ void GroupsPageTest::countsMembers()
     };
     QCOMPARE(title("staff"), text("3 &members"));
     QCOMPARE(title("ada"), text("1 &member"));
+}
+
+void GroupsPageTest::makesRoomForMembersOfEachGroup()
+{
+    Sandbox::setAccounts(usersFile, "long:x:2000:member-with-a-rather-long-name\nshort:x:2001:ada\n");
+    Page page;
+    page.select("short");
+    const int narrow = page.members->columnWidth(0);
+    page.select("long");
+    QVERIFY(page.members->columnWidth(0) > narrow);
 }
 
 void GroupsPageTest::showsLimitsOfGroup()

@@ -11,6 +11,7 @@
 #include <GroupSelectDialog>
 #include <UserIconDialog>
 
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollArea>
@@ -43,6 +44,7 @@ class NewAccountPageTest : public QObject
 private Q_SLOTS:
     void init();
 
+    void usesWholeWidth();
     void saysWhatIsWrong_data();
     void saysWhatIsWrong();
     void tellsUnfinishedName();
@@ -67,6 +69,16 @@ void NewAccountPageTest::init()
     Sandbox::setAccounts(usersFile, groupsFile);
     Sandbox::remove(QStringLiteral("/etc/adduser.conf"));
     Sandbox::clear(facesPath());
+}
+
+void NewAccountPageTest::usesWholeWidth()
+{
+    Page page;
+    QVERIFY(page.open());
+    const auto *box = page.findChild<QGroupBox *>();
+    QVERIFY(box);
+    QCOMPARE(box->geometry().left(), 0);
+    QCOMPARE(box->width(), box->parentWidget()->width());
 }
 
 void NewAccountPageTest::saysWhatIsWrong_data()
