@@ -74,6 +74,7 @@ private Q_SLOTS:
     void leadsToPagesByKeys();
     void leadsToSearch();
     void hasNoSearchOnOtherPages();
+    void hasNoEditMenuOnOtherPages();
     void tellsAboutItself();
     void quits();
     void startsWithoutSettings();
@@ -252,6 +253,17 @@ void MainWindowTest::hasNoSearchOnOtherPages()
     QVERIFY(!filter->isEnabled());
     window.pages()->setCurrentIndex(1);
     QVERIFY(filter->isEnabled());
+}
+
+void MainWindowTest::hasNoEditMenuOnOtherPages()
+{
+    const MainWindow window;
+    const QAction *edit = window.menuBar()->actions().at(1);
+    QVERIFY(edit->isVisible());
+    window.pages()->setCurrentIndex(2);
+    QVERIFY(!edit->isVisible());
+    window.pages()->setCurrentIndex(1);
+    QVERIFY(edit->isVisible());
 }
 
 void MainWindowTest::tellsAboutItself()
