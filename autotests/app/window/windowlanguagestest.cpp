@@ -21,7 +21,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QSignalSpy>
 #include <QStyledItemDelegate>
 #include <QTabWidget>
 #include <QTest>
@@ -153,9 +152,8 @@ void WindowLanguagesTest::hasRoomAndMnemonics()
     const QString language = QString::fromLatin1(QTest::currentDataTag());
     useLanguage(language);
     MainWindow window;
-    QSignalSpy reloaded(&window, &MainWindow::reloaded);
     window.show();
-    QVERIFY(reloaded.wait());
+    QVERIFY(waitUntilRead(window));
     QTabWidget *pages = window.pages();
     QCOMPARE(pages->tabText(0), title);
 
@@ -189,9 +187,8 @@ void WindowLanguagesTest::keepsOrderOfSigns()
                    "* hard rtime 5\n");
     useLanguage(QStringLiteral("ar"));
     MainWindow window;
-    QSignalSpy reloaded(&window, &MainWindow::reloaded);
     window.show();
-    QVERIFY(reloaded.wait());
+    QVERIFY(waitUntilRead(window));
     QVERIFY(waitUntilShown(window));
     QCOMPARE(seenRow(*accountsView(window), 0).section(QLatin1Char('|'), 0, 2), QStringLiteral("ada|Ada|1000"));
     const auto *limits = part<QAbstractItemView>(*window.pages()->currentWidget(), "limitsTable");
@@ -215,9 +212,8 @@ void WindowLanguagesTest::beginsLinesAtTheRight()
 {
     useLanguage(QStringLiteral("ar"));
     MainWindow window;
-    QSignalSpy reloaded(&window, &MainWindow::reloaded);
     window.show();
-    QVERIFY(reloaded.wait());
+    QVERIFY(waitUntilRead(window));
     const auto lines = window.pages()->currentWidget()->findChildren<KSqueezedTextLabel *>();
     const auto home = std::find_if(lines.begin(), lines.end(), [](const KSqueezedTextLabel *line) {
         return line->fullText() == QLatin1String("/home/ada");
@@ -231,6 +227,12 @@ void WindowLanguagesTest::beginsLinesAtTheRight()
     for (const char *name : {"qt_msgbox_label", "qt_msgbox_informativelabel"}) {
         auto *label = part<QLabel>(*about, name);
         label->setText(QStringLiteral("Ormel"));
+        QVERIFY2(drawsAtRight(*label), name);
+    }
+    for (const char *name : {"remarks", "noLimits", "lineMeaning", "lineProblem", "problemText", "problemMeaning"}) {
+        auto *label = part<QLabel>(window, name);
+        label->setText(QStringLiteral("Ormel"));
+        label->resize(400, 60);
         QVERIFY2(drawsAtRight(*label), name);
     }
 }
