@@ -167,8 +167,10 @@ void LimitsPageTest::showsLinesByFilter()
     Sandbox::write(dropInPath(text("old")), "* hard nproc 9\n");
     const Page page;
     QVERIFY(page.isCounted(6));
+    const QSignalSpy reset(page.table->model(), &QAbstractItemModel::modelReset);
     page.filter->setCurrentText(text("Lines that PAM applies"));
     QCOMPARE(page.lines(), QStringList({line(2), line(4), line(5), line(7)}));
+    QCOMPARE(reset.size(), 1);
     page.filter->setCurrentText(text("Lines with problems"));
     QCOMPARE(page.lines(), QStringList({line(2), line(4), line(5), line(6), text("/etc/security/limits.d/old:1")}));
     page.filter->setCurrentText(text("All lines"));
