@@ -108,6 +108,7 @@ private Q_SLOTS:
     void showsPictureOfNameAndHomeInUtf8();
     void showsDetailsBeforePicture();
     void showsNoPictureOfNobody();
+    void removesPictureWhenNobodyIsSelected();
     void showsIconInsteadOfStockPicture();
     void tellsSystemAccountsByIcon();
     void showsTextWithoutPictureAndIcon();
@@ -208,6 +209,17 @@ void UsersPictureTest::showsNoPictureOfNobody()
     QTest::qWait(200);
     QVERIFY(page.shown().isNull());
     QCOMPARE(page.label->text(), QString());
+}
+
+void UsersPictureTest::removesPictureWhenNobodyIsSelected()
+{
+    writePicture(home("ada") + QLatin1String("/.face"), Qt::red);
+    Page page;
+    page.select("ada");
+    QCOMPARE(page.color(), QColor(Qt::red));
+    // All at once: after the first letter, another user would be selected.
+    part<QLineEdit>(page.page, "searchField")->setText(QStringLiteral("no such user"));
+    QVERIFY(page.shown().isNull());
 }
 
 void UsersPictureTest::showsIconInsteadOfStockPicture()
