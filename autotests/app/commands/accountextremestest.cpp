@@ -108,6 +108,8 @@ private Q_SLOTS:
     void copesWithoutAccounts();
     void copesWithoutGroups_data();
     void copesWithoutGroups();
+    void tellsThatThereAreNoAdministrators_data();
+    void tellsThatThereAreNoAdministrators();
     void copesWithUnreadableFiles_data();
     void copesWithUnreadableFiles();
     void fallsBackWithoutConfiguration();
@@ -158,6 +160,28 @@ void AccountExtremesTest::copesWithoutGroups()
 {
     Sandbox::setAccounts(usersFile, QByteArray());
     compareRun();
+}
+
+void AccountExtremesTest::tellsThatThereAreNoAdministrators_data()
+{
+    QTest::addColumn<QByteArray>("groups");
+    QTest::addColumn<QByteArray>("errors");
+
+    QTest::newRow("no group of administrators")
+        << QByteArray("root:x:0:\nalice:x:1000:\n")
+        << message(QStringLiteral("There is no group ormel-admin, so nobody is an administrator here."));
+    QTest::newRow("no primary group") << QByteArray("root:x:0:\normel-admin:x:27:alice\n") << QByteArray();
+}
+
+void AccountExtremesTest::tellsThatThereAreNoAdministrators()
+{
+    QFETCH(QByteArray, groups);
+    QFETCH(QByteArray, errors);
+
+    Sandbox::setAccounts(usersFile, groups);
+    const Program::Result result = run("users");
+    QCOMPARE(result.errors, errors);
+    QCOMPARE(result.status, 0);
 }
 
 void AccountExtremesTest::copesWithUnreadableFiles_data()
