@@ -42,6 +42,7 @@ class LimitsJsonTest : public QObject
 
 private Q_SLOTS:
     void init();
+    void printsLines();
     void printsSession();
     void explainsItem();
     void listsAccountsOfRule();
@@ -53,6 +54,22 @@ private Q_SLOTS:
 void LimitsJsonTest::init()
 {
     setLimitsOfPupils();
+}
+
+void LimitsJsonTest::printsLines()
+{
+    Sandbox::write(limitsPath(), "* soft core 0\n\n* both core 1\n");
+    const Result result = limits({json()});
+    QCOMPARE(result.status, 0);
+    const QJsonArray lines = jsonOf(result).toArray();
+    QCOMPARE(lines.size(), 2);
+    QCOMPARE(compact(lines.at(0).toObject()),
+             QStringLiteral("{\"file\":\"/etc/security/limits.conf\",\"ignored\":null,\"line\":1,"
+                            "\"text\":\"* soft core 0\"}"));
+    QCOMPARE(compact(lines.at(1).toObject()),
+             QStringLiteral("{\"file\":\"/etc/security/limits.conf\","
+                            "\"ignored\":\"the type 'both' is not soft, hard or -\",\"line\":3,"
+                            "\"text\":\"* both core 1\"}"));
 }
 
 void LimitsJsonTest::printsSession()
