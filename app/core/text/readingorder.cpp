@@ -136,7 +136,7 @@ QString isolatedParts(const QString &line)
             result += isText ? ReadingOrder::isolated(isolatedParts(inner)) : line.mid(start, i - start);
         } else if (isRightToLeft(directionAt(line, i))) {
             i = endOfWords(line, start);
-            result += line.mid(start, i - start);
+            result += line.midRef(start, i - start);
         } else {
             i = endOfRun(line, start);
             result += isolatedRun(line.mid(start, i - start));

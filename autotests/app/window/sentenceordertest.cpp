@@ -202,7 +202,8 @@ void SentenceOrderTest::keepsOrderInExplanations()
     const QString explanation = textOf(*part<QLabel>(*window.pages()->currentWidget(), "limitExplanation"));
     QCOMPARE(explanation.count(text("/etc/security/limits.conf:2")), 2); // it overrides the line before
     QCOMPARE(disordered(explanation).join(QLatin1Char('|')), QString());
-    for (const QString &toolTip : toolTips(*table, 0)) {
+    const QStringList tips = toolTips(*table, 0);
+    for (const QString &toolTip : tips) {
         QCOMPARE(disordered(QTextDocumentFragment::fromHtml(toolTip).toPlainText()).join(QLatin1Char('|')), QString());
     }
 }
