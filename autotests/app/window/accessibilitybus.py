@@ -54,7 +54,7 @@ if not os.path.exists("/etc/ormel-sandbox"):
     sys.exit("This test writes to /etc: run it with scripts/sandbox.")
 write(
     "/etc/passwd",
-    "root:x:0:0:root:/root:/bin/bash\nada:x:1000:50:Ada:/home/ada:/bin/sh\nbob:x:1001:50:Bob:/home/bob:/bin/sh\n",
+    "root:x:0:0:root:/nonexistent:/bin/bash\nada:x:1000:50:Ada:/home/ada:/bin/sh\nbob:x:1001:50:Bob:/home/bob:/bin/sh\n",
 )
 write("/etc/group", "root:x:0:\normel-admin:x:27:ada\nstaff:x:50:\n")
 write("/etc/security/limits.conf", "* soft core 0\n* both nproc some\n")

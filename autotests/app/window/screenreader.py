@@ -3,7 +3,7 @@
 #
 # A program as a screen reader gets to know it, through AT-SPI, and the keyboard. Needs an X server and a session bus:
 #
-#   scripts/sandbox scripts/with-display dbus-run-session -- python3 SCRIPT
+#   scripts/sandbox scripts/with-display autotests/app/window/withbus.sh SCRIPT
 
 import os
 import subprocess
