@@ -168,7 +168,7 @@ QString lineOfSentence(const QString &line)
         const QChar::Direction direction = character.direction();
         return direction == QChar::DirL || direction == QChar::DirR || direction == QChar::DirAL;
     };
-    const auto first = std::find_if(marked.begin(), marked.end(), isStrong);
+    const auto *const first = std::find_if(marked.begin(), marked.end(), isStrong);
     const bool isMisled = first != marked.end() && first->direction() == QChar::DirL;
     return isMisled ? rightToLeftMark + marked : marked;
 }
