@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <cstdio>
+
 namespace
 {
 void requireSandbox()
@@ -31,6 +33,15 @@ void Sandbox::remove(const QString &path)
 {
     requireSandbox();
     QFile::remove(path);
+}
+
+void Sandbox::replace(const QString &path, const QByteArray &content)
+{
+    const QString other = path + QLatin1Char('+');
+    write(other, content);
+    if (rename(QFile::encodeName(other).constData(), QFile::encodeName(path).constData()) != 0) {
+        qFatal("Cannot replace %s", qPrintable(path));
+    }
 }
 
 void Sandbox::clear(const QString &directory)

@@ -18,6 +18,9 @@ namespace Sandbox
 void write(const QString &path, const QByteArray &content);
 void remove(const QString &path);
 
+/** Writes a new file and gives it the name of the old one, as the tools for accounts do. */
+void replace(const QString &path, const QByteArray &content);
+
 /** Makes @p directory an empty directory. */
 void clear(const QString &directory);
 

@@ -40,14 +40,6 @@ QString sorted(const QSet<QString> &names)
     return list.join(QLatin1Char(' '));
 }
 
-/** Replaces a file in the way of the tools for accounts. */
-void replace(const QString &path, const QByteArray &content)
-{
-    const QString other = path + QLatin1Char('+');
-    Sandbox::write(other, content);
-    QCOMPARE(rename(QFile::encodeName(other).constData(), QFile::encodeName(path).constData()), 0);
-}
-
 /** Lines of /etc/passwd. */
 namespace Line
 {
@@ -235,7 +227,7 @@ void AccountStoreTest::readsAgainWhenFilesChange()
     QVERIFY(read(store));
     const QString before = names(store.users()) + names(store.groups());
     QSignalSpy ended(&store, &AccountStore::ended);
-    replace(path, content);
+    Sandbox::replace(path, content);
     QVERIFY(ended.wait(patience));
     QVERIFY(names(store.users()) + names(store.groups()) != before);
 }
@@ -249,7 +241,7 @@ void AccountStoreTest::readsFileThatComesBack()
     QVERIFY(ended.wait(patience));
     QVERIFY(!store.accountsError().isEmpty());
     QCOMPARE(names(store.users()), text("root ada"));
-    replace(passwdPath(), Line::root() + Line::bob());
+    Sandbox::replace(passwdPath(), Line::root() + Line::bob());
     QVERIFY(ended.wait(patience));
     QCOMPARE(store.accountsError(), QString());
     QCOMPARE(names(store.users()), text("root bob"));
@@ -268,7 +260,7 @@ void AccountStoreTest::readsOnceMoreWhenFilesChangeMeanwhile()
     // It notices the change at about the same time as the store.
     const FileWatcher watcher({passwdPath()});
     QSignalSpy changed(&watcher, &FileWatcher::changed);
-    replace(passwdPath(), Line::root() + Line::bob());
+    Sandbox::replace(passwdPath(), Line::root() + Line::bob());
     QVERIFY(changed.wait(patience));
     QVERIFY(!ended.wait(1500));
     Sandbox::write(text("/tmp/go"), QByteArray());
@@ -285,7 +277,7 @@ void AccountStoreTest::readsLimitsAgainWhenTheyChange()
     AccountStore store;
     QVERIFY(read(store));
     QSignalSpy limitsRead(&store, &AccountStore::limitsRead);
-    replace(limitsPath(), "* soft core 0\n* hard core 1\n");
+    Sandbox::replace(limitsPath(), "* soft core 0\n* hard core 1\n");
     QVERIFY(limitsRead.wait(patience));
     QCOMPARE(store.limits().rules().lines().size(), 2);
     Sandbox::write(dropInPath(text("10.conf")), "* soft nproc 0\n");

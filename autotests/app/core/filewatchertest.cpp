@@ -73,14 +73,6 @@ QString file(const char *name)
 {
     return folder() + QLatin1Char('/') + QLatin1String(name);
 }
-
-/** Replaces a file in the way of the tools for accounts. */
-void replace(const QString &path, const QByteArray &content)
-{
-    const QString other = path + QLatin1Char('+');
-    Sandbox::write(other, content);
-    QCOMPARE(rename(QFile::encodeName(other).constData(), QFile::encodeName(path).constData()), 0);
-}
 }
 
 class FileWatcherTest : public QObject
@@ -127,21 +119,21 @@ bool FileWatcherTest::isReportedOnce()
 
 void FileWatcherTest::noticesReplacedFile()
 {
-    replace(file("passwd"), "two");
+    Sandbox::replace(file("passwd"), "two");
     QVERIFY(isReportedOnce());
 }
 
 void FileWatcherTest::noticesEachReplacement()
 {
     for (int i = 0; i < 3; ++i) {
-        replace(file("passwd"), QByteArray::number(i));
+        Sandbox::replace(file("passwd"), QByteArray::number(i));
         QVERIFY(isReportedOnce());
     }
 }
 
 void FileWatcherTest::noticesWrittenFile()
 {
-    replace(file("passwd"), "two");
+    Sandbox::replace(file("passwd"), "two");
     QVERIFY(isReportedOnce());
     QFile passwd(file("passwd"));
     QVERIFY(passwd.open(QIODevice::Append));
@@ -193,7 +185,7 @@ void FileWatcherTest::reportsManyChangesOnce()
     // 50 a second, for longer than it waits for calm, which comes where this process has to wait for a processor
     int calms = 0;
     for (int i = 0; i < 50; ++i) {
-        replace(file("passwd"), QByteArray::number(i));
+        Sandbox::replace(file("passwd"), QByteArray::number(i));
         QElapsedTimer pause;
         pause.start();
         QTest::qWait(20);
@@ -207,7 +199,7 @@ void FileWatcherTest::reportsManyChangesOnce()
 void FileWatcherTest::looksInAnotherThread()
 {
     countCalls();
-    replace(file("passwd"), "two");
+    Sandbox::replace(file("passwd"), "two");
     Sandbox::write(file("parts/10.conf"), "one");
     QVERIFY(isReportedOnce());
     QVERIFY(s_otherCalls > 0);
@@ -217,7 +209,7 @@ void FileWatcherTest::looksInAnotherThread()
 void FileWatcherTest::endsWhileFilesChange()
 {
     for (int i = 0; i < 20; ++i) {
-        replace(file("passwd"), QByteArray::number(i));
+        Sandbox::replace(file("passwd"), QByteArray::number(i));
         m_watcher = std::make_unique<FileWatcher>(QStringList({file("passwd")}));
     }
     const QSignalSpy changes(m_watcher.get(), &FileWatcher::changed);
