@@ -38,8 +38,7 @@ QList<QByteArray> sourcesOf(const QByteArray &database)
         return {};
     }
     while (!file.atEnd()) {
-        const QByteArray line = file.readLine();
-        const QByteArray entry = line.left(line.indexOf('#')).simplified();
+        const QByteArray entry = file.readLine().split('#').constFirst().simplified();
         if (entry.startsWith(database + ':')) {
             return entry.mid(database.size() + 1).trimmed().split(' ');
         }
@@ -47,11 +46,20 @@ QList<QByteArray> sourcesOf(const QByteArray &database)
     return {};
 }
 
-bool hasFilesOnly()
+/** The C library finds no group by such a name. */
+bool isNisEntry(const QByteArray &name)
 {
-    const QList<QByteArray> files{"files"};
-    const QList<QByteArray> initial = sourcesOf("initgroups");
-    return sourcesOf("group") == files && (initial.isEmpty() || initial == files);
+    return name.startsWith('+') || name.startsWith('-');
+}
+
+bool isInFileOnly(const QByteArray &database)
+{
+    return sourcesOf(database) == QList<QByteArray>{"files"};
+}
+
+bool hasGroupsInFileOnly()
+{
+    return isInFileOnly("group") && (sourcesOf("initgroups").isEmpty() || isInFileOnly("initgroups"));
 }
 
 /** A buffer for one entry of the name service, which grows when an entry is larger. */
@@ -73,6 +81,13 @@ private:
     QByteArray m_bytes = QByteArray(4096, '\0');
 };
 
+bool findUser(const QByteArray &name, EntryBuffer &buffer, passwd &entry)
+{
+    passwd *found = nullptr;
+    buffer.fill([&](char *bytes, size_t size) { return getpwnam_r(name.constData(), &entry, bytes, size, &found); });
+    return found != nullptr;
+}
+
 QVector<quint32> askForGroups(const QByteArray &user, quint32 gid)
 {
     constexpr int expected = 64;
@@ -88,9 +103,10 @@ QVector<quint32> askForGroups(const QByteArray &user, quint32 gid)
 }
 
 PamLimits::AccountDatabase::AccountDatabase()
-    : m_hasFilesOnly(hasFilesOnly())
+    : m_hasUsersInFileOnly(isInFileOnly("passwd"))
+    , m_hasGroupsInFileOnly(hasGroupsInFileOnly())
 {
-    if (m_hasFilesOnly) {
+    if (m_hasGroupsInFileOnly) {
         readGroups();
     }
 }
@@ -110,10 +126,10 @@ void PamLimits::AccountDatabase::readGroups()
 void PamLimits::AccountDatabase::addGroup(const group &entry)
 {
     const QByteArray name(entry.gr_name);
-    if (!m_gids.contains(name)) {
-        m_gids.insert(name, entry.gr_gid);
+    if (!isNisEntry(name)) {
+        m_gids.insert(name, m_gids.value(name, entry.gr_gid));
+        m_known.insert(entry.gr_gid);
     }
-    m_known.insert(entry.gr_gid);
     for (char **member = entry.gr_mem; *member; ++member) {
         m_memberships[*member].append(entry.gr_gid);
     }
@@ -121,13 +137,21 @@ void PamLimits::AccountDatabase::addGroup(const group &entry)
 
 std::optional<PamLimits::Account> PamLimits::AccountDatabase::find(const QByteArray &name) const
 {
-    const passwd *entry = getpwnam(name.constData());
-    if (!entry) {
+    EntryBuffer buffer;
+    passwd entry = {};
+    if (!findUser(name, buffer, entry)) {
         return {};
     }
-    Account account{entry->pw_name, entry->pw_uid, entry->pw_gid, {}};
+    Account account{entry.pw_name, entry.pw_uid, entry.pw_gid, {}};
     addGroups(account);
     return account;
+}
+
+bool PamLimits::AccountDatabase::hasUserElsewhere(const QByteArray &name) const
+{
+    EntryBuffer buffer;
+    passwd entry = {};
+    return !m_hasUsersInFileOnly && findUser(name, buffer, entry);
 }
 
 QVector<PamLimits::Account> PamLimits::AccountDatabase::all() const
@@ -161,7 +185,7 @@ void PamLimits::AccountDatabase::addGroups(Account &account) const
 
 std::optional<quint32> PamLimits::AccountDatabase::gidOf(const QByteArray &group) const
 {
-    if (m_hasFilesOnly) {
+    if (m_hasGroupsInFileOnly) {
         const auto known = m_gids.constFind(group);
         return known == m_gids.constEnd() ? std::nullopt : std::make_optional(*known);
     }
@@ -174,7 +198,7 @@ std::optional<quint32> PamLimits::AccountDatabase::gidOf(const QByteArray &group
 
 bool PamLimits::AccountDatabase::hasGroup(quint32 gid) const
 {
-    if (m_hasFilesOnly) {
+    if (m_hasGroupsInFileOnly) {
         return m_known.contains(gid);
     }
     group entry = {};
@@ -185,7 +209,7 @@ bool PamLimits::AccountDatabase::hasGroup(quint32 gid) const
 
 QVector<quint32> PamLimits::AccountDatabase::groupsOf(const QByteArray &user, quint32 gid) const
 {
-    if (m_hasFilesOnly) {
+    if (m_hasGroupsInFileOnly) {
         return QVector<quint32>{gid} + m_memberships.value(user);
     }
     return askForGroups(user, gid);

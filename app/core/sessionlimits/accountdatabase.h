@@ -21,7 +21,7 @@ namespace PamLimits
  * Accounts as the name service knows them. When /etc/group is the only source of groups, it is read once.
  * Otherwise the name service is asked each time, which takes long for many accounts.
  *
- * Groups can be asked for in any thread. find() and all() are for one thread at a time.
+ * All may be used in any thread, except for all(), which is for one thread at a time.
  */
 class AccountDatabase
 {
@@ -30,6 +30,9 @@ public:
 
     /** Finds an account by its name; none when the name service knows none. */
     std::optional<Account> find(const QByteArray &name) const;
+
+    /** Whether the name service knows a user who is not in /etc/passwd, for a name that is not there. */
+    bool hasUserElsewhere(const QByteArray &name) const;
 
     /** All accounts of /etc/passwd, in its order. */
     QVector<Account> all() const;
@@ -46,7 +49,8 @@ private:
     void addGroups(Account &account) const;
     QVector<quint32> groupsOf(const QByteArray &user, quint32 gid) const;
 
-    bool m_hasFilesOnly;
+    bool m_hasUsersInFileOnly;
+    bool m_hasGroupsInFileOnly;
     QHash<QByteArray, quint32> m_gids;
     QSet<quint32> m_known;
     QHash<QByteArray, QVector<quint32>> m_memberships;

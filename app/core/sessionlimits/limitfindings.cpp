@@ -103,7 +103,7 @@ QString PamLimits::Findings::findNobodyMeant(const Domain &domain) const
     if (domain.prefix != Domain::Prefix::None) {
         return database.gidOf(domain.name()) ? QString() : i18n("is for nobody: there is no group '%1'", name);
     }
-    const bool isKnown = m_usage.hasAccount(domain.text) || database.find(domain.text);
+    const bool isKnown = m_usage.hasAccount(domain.text) || database.hasUserElsewhere(domain.text);
     return isKnown ? QString() : i18n("is for nobody: there is no user '%1'", name);
 }
 
