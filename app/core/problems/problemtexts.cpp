@@ -22,7 +22,12 @@ QString patternOf(const Problem &problem)
 
 QString filled(const QString &pattern, const QStringList &details)
 {
+    int size = pattern.size();
+    for (const QString &detail : details) {
+        size += detail.size();
+    }
     QString text;
+    text.reserve(size);
     for (const QChar character : pattern) {
         const int detail = character.unicode() - firstMark;
         if (detail >= 0 && detail < details.size()) {

@@ -9,7 +9,7 @@
 
 bool SearchWords::Word::isIn(const QString &other) const
 {
-    return other.contains(text, Qt::CaseInsensitive);
+    return other.contains(text, isNumber ? Qt::CaseSensitive : Qt::CaseInsensitive);
 }
 
 bool SearchWords::Word::isIn(const QStringList &others) const
@@ -19,7 +19,7 @@ bool SearchWords::Word::isIn(const QStringList &others) const
 
 bool SearchWords::Word::isIn(uint number) const
 {
-    return isNumber && QString::number(number).contains(text);
+    return isNumber && isIn(QString::number(number));
 }
 
 SearchWords::SearchWords(const QString &text)
