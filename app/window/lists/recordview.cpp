@@ -217,7 +217,8 @@ void RecordView::restoreSelection()
     // Qt takes seconds for thousands of ranges.
     QItemSelection selection;
     int selected = 0;
-    for (int row = 0; row < m_model->rowCount() && !m_selectedNames.isEmpty(); ++row) {
+    // One that was selected is the current row, which is known already.
+    for (int row = 0; row < m_model->rowCount() && m_selectedNames.size() > 1; ++row) {
         const int first = row;
         while (isSelected(row)) {
             ++row;

@@ -12,6 +12,9 @@
 
 #include <QApplication>
 #include <QStyle>
+#include <QtConcurrent>
+
+#include <utility>
 
 namespace
 {
@@ -28,6 +31,50 @@ const QVector<RecordModel::Column> &problemColumns()
         {"remedy", kli18nc("@title:column of problems", "What to do")},
     };
     return columns;
+}
+
+/** How many problems are sorted before they are shown. More are sorted in a thread. */
+constexpr int maxSortedAtOnce = 4000;
+
+QVariant valueOf(const Problem &problem, int column, ProblemTexts &texts)
+{
+    switch (column) {
+    case ProblemModel::SeverityColumn:
+        return ProblemWords::id(problem.severity());
+    case ProblemModel::TextColumn:
+        return texts.text(problem);
+    case ProblemModel::AccountColumn:
+        return problem.user.isEmpty() ? problem.group : problem.user;
+    case ProblemModel::PlaceColumn:
+        return problem.place();
+    case ProblemModel::KindColumn:
+        return problem.id();
+    case ProblemModel::MeaningColumn:
+        return texts.meaning(problem);
+    case ProblemModel::RemedyColumn:
+        return texts.remedy(problem);
+    default:
+        return {};
+    }
+}
+
+QVariant sortValueOf(const Problem &problem, int column, ProblemTexts &texts)
+{
+    return column == ProblemModel::SeverityColumn ? uint(problem.severity()) : valueOf(problem, column, texts);
+}
+
+/** A function that can be called in any thread. */
+auto sortValuesOf(const QList<Problem> &problems, int column)
+{
+    return [problems, column] {
+        ProblemTexts texts;
+        QVector<QVariant> values;
+        values.reserve(problems.size());
+        for (const Problem &problem : problems) {
+            values.append(sortValueOf(problem, column, texts));
+        }
+        return values;
+    };
 }
 
 QIcon themeIcon(const char *name, QStyle::StandardPixmap fallback)
@@ -48,10 +95,19 @@ ProblemModel::ProblemModel(QObject *parent)
 
 void ProblemModel::setProblems(const QList<Problem> &problems)
 {
-    replaceRecords([&] {
-        m_problems = problems;
-        m_texts = ProblemTexts();
-    });
+    const auto replace = [this, problems] { replaceProblems(problems); };
+    if (problems.size() <= maxSortedAtOnce) {
+        replaceRecords(replace);
+    } else {
+        replaceRecordsLater([problems](int column) { return sortValuesOf(problems, column); }, replace);
+    }
+}
+
+void ProblemModel::replaceProblems(const QList<Problem> &problems)
+{
+    // To free very many takes a while.
+    QtConcurrent::run([old = std::exchange(m_problems, problems)] {});
+    m_texts = ProblemTexts();
 }
 
 const Problem &ProblemModel::problem(int record) const
@@ -96,32 +152,27 @@ QString ProblemModel::name(int record) const
     return (parts + problem.details).join(QChar::Null);
 }
 
+bool ProblemModel::isNamed(int record, const QString &name) const
+{
+    // To put names together takes a while for very many problems.
+    const Problem &problem = m_problems.at(record);
+    return name.startsWith(problem.file) && name.contains(problem.details.value(0))
+        && RecordModel::isNamed(record, name);
+}
+
 QVariant ProblemModel::value(int record, int column) const
 {
-    const Problem &problem = m_problems.at(record);
-    switch (column) {
-    case SeverityColumn:
-        return ProblemWords::id(problem.severity());
-    case TextColumn:
-        return m_texts.text(problem);
-    case AccountColumn:
-        return problem.user.isEmpty() ? problem.group : problem.user;
-    case PlaceColumn:
-        return problem.place();
-    case KindColumn:
-        return problem.id();
-    case MeaningColumn:
-        return m_texts.meaning(problem);
-    case RemedyColumn:
-        return m_texts.remedy(problem);
-    default:
-        return {};
-    }
+    return valueOf(m_problems.at(record), column, m_texts);
 }
 
 QVariant ProblemModel::sortValue(int record, int column) const
 {
-    return column == SeverityColumn ? uint(m_problems.at(record).severity()) : value(record, column);
+    return sortValueOf(m_problems.at(record), column, m_texts);
+}
+
+RecordModel::SortValues ProblemModel::sortValues(int column) const
+{
+    return m_problems.size() <= maxSortedAtOnce ? SortValues() : sortValuesOf(m_problems, column);
 }
 
 bool ProblemModel::passes(int record, int filter) const
@@ -142,7 +193,8 @@ bool ProblemModel::passes(int record, int filter) const
 bool ProblemModel::contains(int record, const SearchWords::Word &word) const
 {
     const Problem &problem = m_problems.at(record);
-    return word.isIn(problem.place()) || word.isIn(problem.id()) || word.isIn(problem.user) || word.isIn(problem.group)
+    // What takes least time first.
+    return word.isIn(problem.user) || word.isIn(problem.group) || word.isIn(problem.place()) || word.isIn(problem.id())
         || word.isIn(m_texts.text(problem));
 }
 

@@ -32,15 +32,18 @@ public:
 
     /** Identifies the problem: no two have the same place, kind and account. */
     QString name(int record) const override;
+    bool isNamed(int record, const QString &name) const override;
 
 protected:
     QVariant value(int record, int column) const override;
     QVariant sortValue(int record, int column) const override;
+    SortValues sortValues(int column) const override;
     bool passes(int record, int filter) const override;
     bool contains(int record, const SearchWords::Word &word) const override;
     QVariant icon(int record) const override;
 
 private:
+    void replaceProblems(const QList<Problem> &problems);
     QVariant sentence(int record, int column) const;
 
     QList<Problem> m_problems;

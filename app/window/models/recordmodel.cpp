@@ -9,6 +9,8 @@
 
 #include <KLocalizedString>
 
+#include <QtConcurrent>
+
 #include <algorithm>
 #include <numeric>
 
@@ -26,6 +28,7 @@ RecordModel::RecordModel(const QVector<Column> &columns, QObject *parent)
     m_endOfNews.setSingleShot(true);
     m_endOfNews.setInterval(newsDuration);
     connect(&m_endOfNews, &QTimer::timeout, this, &RecordModel::endNews);
+    connect(&m_ranking, &QFutureWatcherBase::finished, this, &RecordModel::useRanks);
 }
 
 int RecordModel::rowCount(const QModelIndex &parent) const
@@ -133,19 +136,23 @@ int RecordModel::recordAt(const QModelIndex &index) const
 
 QModelIndex RecordModel::find(const QString &name) const
 {
-    const auto found =
-        std::find_if(m_rows.begin(), m_rows.end(), [&](int record) { return this->name(record) == name; });
+    const auto found = std::find_if(m_rows.begin(), m_rows.end(), [&](int record) { return isNamed(record, name); });
     return found == m_rows.end() ? QModelIndex() : index(int(found - m_rows.begin()), 0);
 }
 
 bool RecordModel::hasRecord(const QString &name) const
 {
     for (int record = 0; record < recordCount(); ++record) {
-        if (this->name(record) == name) {
+        if (isNamed(record, name)) {
             return true;
         }
     }
     return false;
+}
+
+bool RecordModel::isNamed(int record, const QString &name) const
+{
+    return this->name(record) == name;
 }
 
 void RecordModel::setNews(const QSet<QString> &names)
@@ -184,9 +191,71 @@ void RecordModel::sort(int column, Qt::SortOrder order)
     if (column < 0 || column >= m_columns.size()) {
         return;
     }
+    m_wantedOrder = {column, order};
+    const SortValues values = m_newRecords ? m_newRecords->sortValues(column) : sortValues(column);
+    if (values && (m_newRecords || !isRanked(column))) {
+        rankLater(values);
+    } else {
+        sortShown();
+    }
+}
+
+void RecordModel::replaceRecords(const std::function<void()> &replace)
+{
+    m_newRecords.reset();
+    m_ranking.cancel();
+    replaceRanked(replace, {});
+}
+
+void RecordModel::replaceRecordsLater(const std::function<SortValues(int column)> &sortValues,
+                                      const std::function<void()> &replace)
+{
+    m_newRecords = NewRecords{sortValues, replace};
+    rankLater(sortValues(m_wantedOrder.column));
+}
+
+void RecordModel::replaceRanked(const std::function<void()> &replace, const QVector<int> &ranks)
+{
+    beginResetModel();
+    replace();
+    m_ranks = QVector<QVector<int>>(m_columns.size());
+    m_ranks[m_wantedOrder.column] = ranks;
+    m_order = m_wantedOrder;
+    fill();
+    endResetModel();
+}
+
+void RecordModel::rankLater(const SortValues &values)
+{
+    m_rankedColumn = m_wantedOrder.column;
+    m_ranking.setFuture(QtConcurrent::run([values] { return ranksOf(values()); }));
+}
+
+void RecordModel::useRanks()
+{
+    if (m_ranking.isCanceled()) {
+        return;
+    }
+    const QVector<int> ranks = m_ranking.result();
+    if (m_newRecords) {
+        const NewRecords records = *m_newRecords;
+        m_newRecords.reset();
+        replaceRanked(records.replace, ranks);
+    } else {
+        m_ranks[m_rankedColumn] = ranks;
+        sortShown();
+    }
+}
+
+bool RecordModel::isRanked(int column) const
+{
+    return m_ranks.at(column).size() == recordCount();
+}
+
+void RecordModel::sortShown()
+{
     Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
-    m_sortColumn = column;
-    m_sortOrder = order;
+    m_order = m_wantedOrder;
     const QVector<int> before = m_rows;
     sortRows(m_rows);
     QVector<int> rowOf(recordCount());
@@ -206,8 +275,8 @@ void RecordModel::sort(int column, Qt::SortOrder order)
 void RecordModel::sortRows(QVector<int> &rows)
 {
     const QVector<int> first = ranks(0);
-    const QVector<int> wanted = ranks(m_sortColumn);
-    const bool ascending = m_sortOrder == Qt::AscendingOrder;
+    const QVector<int> wanted = ranks(m_order.column);
+    const bool ascending = m_order.order == Qt::AscendingOrder;
     std::sort(rows.begin(), rows.end(), [&](int a, int b) {
         if (wanted.at(a) != wanted.at(b)) {
             return (wanted.at(a) < wanted.at(b)) == ascending;
@@ -221,10 +290,15 @@ QVariant RecordModel::sortValue(int record, int column) const
     return value(record, column);
 }
 
+RecordModel::SortValues RecordModel::sortValues(int /*column*/) const
+{
+    return {};
+}
+
 const QVector<int> &RecordModel::ranks(int column)
 {
     QVector<int> &ranks = m_ranks[column];
-    if (ranks.size() != recordCount()) {
+    if (!isRanked(column)) {
         QVector<QVariant> values;
         values.reserve(recordCount());
         for (int record = 0; record < recordCount(); ++record) {

@@ -11,14 +11,20 @@
 #include <KLazyLocalizedString>
 
 #include <QAbstractTableModel>
+#include <QFutureWatcher>
 #include <QSet>
 #include <QTimer>
+
+#include <functional>
+#include <optional>
 
 /**
  * A table of the records that pass a search and a filter, sorted by a column.
  *
  * Records are numbered as they were given; rows are counted as they are shown. Besides the record itself
  * only some numbers are kept, and texts are made when they are shown.
+ *
+ * Very many records may be sorted in a thread. What was shown stays until that is done.
  */
 class RecordModel : public QAbstractTableModel
 {
@@ -50,7 +56,7 @@ public:
 
     /**
      * Sorts by the values of @p column: numbers as numbers, texts by the rules of the language, equal ones
-     * by the first column.
+     * by the first column. Very many may be sorted a moment later.
      */
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
@@ -73,6 +79,9 @@ public:
     /** The name of a record. Others may have the same name. */
     virtual QString name(int record) const = 0;
 
+    /** Whether a record has this name. */
+    virtual bool isNamed(int record, const QString &name) const;
+
     /** The record of a row, -1 for an invalid index. */
     int recordAt(const QModelIndex &index) const;
 
@@ -91,23 +100,41 @@ protected:
     /** What @p column is sorted by: numbers, Booleans or texts. */
     virtual QVariant sortValue(int record, int column) const;
 
+    /** What records are sorted by, in the order of the records. It is called in a thread. */
+    using SortValues = std::function<QVector<QVariant>()>;
+
+    /** Empty when sortValue() is to be asked at once, however many records there are. */
+    virtual SortValues sortValues(int column) const;
+
     virtual bool passes(int record, int filter) const = 0;
     virtual bool contains(int record, const SearchWords::Word &word) const = 0;
     virtual QVariant icon(int record) const = 0;
 
     /** Replaces the records within @p replace. Resets the model. */
-    template<typename Replace>
-    void replaceRecords(Replace replace)
-    {
-        beginResetModel();
-        replace();
-        m_ranks = QVector<QVector<int>>(m_columns.size());
-        fill();
-        endResetModel();
-    }
+    void replaceRecords(const std::function<void()> &replace);
+
+    /** The same, but sorts them in a thread before. @p sortValues gives the values of a column. */
+    void replaceRecordsLater(const std::function<SortValues(int column)> &sortValues,
+                             const std::function<void()> &replace);
 
 private:
+    struct Order {
+        int column = 0;
+        Qt::SortOrder order = Qt::AscendingOrder;
+    };
+
+    /** Records that will replace those that are shown. */
+    struct NewRecords {
+        std::function<SortValues(int column)> sortValues;
+        std::function<void()> replace;
+    };
+
+    void replaceRanked(const std::function<void()> &replace, const QVector<int> &ranks);
     void fill();
+    bool isRanked(int column) const;
+    void rankLater(const SortValues &values);
+    void useRanks();
+    void sortShown();
     void sortRows(QVector<int> &rows);
     const QVector<int> &ranks(int column);
     QString text(const QModelIndex &index) const;
@@ -117,12 +144,15 @@ private:
     const QVector<Column> m_columns;
     SearchWords m_search;
     int m_filter = 0;
-    int m_sortColumn = 0;
-    Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
+    Order m_wantedOrder;
+    Order m_order;
     /** The record of each row. */
     QVector<int> m_rows;
     /** For each column that was sorted by: the place of each record, equal for equal values. */
     QVector<QVector<int>> m_ranks;
+    std::optional<NewRecords> m_newRecords;
+    QFutureWatcher<QVector<int>> m_ranking;
+    int m_rankedColumn = 0;
     QSet<QString> m_news;
     QTimer m_endOfNews;
 };

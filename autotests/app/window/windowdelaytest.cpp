@@ -18,6 +18,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTabWidget>
 #include <QTest>
 
@@ -48,15 +49,19 @@ void writeAccounts()
     }
 }
 
-/** Ten rules for each user, but each hundredth is for a group, and each hundredth has no item. */
+/**
+ * Ten rules for each user. But each hundredth is for a group, each hundredth has no item, and every other one is for
+ * somebody who is gone.
+ */
 void writeLimits()
 {
     static const char *const items[] = {"core", "nofile", "nproc", "memlock", "stack"};
     QByteArray rules;
     for (int i = 0; i < ruleCount; ++i) {
         const QByteArray number = QByteArray::number(i % accountCount);
+        const char *user = i % 2 ? "gone" : "user";
         const char *item = i % 100 == 1 ? "none" : items[i / accountCount % 5];
-        rules += (i % 100 == 2 ? "@group" : "user") + number + (i < ruleCount / 2 ? " soft " : " hard ") + item + ' '
+        rules += (i % 100 == 2 ? "@group" : user) + number + (i < ruleCount / 2 ? " soft " : " hard ") + item + ' '
             + QByteArray::number(1024 + i % 100) + '\n';
     }
     clearLimits();
@@ -159,6 +164,8 @@ bool WindowDelayTest::isInTime(const QString &what)
 
 void WindowDelayTest::initTestCase()
 {
+    qRegisterMetaType<QList<QPersistentModelIndex>>();
+    qRegisterMetaType<QAbstractItemModel::LayoutChangeHint>();
     prepareWindow();
     writeAccounts();
     writeLimits();
@@ -210,9 +217,12 @@ void WindowDelayTest::sorts()
     auto &view = m_window->partOfPage<RecordView>(qPrintable(list));
     QVector<int> columns = view.shownColumns();
     std::reverse(columns.begin(), columns.end());
+    QSignalSpy sorted(view.model(), &QAbstractItemModel::layoutChanged);
     for (const int column : qAsConst(columns)) {
         for (const Qt::SortOrder order : {Qt::DescendingOrder, Qt::AscendingOrder}) {
+            sorted.clear();
             view.sortByColumn(column, order);
+            QTRY_VERIFY(!sorted.isEmpty());
             QVERIFY(isInTime(text("sorting the ") + text(QTest::currentDataTag())));
         }
     }
