@@ -5,6 +5,7 @@
 
 #include "recordview.h"
 
+#include "columnwidths.h"
 #include "flattree.h"
 #include "hitdelegate.h"
 #include "recordmodel.h"
@@ -15,7 +16,6 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QMenu>
-#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSettings>
 
@@ -23,13 +23,9 @@
 
 namespace
 {
-/** The largest width that a column gets by default. In characters. */
-constexpr int maxCharacters = 28;
-constexpr int maxWideCharacters = 60;
-
 /** The preferred width of a list, at least and at most. In characters. */
 constexpr int minWantedCharacters = 56;
-constexpr int maxWantedCharacters = 72;
+constexpr int maxWantedCharacters = 84;
 
 /** How many rows count for the width of a column. To measure the texts of all would take long. */
 constexpr int measuredRows = 100;
@@ -45,6 +41,7 @@ RecordView::RecordView(RecordModel *model, QWidget *parent)
     // Before the base class forgets its rows.
     connect(model, &QAbstractItemModel::modelAboutToBeReset, this, &RecordView::remember);
     setModel(model);
+    m_widths = new ColumnWidths(this);
     setSortingEnabled(true);
     sortByColumn(0, Qt::AscendingOrder);
     header()->setStretchLastSection(false);
@@ -53,7 +50,6 @@ RecordView::RecordView(RecordModel *model, QWidget *parent)
     header()->setContextMenuPolicy(Qt::ActionsContextMenu);
     addColumnActions();
     fitColumns();
-    connect(header(), &QHeaderView::sectionResized, this, &RecordView::noteWidth);
     connect(model, &QAbstractItemModel::modelReset, this, &RecordView::restore);
     connect(this, &QAbstractItemView::activated, this, [this](const QModelIndex &index) {
         Q_EMIT recordActivated(m_model->recordAt(index));
@@ -63,7 +59,7 @@ RecordView::RecordView(RecordModel *model, QWidget *parent)
 QSize RecordView::sizeHint() const
 {
     const int character = fontMetrics().averageCharWidth();
-    const int contents = m_fittedWidth + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+    const int contents = m_widths->wantedWidth() + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
     return {qBound(minWantedCharacters * character, contents, maxWantedCharacters * character),
             QTreeView::sizeHint().height()};
 }
@@ -163,49 +159,14 @@ void RecordView::restore()
 
 void RecordView::fitColumns()
 {
-    if (m_hasChosenWidths || (m_hasFitted && !m_alwaysFitting)) {
-        return;
-    }
-    m_hasFitted = m_model->rowCount() > 0;
-    for (int column = 0; column < m_model->columnCount(); ++column) {
-        fitColumn(column);
-    }
-    m_fittedWidth = header()->length();
+    m_widths->fitContents();
     updateGeometry();
-}
-
-void RecordView::fitColumn(int column)
-{
-    const QScopedValueRollback<bool> fitting(m_fitting, true);
-    const int width = qMin(sizeHintForColumn(column), maxWidth(column));
-    header()->resizeSection(column, qMax(width, header()->sectionSizeHint(column)));
-}
-
-int RecordView::maxWidth(int column) const
-{
-    const int character = fontMetrics().averageCharWidth();
-    if (column != m_wideColumn) {
-        return maxCharacters * character;
-    }
-    // Sentences get all the room that the other columns leave.
-    const int left = viewport()->width() - header()->length() + header()->sectionSize(column);
-    return qMax(left, maxWideCharacters * character);
-}
-
-void RecordView::noteWidth(int /*section*/, int oldSize, int newSize)
-{
-    // Columns that are hidden or shown change to nothing or from nothing.
-    if (!m_fitting && oldSize > 0 && newSize > 0) {
-        m_hasChosenWidths = true;
-    }
 }
 
 void RecordView::resizeEvent(QResizeEvent *event)
 {
     QTreeView::resizeEvent(event);
-    if (m_wideColumn != -1 && m_hasFitted && !m_hasChosenWidths) {
-        fitColumn(m_wideColumn);
-    }
+    m_widths->fitRoom();
 }
 
 void RecordView::restoreSelection()
@@ -267,7 +228,10 @@ void RecordView::addColumnActions()
         action->setCheckable(true);
         action->setChecked(true);
         action->setEnabled(column > 0); // without a name a row says nothing
-        connect(action, &QAction::triggered, this, [this, column](bool shown) { setColumnHidden(column, !shown); });
+        connect(action, &QAction::triggered, this, [this, column](bool shown) {
+            setColumnHidden(column, !shown);
+            m_widths->fitRoom();
+        });
         header()->addAction(action);
         m_columnActions.append(action);
     }
@@ -290,17 +254,18 @@ void RecordView::setShownColumns(const QVector<int> &columns)
     for (int column = 0; column < m_model->columnCount(); ++column) {
         setColumnHidden(column, !columns.contains(column));
     }
+    m_widths->fitRoom();
     updateColumnActions();
 }
 
 void RecordView::setWideColumn(int column)
 {
-    m_wideColumn = column;
+    m_widths->setWideColumn(column);
 }
 
 void RecordView::setAlwaysFitting(bool always)
 {
-    m_alwaysFitting = always;
+    m_widths->setAlwaysFitting(always);
 }
 
 QVector<int> RecordView::shownColumns() const
@@ -323,7 +288,7 @@ QString RecordView::settingsKey(const char *name) const
 void RecordView::saveState(QSettings &settings) const
 {
     settings.setValue(settingsKey("header"), header()->saveState());
-    settings.setValue(settingsKey("hasChosenWidths"), m_hasChosenWidths);
+    settings.setValue(settingsKey("hasChosenWidths"), m_widths->areChosen());
     settings.setValue(settingsKey("current"), m_currentName);
 }
 
@@ -331,7 +296,7 @@ void RecordView::restoreState(const QSettings &settings)
 {
     const QByteArray state = settings.value(settingsKey("header")).toByteArray();
     if (header()->restoreState(state)) {
-        m_hasChosenWidths = settings.value(settingsKey("hasChosenWidths"), true).toBool();
+        m_widths->setChosen(settings.value(settingsKey("hasChosenWidths"), true).toBool());
         setColumnHidden(0, false);
         updateColumnActions();
         sortByColumn(header()->sortIndicatorSection(), header()->sortIndicatorOrder());

@@ -8,6 +8,7 @@
 
 #include <QTreeView>
 
+class ColumnWidths;
 class QSettings;
 class RecordModel;
 
@@ -80,28 +81,17 @@ private:
     void addColumnActions();
     void updateColumnActions();
     void fitColumns();
-    void fitColumn(int column);
-    int maxWidth(int column) const;
-    void noteWidth(int section, int oldSize, int newSize);
     QString settingsKey(const char *name) const;
 
     RecordModel *const m_model;
     QList<QAction *> m_columnActions;
-    int m_wideColumn = -1;
+    ColumnWidths *m_widths = nullptr;
     QString m_currentName;
     int m_currentRow = 0;
     QSet<QString> m_selectedNames;
     QString m_topName;
     /** Whether the model is being filled again. Then a new current row is not the operator's choice. */
     bool m_restoring = false;
-    bool m_alwaysFitting = false;
-    bool m_fitting = false;
-    /** Whether columns have widths that fit their first contents. */
-    bool m_hasFitted = false;
-    /** Whether columns have widths that the operator chose. */
-    bool m_hasChosenWidths = false;
-    /** How wide the columns are together that fit their contents. */
-    int m_fittedWidth = 0;
 };
 
 #endif

@@ -4,6 +4,8 @@
 */
 
 #include "mainwindow.h"
+#include "recordview.h"
+#include "sandbox.h"
 #include "windowfixture.h"
 #include "windowparts.h"
 
@@ -32,6 +34,12 @@ QMap<QString, QWidget *> takePages(MainWindow &window, QWidget &desk)
         page->show();
     }
     return pages;
+}
+
+void setLanguage(const QString &language)
+{
+    KLocalizedString::setLanguages({language});
+    QApplication::setLayoutDirection(language == QLatin1String("ar") ? Qt::RightToLeft : Qt::LeftToRight);
 }
 
 /** The lines that are elided. */
@@ -72,7 +80,12 @@ private Q_SLOTS:
     void init();
     void showsWholeTexts_data();
     void showsWholeTexts();
+    void showsAllColumnsAtFirst_data();
+    void showsAllColumnsAtFirst();
     void cleanup();
+
+private:
+    const QFont m_font = QApplication::font();
 };
 
 void PageSizeTest::initTestCase()
@@ -103,8 +116,7 @@ void PageSizeTest::showsWholeTexts()
     QFETCH(QString, language);
     QFETCH(bool, isRead);
 
-    KLocalizedString::setLanguages({language});
-    QApplication::setLayoutDirection(language == QLatin1String("ar") ? Qt::RightToLeft : Qt::LeftToRight);
+    setLanguage(language);
     MainWindow window;
     // In windows of their own, a display that is scaled would round their sizes.
     QWidget desk;
@@ -125,8 +137,44 @@ void PageSizeTest::showsWholeTexts()
     }
 }
 
+void PageSizeTest::showsAllColumnsAtFirst_data()
+{
+    QTest::addColumn<QString>("language");
+
+    for (const char *language : {"en", "de", "ar"}) {
+        QTest::addRow("%s", language) << QString::fromLatin1(language);
+    }
+}
+
+void PageSizeTest::showsAllColumnsAtFirst()
+{
+    QFETCH(QString, language);
+
+    setLanguage(language);
+    QFont font;
+    font.setPixelSize(13); // 10 points at 96 dpi
+    QApplication::setFont(font);
+    // The longest of a new system, and more than fit without scrolling up and down.
+    QByteArray users("list:x:38:38:Mailing List Manager:/var/list:/usr/sbin/nologin\n"
+                     "systemd-timesync:x:997:997:systemd Time Synchronization:/:/usr/sbin/nologin\n"
+                     "nobody:x:65534:65534:nobody:/nonexistent:/usr/sbin/nologin\n");
+    for (int uid = 1000; uid < 1050; ++uid) {
+        const QByteArray number = QByteArray::number(uid);
+        users += "user" + number + ":x:" + number + ":50:Somebody Somewhere:/home/user" + number + ":/bin/sh\n";
+    }
+    Sandbox::setAccounts(users, "list:x:38:\nsystemd-timesync:x:997:\nstaff:x:50:\nnogroup:x:65534:\n");
+    MainWindow window;
+    QVERIFY(open(window));
+    for (int page = 0; page < 2; ++page) {
+        window.pages()->setCurrentIndex(page);
+        QTRY_COMPARE(accountsView(window)->horizontalScrollBar()->maximum(), 0);
+        QTRY_COMPARE(clippedTexts(window).join(QLatin1Char('|')), QString());
+    }
+}
+
 void PageSizeTest::cleanup()
 {
+    QApplication::setFont(m_font);
     QApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
