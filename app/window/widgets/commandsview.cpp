@@ -27,6 +27,9 @@ namespace
 {
 constexpr int visibleLines = 5;
 
+/** The least width of the texts, in characters. */
+constexpr int minCharacters = 40;
+
 QString warning()
 {
     return i18n("The commands contain a password hash. Let nobody read them; while they run, other users can see it in "
@@ -67,6 +70,7 @@ CommandsView::CommandsView(const QString &heading, QWidget *parent)
     m_commands->setLayoutDirection(Qt::LeftToRight);
     m_commands->setMinimumHeight(heightOf(*m_commands, visibleLines));
 
+    m_heading->setMinimumWidth(minCharacters * fontMetrics().averageCharWidth());
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(m_heading);

@@ -62,6 +62,7 @@ private Q_SLOTS:
     void namesEverythingForScreenReaders();
     void stacksItsPartsInLittleRoom();
     void stacksItsPartsForCommands();
+    void stacksItsPartsForLines();
 };
 
 void NewAccountPageTest::init()
@@ -327,10 +328,29 @@ void NewAccountPageTest::stacksItsPartsForCommands()
     page.resize(1200, 700);
     QVERIFY(page.open());
     const auto *form = part<QScrollArea>(page, "newAccount");
-    page.resize(form->widget()->minimumSizeHint().width() + 250, 700); // enough for the heading alone
+    const int heading = part<QLabel>(page, "commandsHeading")->minimumWidth();
+    page.resize(form->widget()->minimumSizeHint().width() + heading + 50, 700); // enough for the heading alone
     QTRY_VERIFY(!isStacked(page));
+    // In some languages the buttons are wider than any sentence has to be.
+    part<QPushButton>(page, "copyCommandsButton")->setMinimumWidth(heading + 50);
     page.userName->setText(QStringLiteral("newbie"));
     QTRY_VERIFY(isStacked(page));
+    QCOMPARE(form->horizontalScrollBar()->maximum(), 0);
+}
+
+void NewAccountPageTest::stacksItsPartsForLines()
+{
+    Page page;
+    QVERIFY(page.open());
+    const auto *form = part<QScrollArea>(page, "newAccount");
+    const auto *heading = part<QLabel>(page, "commandsHeading");
+    const int word = heading->fontMetrics().horizontalAdvance(QStringLiteral("cannot be created"));
+    page.userName->setText(QStringLiteral("a:b"));
+    QCOMPARE(page.shownCommands(), QString());
+    page.resize(form->widget()->minimumSizeHint().width() + word + 60, 480);
+    QTRY_VERIFY(isStacked(page));
+    QVERIFY(heading->isVisible());
+    QTRY_VERIFY(heading->heightForWidth(heading->width()) < 3 * heading->fontMetrics().lineSpacing());
     QCOMPARE(form->horizontalScrollBar()->maximum(), 0);
 }
 
