@@ -144,6 +144,9 @@ int print(const QList<Record> &records,
           const QStringList &tableColumns)
 {
     const bool isTable = format.kind == ListingFormat::Table;
+    if (isTable && records.isEmpty()) {
+        return Success; // a head without rows tells nothing
+    }
     const QStringList usual = isTable ? tableColumns : columnIds(all);
     const auto columns = chosenColumns(all, format.columns.isEmpty() ? usual : format.columns);
     if (isTable) {

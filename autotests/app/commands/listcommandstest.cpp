@@ -24,6 +24,8 @@ private Q_SLOTS:
     void listsKinds_data();
     void listsKinds();
     void listsNamedAccounts();
+    void printsNoTableWithoutRows_data();
+    void printsNoTableWithoutRows();
     void tellsOnceThatThereAreNoAdministrators();
     void printsNothingWithoutFiles_data();
     void printsNothingWithoutFiles();
@@ -156,6 +158,38 @@ void ListCommandsTest::listsNamedAccounts()
     QCOMPARE(groups.output, QByteArray("name\naudio\n"));
     QCOMPARE(groups.errors, QByteArray("ormel-users: There is no group 'crew'.\n"));
     QCOMPARE(groups.status, 1);
+}
+
+void ListCommandsTest::printsNoTableWithoutRows_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QByteArray>("output");
+    QTest::addColumn<int>("status");
+
+    const auto add = [](const char *arguments, const char *output, int status) {
+        QTest::newRow(arguments) << QString::fromLatin1(arguments) << QByteArray(output) << status;
+    };
+    add("users mallory", "", 1);
+    add("users mallory --columns name", "", 1);
+    add("users root --ordinary", "", 0);
+    add("users mallory --json", "[\n]\n", 1);
+    add("users mallory --csv --columns name,uid", "name,uid\n", 1);
+    add("groups crew", "", 1);
+    add("groups crew --json", "[\n]\n", 1);
+    add("groups crew --csv --columns name,gid", "name,gid\n", 1);
+}
+
+void ListCommandsTest::printsNoTableWithoutRows()
+{
+    QFETCH(QString, arguments);
+    QFETCH(QByteArray, output);
+    QFETCH(int, status);
+
+    Sandbox::setAccounts(usersFile, groupsFile);
+    const Program::Result result = Program::run(arguments.split(QLatin1Char(' ')));
+    QCOMPARE(result.output, output);
+    QCOMPARE(result.errors.isEmpty(), status == 0);
+    QCOMPARE(result.status, status);
 }
 
 void ListCommandsTest::tellsOnceThatThereAreNoAdministrators()
