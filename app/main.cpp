@@ -56,7 +56,8 @@ const Command commands[] = {
      kli18n("Cut a square icon out of a picture."),
      Interface::Window,
      pickIconOptions,
-     pickIcon},
+     pickIcon,
+     iconOutputOption()},
     {"pick-users", "", kli18n("Pick users in a dialog."), Interface::Window, pickUsersOptions, pickUsers},
     {"pick-groups", "", kli18n("Pick groups in a dialog."), Interface::Window, pickGroupsOptions, pickGroups},
 };

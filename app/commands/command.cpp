@@ -50,6 +50,30 @@ QString withDashes(const QString &option)
     return QLatin1String(option.size() > 1 ? "--" : "-") + option;
 }
 
+/** UsageError, with a message, when an option is missing that @p command requires. */
+int checkOptions(const Command &command, const QCommandLineParser &options)
+{
+    const QString &required = command.requiredOption;
+    if (!required.isEmpty() && options.value(required).isEmpty()) {
+        return usageError(i18n("The option %1 is missing.", withDashes(required)));
+    }
+    return Success;
+}
+
+/** The words that follow the options: an option that is required, with its value, and the operand. */
+QString requiredWords(const Command &command)
+{
+    QStringList words;
+    const QList<QCommandLineOption> options = command.options();
+    for (const QCommandLineOption &option : options) {
+        if (option.names().contains(command.requiredOption)) {
+            words += {withDashes(command.requiredOption), option.valueName()};
+        }
+    }
+    words.append(QString::fromLatin1(command.operand));
+    return words.join(QLatin1Char(' '));
+}
+
 void printLine(const QString &program, const QString &message)
 {
     const QString line = program + QLatin1String(": ") + VisibleText::fromText(message) + QLatin1Char('\n');
@@ -93,14 +117,20 @@ int run(const Command &command, const QStringList &arguments, bool hasDisplay)
         return usageError(parser);
     }
     if (parser.isSet(helpOption())) {
-        return print(helpText(
-            parser,
-            i18nc("a command with its operand, as in 'users [options] [NAME...]'", "%1 [options] %2", name, operand)
-                .trimmed()));
+        return print(helpText(parser,
+                              i18nc("a command with its operand, as in 'users [options] [NAME...]'",
+                                    "%1 [options] %2",
+                                    name,
+                                    requiredWords(command))
+                                  .trimmed()));
     }
     const int operandStatus = checkOperands(operand, parser.positionalArguments());
     if (operandStatus != Success) {
         return operandStatus;
+    }
+    const int optionStatus = checkOptions(command, parser);
+    if (optionStatus != Success) {
+        return optionStatus;
     }
     if (command.interface == Command::Interface::Window && !hasDisplay) {
         return displayFailure();

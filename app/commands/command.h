@@ -36,6 +36,8 @@ struct Command {
     QList<QCommandLineOption> (*options)();
     /** Does the work and returns the exit status; @p operand is the first one, null when there is none. */
     int (*run)(const QCommandLineParser &options, const QString &operand);
+    /** An option that has to be given; empty for none. */
+    QString requiredOption = {};
 };
 
 /** For commands without options. */

@@ -18,11 +18,6 @@
 
 namespace
 {
-QString outputOption()
-{
-    return QStringLiteral("output");
-}
-
 QString reason(const PictureReader::Result &result)
 {
     switch (result.problem) {
@@ -55,17 +50,19 @@ int writeIcon(const QPixmap &icon, const QString &file)
 }
 }
 
+QString iconOutputOption()
+{
+    return QStringLiteral("output");
+}
+
 QList<QCommandLineOption> pickIconOptions()
 {
-    return {QCommandLineOption(outputOption(), i18n("Write the icon to this PNG file."), QStringLiteral("OUT.png"))};
+    return {
+        QCommandLineOption(iconOutputOption(), i18n("Write the icon to this PNG file."), QStringLiteral("OUT.png"))};
 }
 
 int pickIcon(const QCommandLineParser &options, const QString &file)
 {
-    const QString output = options.value(outputOption());
-    if (output.isEmpty()) {
-        return usageError(i18n("The option --output is missing."));
-    }
     UserIconDialog dialog;
     AccountDialogs::prepareIcon(dialog);
     if (!file.isNull()) {
@@ -80,5 +77,5 @@ int pickIcon(const QCommandLineParser &options, const QString &file)
     if (icon.isNull()) {
         return failure(i18n("No picture was chosen."));
     }
-    return writeIcon(icon, output);
+    return writeIcon(icon, options.value(iconOutputOption()));
 }

@@ -8,6 +8,9 @@
 
 #include "command.h"
 
+/** The option that says where the icon is written; it is required. */
+QString iconOutputOption();
+
 QList<QCommandLineOption> pickIconOptions();
 
 /**

@@ -68,7 +68,7 @@ void CommandLineTest::helps_data()
     addUsage("users", "Usage: ormel-users users [options] [NAME...]");
     addUsage("check", "Usage: ormel-users check [options]");
     addUsage("check-name", "Usage: ormel-users check-name [options] NAME");
-    addUsage("pick-icon", "Usage: ormel-users pick-icon [options] [FILE]");
+    addUsage("pick-icon", "Usage: ormel-users pick-icon [options] --output OUT.png [FILE]");
     QTest::newRow("usage") << QStringList(QStringLiteral("--help"))
                            << QStringLiteral("Usage: ormel-users [command] [options]");
     QTest::newRow("groups -h") << QStringList({QStringLiteral("groups"), QStringLiteral("-h")})
@@ -109,6 +109,8 @@ void CommandLineTest::refusesWrongUsage_data()
     add("groups --administrators", "ormel-users groups", "There is no option '--administrators'.");
     add("pick-users --bogus", "ormel-users pick-users", "There is no option '--bogus'.");
     add("pick-groups --user", "ormel-users pick-groups", "Missing value after '--user'.");
+    add("pick-icon", "ormel-users pick-icon", "The option --output is missing.");
+    add("pick-icon --output= face.png", "ormel-users pick-icon", "The option --output is missing.");
     add("hash secret", "ormel-users hash", "Unexpected argument 'secret'.");
     add("check-name", "ormel-users check-name", "The argument NAME is missing.");
     add("users --json --csv", "ormel-users users", "Only one of --json and --csv can be given.");
