@@ -126,6 +126,8 @@ SessionLimitsView::SessionLimitsView(QWidget *parent)
     m_none->setObjectName(QStringLiteral("noLimits"));
     m_failure->setObjectName(QStringLiteral("sessionFailure"));
     m_explanation->setObjectName(QStringLiteral("limitExplanation"));
+    // The name of a file cannot be wrapped; a long one must not widen the window. Tool tips show all of it.
+    m_explanation->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});

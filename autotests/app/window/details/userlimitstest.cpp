@@ -27,6 +27,7 @@ private Q_SLOTS:
     void init();
     void showsLimitsWithExplanations();
     void explainsSelectedLimit();
+    void getsNoWiderWithNameOfFile();
     void tellsThatSessionHasNoLimits();
     void tellsWhichRuleApplies();
     void tellsThatNoLimitApplies();
@@ -87,6 +88,22 @@ void UserLimitsTest::explainsSelectedLimit()
              }));
     page.select("ada");
     QVERIFY(!explanation->isVisible());
+}
+
+void UserLimitsTest::getsNoWiderWithNameOfFile()
+{
+    const QString path = dropInPath(QStringLiteral("long_").repeated(20));
+    Sandbox::write(path + QLatin1String(".conf"), "* soft nproc 9\n");
+    ShownUsersPage page;
+    page.select("bob");
+    const int width = page.page.minimumSizeHint().width();
+    page.limits->setCurrentIndex(page.limits->model()->index(0, 0));
+    const auto *explanation = part<QLabel>(page.page, "limitExplanation");
+    QVERIFY(shownText(*explanation).startsWith(path));
+    QVERIFY(explanation->isVisible());
+    QCoreApplication::processEvents(); // each layout tells the next one
+    QCoreApplication::processEvents();
+    QCOMPARE(page.page.minimumSizeHint().width(), width);
 }
 
 void UserLimitsTest::tellsThatSessionHasNoLimits()
