@@ -28,9 +28,6 @@ const char groupsFile[] = "root:x:0:\n"
                           "ormel-admin:x:27:alice\n"
                           "alice:x:1000:\n";
 
-const char usersHeading[] = "Name  Full name  UID  Primary group  Admin  System  Groups\n";
-const char groupsHeading[] = "Name  GID  System  Members\n";
-
 Program::Result run(const char *arguments)
 {
     return Program::run(QString::fromLatin1(arguments).split(QLatin1Char(' ')));
@@ -128,9 +125,9 @@ void AccountExtremesTest::init()
 void AccountExtremesTest::copesWithoutAccounts_data()
 {
     addColumns();
-    add("users", 0, usersHeading, "");
+    add("users", 0, "", "");
     add("users --json", 0, "[\n]\n", "");
-    add("groups", 0, groupsHeading, "");
+    add("groups", 0, "", "");
     add("groups --json", 0, "[\n]\n", "");
     add("limits --user alice", 1, "", message(QStringLiteral("There is no user 'alice'.")));
     add("limits --group alice", 1, "", message(QStringLiteral("There is no group 'alice'.")));
@@ -153,7 +150,7 @@ void AccountExtremesTest::copesWithoutGroups_data()
         "root   root          0                 no     yes\n"
         "alice  Alice      1000                 no     no\n",
         warning);
-    add("groups", 0, groupsHeading, QByteArray());
+    add("groups", 0, QByteArray(), QByteArray());
 }
 
 void AccountExtremesTest::copesWithoutGroups()
