@@ -11,6 +11,7 @@
 #include "pagelayout.h"
 #include "plaintext.h"
 #include "readingorder.h"
+#include "searchwords.h"
 #include "visibletext.h"
 
 #include <QAction>
@@ -154,6 +155,16 @@ void Details::setText(LineLabel &field, const QString &text)
     field.setText(shown);
     field.updateGeometry(); // it wants as much room as the new text takes
     field.setAccessibleName(shown); // otherwise the elided text is read out
+}
+
+void Details::markHits(const SearchWords &search)
+{
+    for (auto title = m_titles.begin(); title != m_titles.end(); ++title) {
+        const bool isHit = !search.hitsIn(title.key()->accessibleName()).isEmpty();
+        (*title)->setAutoFillBackground(isHit);
+        (*title)->setBackgroundRole(isHit ? QPalette::Highlight : QPalette::NoRole);
+        (*title)->setForegroundRole(isHit ? QPalette::HighlightedText : QPalette::NoRole);
+    }
 }
 
 void Details::setFieldVisible(LineLabel &field, bool visible)

@@ -16,6 +16,7 @@ class LinkLabel;
 class QAction;
 class QGridLayout;
 class QLabel;
+class SearchWords;
 
 /** The details of one account: picture, name, remarks, and fields below. */
 class Details : public ContentArea
@@ -47,6 +48,9 @@ public:
 
     /** Shows @p text in @p field, or a dash when there is none. */
     static void setText(LineLabel &field, const QString &text);
+
+    /** Marks the titles of the fields in which words of @p search are now. */
+    void markHits(const SearchWords &search);
 
     /** Shows or hides a field with its title. */
     void setFieldVisible(LineLabel &field, bool visible);

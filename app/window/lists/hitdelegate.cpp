@@ -64,7 +64,7 @@ void HitDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, c
 {
     LeftToRight::Delegate::paint(painter, option, index);
     const auto *model = qobject_cast<const RecordModel *>(index.model());
-    if (model && !model->search().isEmpty()) {
+    if (model && !model->marks().isEmpty()) {
         QStyleOptionViewItem item = option;
         initStyleOption(&item, index);
         paintHits(*painter, item, *model);
@@ -75,7 +75,7 @@ void HitDelegate::paintHits(QPainter &painter, const QStyleOptionViewItem &optio
 {
     const QRect room = textRect(option);
     const QString text = QFontMetrics(option.font).elidedText(option.text, option.textElideMode, room.width());
-    const QVector<SearchWords::Hit> hits = hitsIn(text, model.search());
+    const QVector<SearchWords::Hit> hits = hitsIn(text, model.marks());
     if (hits.isEmpty()) {
         return;
     }

@@ -57,6 +57,11 @@ void MemberList::showMembers(const GroupRecord &group, const QVector<UserRecord>
     m_title->setText(i18np("%1 &member", "%1 &members", all));
 }
 
+void MemberList::markHits(const SearchWords &search)
+{
+    m_model->setMarks(search);
+}
+
 void MemberList::follow(int record)
 {
     if (record != -1 && m_model->isUser(record)) {

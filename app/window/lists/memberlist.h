@@ -14,6 +14,7 @@
 class MemberModel;
 class QLabel;
 class RecordView;
+class SearchWords;
 
 /** The members of a group: those that its line names, and separately those whose primary group it is. */
 class MemberList : public QWidget
@@ -25,6 +26,9 @@ public:
 
     void showMembers(const GroupRecord &group, const QVector<UserRecord> &users);
     void clear();
+
+    /** Marks the words of @p search. */
+    void markHits(const SearchWords &search);
 
 Q_SIGNALS:
     void followed(const AccountLink &link);

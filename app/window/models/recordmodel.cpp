@@ -108,6 +108,19 @@ const SearchWords &RecordModel::search() const
     return m_search;
 }
 
+void RecordModel::setMarks(const SearchWords &marks)
+{
+    m_marks = marks;
+    if (!m_rows.isEmpty()) {
+        Q_EMIT dataChanged(index(0, 0), index(m_rows.size() - 1, m_columns.size() - 1), {Qt::DisplayRole});
+    }
+}
+
+const SearchWords &RecordModel::marks() const
+{
+    return m_search.isEmpty() ? m_marks : m_search;
+}
+
 void RecordModel::setSearch(const SearchWords &search)
 {
     beginResetModel();

@@ -66,6 +66,12 @@ public:
     void setSearch(const SearchWords &search);
     const SearchWords &search() const;
 
+    /** Marks words for which the list is not searched. */
+    void setMarks(const SearchWords &marks);
+
+    /** The words to mark: those that are searched for or, without a search, the others. */
+    const SearchWords &marks() const;
+
     /**
      * Shows the records that pass @p filter, a number that the derived class defines; 0 is for all. Resets
      * the model.
@@ -143,6 +149,7 @@ private:
 
     const QVector<Column> m_columns;
     SearchWords m_search;
+    SearchWords m_marks;
     int m_filter = 0;
     Order m_wantedOrder;
     Order m_order;

@@ -98,11 +98,14 @@ void GroupsPage::showRecord(int record)
 {
     if (record == -1) {
         m_details->showNoGroup();
+        m_details->markHits({});
         m_members->clear();
         m_limits->clear();
         return;
     }
     m_details->showGroup(m_model->at(record));
+    m_details->markHits(m_model->search());
+    m_members->markHits(m_model->search());
     showMembers();
     showLimits();
 }

@@ -105,10 +105,12 @@ void UsersPage::showRecord(int record)
 {
     if (record == -1) {
         m_details->showNobody();
+        m_details->markHits({});
         m_limits->clear();
         return;
     }
     m_details->showUser(m_model->at(record));
+    m_details->markHits(m_model->search());
     showLimits();
 }
 

@@ -69,6 +69,7 @@ class HitMarksTest : public QObject
 
 private Q_SLOTS:
     void marksHitsInEveryColumn();
+    void marksWordsWithoutSearch();
     void marksHitsInMirroredLists();
     void keepsLettersReadable_data();
     void keepsLettersReadable();
@@ -91,6 +92,26 @@ void HitMarksTest::marksHitsInEveryColumn()
         const bool isHit = index.data().toString().contains(QLatin1Char('7'));
         QCOMPARE(hasMark(*list.view, index), isHit);
     }
+}
+
+void HitMarksTest::marksWordsWithoutSearch()
+{
+    List list;
+    list.model.setRecords({userWithNumber(), SampleList::user(text("b"), 1008)});
+    list.list.resize(1600, 400);
+    list.view->clearSelection();
+    const QModelIndex name = list.model.index(0, UserModel::NameColumn);
+    list.model.setMarks(SearchWords(text("7")));
+    QVERIFY(hasMark(*list.view, name));
+    QCOMPARE(list.model.rowCount(), 2);
+    list.model.setMarks({});
+    QVERIFY(!hasMark(*list.view, name));
+    // What is searched for comes first.
+    list.model.setMarks(SearchWords(text("7")));
+    list.search->setText(text("full"));
+    list.view->clearSelection();
+    QVERIFY(!hasMark(*list.view, name));
+    QVERIFY(hasMark(*list.view, list.model.index(0, UserModel::FullNameColumn)));
 }
 
 void HitMarksTest::marksHitsInMirroredLists()

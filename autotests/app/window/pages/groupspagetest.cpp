@@ -10,6 +10,7 @@
 #include "dialogparts.h"
 #include "icontheme.h"
 #include "limitsfixtures.h"
+#include "recordmodel.h"
 #include "recordview.h"
 #include "sandbox.h"
 #include "shownaccountpage.h"
@@ -67,6 +68,7 @@ private Q_SLOTS:
     void filtersByKind();
     void searchesInAllFields_data();
     void searchesInAllFields();
+    void marksMembersThatWereFound();
     void tellsThatNothingMatches();
     void showsGroup();
     void tellsSystemGroupsBySign();
@@ -144,6 +146,20 @@ void GroupsPageTest::searchesInAllFields()
     QTest::keyClicks(part<QLineEdit>(page.page, "searchField"), search);
     QCOMPARE(page.names(), names);
     QCOMPARE(part<QLabel>(page.page, "count")->text(), text("1 of 4 groups"));
+}
+
+void GroupsPageTest::marksMembersThatWereFound()
+{
+    Page page;
+    const auto &members = *qobject_cast<RecordView *>(page.members)->recordModel();
+    auto *search = part<QLineEdit>(page.page, "searchField");
+    search->setText(text("eve"));
+    QCOMPARE(page.names(), text("staff"));
+    QVERIFY(!members.marks().hitsIn(text("eve")).isEmpty());
+    QVERIFY(members.marks().hitsIn(text("bob")).isEmpty());
+    QCOMPARE(members.rowCount(), 3);
+    search->clear();
+    QVERIFY(members.marks().isEmpty());
 }
 
 void GroupsPageTest::tellsThatNothingMatches()

@@ -12,9 +12,26 @@
 #include <KMessageWidget>
 
 #include <QAbstractItemModelTester>
+#include <QLabel>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+
+namespace
+{
+/** The titles of the fields that are marked. */
+QString markedTitles(const QWidget &page)
+{
+    QStringList titles;
+    const QList<QLabel *> labels = page.findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
+        if (label->autoFillBackground() && label->backgroundRole() == QPalette::Highlight) {
+            titles.append(label->text());
+        }
+    }
+    return titles.join(QLatin1Char(' '));
+}
+}
 
 class UsersPageTest : public QObject
 {
@@ -28,6 +45,7 @@ private Q_SLOTS:
     void isEmptyBeforeAccountsAreRead();
     void listsOrdinaryUsersFirst();
     void filtersByKind();
+    void marksFieldsWithHits();
     void tellsWhyNobodyIsShown();
     void followsKeyboard();
     void keepsCurrentUserOnReload();
@@ -87,6 +105,24 @@ void UsersPageTest::filtersByKind()
         QCOMPARE(page.filter->currentText() + QStringLiteral(": ") + page.names().join(QLatin1Char(' ')), names);
         QTest::keyClick(page.filter, Qt::Key_Down);
     }
+}
+
+void UsersPageTest::marksFieldsWithHits()
+{
+    ShownUsersPage page;
+    QCOMPARE(markedTitles(page.page), QString());
+    page.search->setText(QStringLiteral("Audio"));
+    QCOMPARE(page.title(), QStringLiteral("ada"));
+    QCOMPARE(markedTitles(page.page), QStringLiteral("All groups:"));
+    page.search->setText(QStringLiteral("555-0142 home"));
+    QCOMPARE(markedTitles(page.page), QStringLiteral("Work phone: Home directory:"));
+    page.search->setText(QStringLiteral("no such user"));
+    QCOMPARE(markedTitles(page.page), QString());
+    page.search->setText(QStringLiteral("staff"));
+    QCOMPARE(page.title(), QStringLiteral("bob"));
+    QCOMPARE(markedTitles(page.page), QStringLiteral("Primary group: All groups:"));
+    page.search->clear();
+    QCOMPARE(markedTitles(page.page), QString());
 }
 
 void UsersPageTest::tellsWhyNobodyIsShown()
