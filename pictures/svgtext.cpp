@@ -76,13 +76,17 @@ QByteArray svgWithoutReferences(const QByteArray &svg)
     writer.writeStartDocument();
     QXmlStreamReader reader(svg);
     reader.setNamespaceProcessing(false); // as Qt reads SVG
+    int depth = 0;
+    bool isAtEnd = false; // of the picture; Qt does not mind what follows it
     do {
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement:
             copyStart(reader, writer);
+            ++depth;
             break;
         case QXmlStreamReader::EndElement:
             writer.writeEndElement();
+            isAtEnd = --depth == 0;
             break;
         case QXmlStreamReader::Characters:
             writer.writeCharacters(reader.text().toString());
@@ -90,6 +94,6 @@ QByteArray svgWithoutReferences(const QByteArray &svg)
         default: // instructions, which name style sheets; entities are resolved by now
             break;
         }
-    } while (!reader.atEnd());
+    } while (!reader.atEnd() && !isAtEnd);
     return reader.hasError() ? QByteArray() : result; // Qt takes no part of a damaged text either
 }

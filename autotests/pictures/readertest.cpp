@@ -61,7 +61,11 @@ void PictureReaderTest::readsEveryFormat_data()
     for (const auto &[format, content] : files) {
         QTest::newRow(format) << content;
     }
-    QTest::newRow("svgz") << PictureFiles::gzipped(PictureFiles::svg(R"(<rect width="9" height="9"/>)"));
+    const QByteArray svg = PictureFiles::svg(R"(<rect width="9" height="9"/>)");
+    QTest::newRow("svg with an end too many") << svg + "</x>";
+    QTest::newRow("svg with another one") << svg + PictureFiles::svg(R"(<rect width="5" height="5"/>)");
+    QTest::newRow("svg with other text") << svg + "junk & <";
+    QTest::newRow("svgz") << PictureFiles::gzipped(svg);
 }
 
 void PictureReaderTest::readsEveryFormat()
