@@ -57,7 +57,9 @@ template<typename Entry>
 QString entriesOf(const char *path, Entry *(*next)(FILE *), char *Entry::*name)
 {
     QString entries;
-    FILE *const file = fopen(path, "r");
+    // The C library misreads an indented line without an end.
+    QByteArray content = contentOf(QString::fromLatin1(path)) + '\n';
+    FILE *const file = fmemopen(content.data(), size_t(content.size()), "r");
     while (const Entry *entry = file ? next(file) : nullptr) {
         const char first = *(entry->*name);
         if (first != '+' && first != '-') {

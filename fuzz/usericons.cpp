@@ -85,7 +85,7 @@ void Target::run(const QByteArray &input)
     QStringList files = filesIn(faces.path()) + filesIn(QStringLiteral("/usr/share/kiv"));
     const QStringList directories = faces.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     for (const QString &directory : directories) {
-        files += filesIn(faces.filePath(directory));
+        files += filesIn(faces.path() + QLatin1Char('/') + directory); // a colon makes no resource
     }
     const bool hasDefault = std::any_of(files.begin(), files.end(), isDefault);
     for (int i = 0; i < draws; ++i) {
