@@ -39,5 +39,7 @@ QByteArray gunzip(const QByteArray &data, qint64 longest)
         result.append(part.data(), int(qMin(unpacked, longest - result.size())));
     }
     inflateEnd(&stream);
-    return result;
+    const bool isWhole = status == Z_STREAM_END && stream.avail_in == 0;
+    const bool endsEarly = status == Z_OK || status == Z_BUF_ERROR;
+    return isWhole || endsEarly ? result : QByteArray();
 }

@@ -11,8 +11,8 @@
 bool isGzipped(const QByteArray &data);
 
 /**
- * Unpacks @p data, which gzip has compressed, up to @p longest bytes. Damaged data is unpacked as far
- * as it can be read.
+ * Unpacks @p data, which gzip has compressed, up to @p longest bytes. Data that ends early is unpacked as far as it
+ * goes; for data that is damaged in another way, the result is empty. Qt reads compressed pictures in the same way.
  */
 QByteArray gunzip(const QByteArray &data, qint64 longest);
 

@@ -278,9 +278,11 @@ void SvgTest::refusesDamagedText_data()
     QTest::newRow("only the start") << whole.left(whole.size() / 2);
     QTest::newRow("without the end") << whole.chopped(6);
     QTest::newRow("mixed up") << PictureFiles::svg("<g></svg>");
-    QTest::newRow("more behind the end") << whole + "<svg/>";
-    QTest::newRow("text behind the end") << whole + "text";
-    QTest::newRow("compressed and damaged") << PictureFiles::gzipped(whole).left(20);
+    const QByteArray compressed = PictureFiles::gzipped(whole);
+    QTest::newRow("compressed, only the start") << compressed.left(20);
+    QTest::newRow("compressed, another checksum") << compressed.chopped(8) + QByteArray(8, '\0');
+    QTest::newRow("compressed, more behind the end") << compressed + "text";
+    QTest::newRow("compressed twice") << compressed + compressed;
 }
 
 void SvgTest::refusesDamagedText()
