@@ -23,13 +23,14 @@ bool SvgReader::canRead(const QImageReader &reader)
 Result SvgReader::read(QIODevice &file)
 {
     QByteArray text = file.read(PictureReader::longestSvg + 1);
-    if (isGzipped(text)) {
+    const bool isCompressed = isGzipped(text);
+    if (isCompressed) {
         text = gunzip(text, PictureReader::longestSvg + 1);
     }
     if (text.size() > PictureReader::longestSvg) {
         return {{}, Problem::TooLarge, {}};
     }
-    QByteArray ownText = svgWithoutReferences(text);
+    QByteArray ownText = svgWithoutReferences(text, !isCompressed);
     QBuffer buffer(&ownText);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer, "svg");

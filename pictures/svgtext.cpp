@@ -69,24 +69,22 @@ void copyStart(const QXmlStreamReader &reader, QXmlStreamWriter &writer)
 }
 }
 
-QByteArray svgWithoutReferences(const QByteArray &svg)
+QByteArray svgWithoutReferences(const QByteArray &svg, bool stopsAtEnd)
 {
     QByteArray result;
     QXmlStreamWriter writer(&result);
     writer.writeStartDocument();
     QXmlStreamReader reader(svg);
     reader.setNamespaceProcessing(false); // as Qt reads SVG
-    int depth = 0;
-    bool isAtEnd = false; // of the picture; Qt does not mind what follows it
+    bool isAtEnd = false;
     do {
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement:
             copyStart(reader, writer);
-            ++depth;
             break;
         case QXmlStreamReader::EndElement:
             writer.writeEndElement();
-            isAtEnd = --depth == 0;
+            isAtEnd = stopsAtEnd && reader.name() == QLatin1String("svg");
             break;
         case QXmlStreamReader::Characters:
             writer.writeCharacters(reader.text().toString());

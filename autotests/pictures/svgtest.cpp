@@ -282,6 +282,7 @@ void SvgTest::refusesDamagedText_data()
     QTest::newRow("compressed, only the start") << compressed.left(20);
     QTest::newRow("compressed, another checksum") << compressed.chopped(8) + QByteArray(8, '\0');
     QTest::newRow("compressed, more behind the end") << compressed + "text";
+    QTest::newRow("compressed, more behind the end of the text") << PictureFiles::gzipped(whole + "text");
     QTest::newRow("compressed twice") << compressed + compressed;
 }
 
