@@ -45,7 +45,7 @@ expects() {
 # answer: presses keys in the dialog of the last example.
 answer() {
     local window
-    window=$(timeout 20 xdotool search --sync --onlyvisible --name "^Select Users\$")
+    window=$("$(dirname "$0")/../findwindow.sh" --name "^Select Users\$")
     xdotool windowactivate --sync "$window"
     xdotool key --delay 100 Tab Tab Home Return
 }

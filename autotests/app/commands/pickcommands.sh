@@ -33,7 +33,7 @@ try() {
     shift 3
     "$program" "$@" >"$output" 2>/dev/null &
     local pid=$!
-    window=$(timeout 20 xdotool search --sync --onlyvisible --name "^$title\$")
+    window=$("$(dirname "$0")/../findwindow.sh" --name "^$title\$")
     xdotool windowactivate --sync "$window"
     # shellcheck disable=SC2086 # one word for each key
     xdotool key --delay 100 $keys

@@ -97,8 +97,8 @@ class Program:
         environment = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         self.process = subprocess.Popen(command, env=environment, stderr=subprocess.DEVNULL)
         # A program that is asked before it can answer counts as one without windows from then on.
-        search = ["xdotool", "search", "--sync", "--onlyvisible", "--pid", str(self.process.pid)]
-        subprocess.run(search, timeout=SECONDS, stdout=subprocess.DEVNULL, check=True)
+        search = os.path.join(os.path.dirname(__file__), "../findwindow.sh")
+        subprocess.run([search, "--pid", str(self.process.pid)], stdout=subprocess.DEVNULL, check=True)
 
     def __enter__(self):
         return self

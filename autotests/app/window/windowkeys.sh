@@ -81,7 +81,7 @@ check() {
 
 "$program" 2>/dev/null &
 pid=$!
-window=$(timeout 20 xdotool search --sync --onlyvisible --name "^Ormel Users\$")
+window=$("$(dirname "$0")/../findwindow.sh" --name "^Ormel Users\$")
 xdotool windowactivate --sync "$window"
 has_focus
 
