@@ -40,8 +40,9 @@ include(CheckLinkerFlag)
 check_linker_flag(CXX -fuse-ld=lld HAVE_LLD)
 
 # ormel_build_quickly(<target> [REUSE_FROM <target> | PRIVATE <precompiled header>...]): for test code, which takes
-# more time to compile than to run.
+# more time to compile than to run. A debugger shows its lines, but not its local variables.
 function(ormel_build_quickly target)
+    target_compile_options(${target} PRIVATE -g1)
     if(CMAKE_BUILD_TYPE STREQUAL RelWithDebInfo)
         target_compile_options(${target} PRIVATE -O0)
     endif()
