@@ -102,13 +102,15 @@ QVector<quint32> askForGroups(const QByteArray &user, quint32 gid)
 }
 }
 
-PamLimits::AccountDatabase::AccountDatabase()
-    : m_hasUsersInFileOnly(isInFileOnly("passwd"))
-    , m_hasGroupsInFileOnly(hasGroupsInFileOnly())
+PamLimits::AccountDatabase PamLimits::AccountDatabase::read()
 {
-    if (m_hasGroupsInFileOnly) {
-        readGroups();
+    AccountDatabase database;
+    database.m_hasUsersInFileOnly = isInFileOnly("passwd");
+    database.m_hasGroupsInFileOnly = hasGroupsInFileOnly();
+    if (database.m_hasGroupsInFileOnly) {
+        database.readGroups();
     }
+    return database;
 }
 
 void PamLimits::AccountDatabase::readGroups()

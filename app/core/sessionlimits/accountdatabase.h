@@ -18,15 +18,16 @@ struct group;
 namespace PamLimits
 {
 /**
- * Accounts as the name service knows them. When /etc/group is the only source of groups, it is read once.
- * Otherwise the name service is asked each time, which takes long for many accounts.
+ * Accounts as the name service knows them. It is asked each time, which takes long for many accounts. After read()
+ * this holds for groups only if /etc/group is not their only source.
  *
  * All may be used in any thread, except for all(), which is for one thread at a time.
  */
 class AccountDatabase
 {
 public:
-    AccountDatabase();
+    /** Reads /etc/nsswitch.conf and, if it is the only source of groups, /etc/group. */
+    static AccountDatabase read();
 
     /** Finds an account by its name; none when the name service knows none. */
     std::optional<Account> find(const QByteArray &name) const;
@@ -49,8 +50,8 @@ private:
     void addGroups(Account &account) const;
     QVector<quint32> groupsOf(const QByteArray &user, quint32 gid) const;
 
-    bool m_hasUsersInFileOnly;
-    bool m_hasGroupsInFileOnly;
+    bool m_hasUsersInFileOnly = false;
+    bool m_hasGroupsInFileOnly = false;
     QHash<QByteArray, quint32> m_gids;
     QSet<quint32> m_known;
     QHash<QByteArray, QVector<quint32>> m_memberships;

@@ -48,7 +48,7 @@ bool isMissing(const QByteArray &path)
 PamLimits::SessionLimits PamLimits::SessionLimits::read(const Progress &progress)
 {
     const Module module = Module::installed();
-    return {Rules(Files::read(module), module, progress), AccountDatabase(), readMaxOpenFiles()};
+    return {Rules(Files::read(module), module, progress), AccountDatabase::read(), readMaxOpenFiles()};
 }
 
 PamLimits::SessionLimits::SessionLimits(Rules rules, AccountDatabase database, quint64 maxOpenFiles)

@@ -57,7 +57,7 @@ public:
     /** Reads the files, the groups and the state of the machine. */
     static SessionLimits read(const Progress &progress = {});
 
-    /** Without a rule. */
+    /** Without a rule. Reads nothing: threads create results in the thread that waits for them. */
     SessionLimits() = default;
     SessionLimits(Rules rules, AccountDatabase database, quint64 maxOpenFiles);
 

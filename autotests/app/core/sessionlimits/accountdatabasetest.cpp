@@ -49,6 +49,7 @@ private Q_SLOTS:
     void asksNobodyWhenThereIsOnlyTheFile();
     void asksOtherSources();
     void readsGroupsOnce();
+    void readsNothingByItself();
 
 private:
     static constexpr const char *passwd = "alice:x:1001:100::/home/alice:/bin/bash\n";
@@ -65,7 +66,7 @@ void AccountDatabaseTest::init()
 
 void AccountDatabaseTest::findsUsers()
 {
-    const PamLimits::AccountDatabase database;
+    const PamLimits::AccountDatabase database = PamLimits::AccountDatabase::read();
     const auto alice = database.find("alice");
     QVERIFY(alice);
     QCOMPARE(alice->name, QByteArray("alice"));
@@ -81,21 +82,21 @@ void AccountDatabaseTest::findsUsersWithLongLines()
 {
     const QByteArray home = "/home/" + QByteArray(20000, 'a');
     Sandbox::setAccounts("alice:x:1001:100::" + home + ":/bin/bash\n", group);
-    const auto alice = PamLimits::AccountDatabase().find("alice");
+    const auto alice = PamLimits::AccountDatabase::read().find("alice");
     QVERIFY(alice);
     QCOMPARE(alice->uid, 1001U);
 }
 
 void AccountDatabaseTest::asksNobodyWhenThereIsOnlyTheFile()
 {
-    QVERIFY(!PamLimits::AccountDatabase().hasUserElsewhere("ghost"));
+    QVERIFY(!PamLimits::AccountDatabase::read().hasUserElsewhere("ghost"));
     QCOMPARE(lookups, 0);
 }
 
 void AccountDatabaseTest::asksOtherSources()
 {
     Sandbox::setExtraAccounts("ghost:x:7000:7000::/home/ghost:/bin/sh\n", "");
-    const PamLimits::AccountDatabase database;
+    const PamLimits::AccountDatabase database = PamLimits::AccountDatabase::read();
     QVERIFY(database.hasUserElsewhere("ghost"));
     QVERIFY(!database.hasUserElsewhere("nobody here"));
     QVERIFY(lookups >= 2);
@@ -106,7 +107,7 @@ void AccountDatabaseTest::asksOtherSources()
 void AccountDatabaseTest::readsGroupsOnce()
 {
     Sandbox::setAccounts(passwd, QByteArray(group) + "+nis:x:70:\nstaff:x:51:\n");
-    const PamLimits::AccountDatabase database;
+    const PamLimits::AccountDatabase database = PamLimits::AccountDatabase::read();
     Sandbox::setAccounts(passwd, QByteArray());
     QCOMPARE(database.gidOf("staff"), std::make_optional(50U));
     QVERIFY(database.hasGroup(51));
@@ -115,6 +116,13 @@ void AccountDatabaseTest::readsGroupsOnce()
     const auto alice = database.find("alice");
     QVERIFY(alice);
     QCOMPARE(alice->groups, (QVector<quint32>{100, 50}));
+}
+
+void AccountDatabaseTest::readsNothingByItself()
+{
+    const PamLimits::AccountDatabase database;
+    Sandbox::setAccounts(passwd, "new:x:60:\n");
+    QCOMPARE(database.gidOf("new"), std::make_optional(60U));
 }
 
 QTEST_GUILESS_MAIN(AccountDatabaseTest)
