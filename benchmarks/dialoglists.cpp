@@ -20,6 +20,8 @@
 #include <map>
 #include <memory>
 
+#include <pwd.h>
+
 using benchmark::State;
 
 namespace
@@ -42,20 +44,49 @@ void fill(QStandardItemModel &copy, const QAbstractItemModel &model)
     }
 }
 
-/** A dialog for a group, as it is or with the same rows in a QStandardItemModel. */
+enum class Rows {
+    Accounts, ///< those of the dialog
+    Items, ///< the same in a QStandardItemModel
+    LookedUpItems, ///< the same, with a lookup for the flags of each
+};
+
+/** Like a UserListModel with a group, it looks an account up each time it is asked for flags. */
+class ItemModel : public QStandardItemModel
+{
+public:
+    void setLookedUp(bool lookedUp)
+    {
+        m_lookedUp = lookedUp;
+    }
+
+    Qt::ItemFlags flags(const QModelIndex &index) const override
+    {
+        if (m_lookedUp) {
+            benchmark::DoNotOptimize(getpwnam(index.siblingAtColumn(0).data().toString().toLatin1().constData()));
+        }
+        return QStandardItemModel::flags(index);
+    }
+
+private:
+    bool m_lookedUp = false;
+};
+
+/** A dialog for a group, with its own rows or others. */
 class List
 {
 public:
-    explicit List(bool isPeer)
+    explicit List(Rows rows)
         : m_dialog(sharedGroup(), {})
         , m_proxy(m_dialog.findChild<QSortFilterProxyModel *>())
         , m_comboBox(m_dialog.findChild<QComboBox *>())
         , m_lineEdit(m_dialog.findChild<QLineEdit *>())
         , m_view(treeView(m_dialog))
     {
-        if (isPeer) {
-            fill(m_items[0], *m_proxy->sourceModel());
-            fill(m_items[1], *m_proxy->sourceModel());
+        if (rows != Rows::Accounts) {
+            for (ItemModel &items : m_items) {
+                fill(items, *m_proxy->sourceModel());
+                items.setLookedUp(rows == Rows::LookedUpItems);
+            }
             m_proxy->setSourceModel(m_items);
         }
         paint(m_dialog);
@@ -132,7 +163,7 @@ public:
     }
 
 private:
-    QStandardItemModel m_items[2];
+    ItemModel m_items[2];
     UserSelectDialog m_dialog;
     QSortFilterProxyModel *m_proxy;
     QComboBox *m_comboBox;
@@ -143,44 +174,45 @@ private:
 /** The dialogs, which take long to construct. They are deleted before the application object. */
 auto &madeLists()
 {
-    static std::map<std::pair<int64_t, bool>, std::unique_ptr<List>> lists;
+    static std::map<std::pair<int64_t, Rows>, std::unique_ptr<List>> lists;
     return lists;
 }
 
-List &listFor(const State &state, bool isPeer)
+List &listFor(const State &state, Rows rows)
 {
     prepareAccounts(state);
     auto &lists = madeLists();
     if (lists.empty()) {
         qAddPostRoutine([] { madeLists().clear(); });
     }
-    auto &list = lists[{state.range(0), isPeer}];
+    auto &list = lists[{state.range(0), rows}];
     if (!list) {
-        list = std::make_unique<List>(isPeer);
+        list = std::make_unique<List>(rows);
     }
     return *list;
 }
 
-template<int (List::*operation)(), bool isPeer>
+template<int (List::*operation)(), Rows rows>
 void measureList(State &state)
 {
-    List &list = listFor(state, isPeer);
+    List &list = listFor(state, rows);
     list.reset();
     measure(state, [&list] { return (list.*operation)(); });
 }
 
-template<int (List::*operation)()>
+template<int (List::*operation)(), Rows peer = Rows::Items>
 Comparison comparison(const char *name, const char *what, Limit limit, const char *explanation)
 {
     return {name,
             what,
-            "the same with a `QStandardItemModel`",
+            peer == Rows::Items ? "the same with a `QStandardItemModel`"
+                                : "the same, and the lookups of the rows in view",
             limit,
             explanation,
             {1000, 10000},
             benchmark::oNone,
-            measureList<operation, false>,
-            measureList<operation, true>};
+            measureList<operation, Rows::Accounts>,
+            measureList<operation, peer>};
 }
 }
 
@@ -192,9 +224,13 @@ Comparisons dialogListComparisons()
                                   {1.5, 0, 1.9},
                                   "#dialogs-with-a-group"),
         comparison<&List::sort>("sortRows", "sorting them", {1.5, 0, 2.8}, "#dialogs-with-a-group"),
+        comparison<&List::sort, Rows::LookedUpItems>(
+            "sortLookedUpRows", "sorting them", {1.15, 0, 1.5}, "#dialogs-with-a-group"),
         comparison<&List::filter>("filterRows", "changing their filter", {1.5, 0}, ""),
         comparison<&List::type>("typeText", "typing a letter and erasing it", {1.5, 0}, ""),
         comparison<&List::selectAll>("selectAll", "selecting all of them and none", {1.5, 0}, ""),
         comparison<&List::scroll>("scroll", "scrolling by one of them", {1.5, 0, 1.9}, "#scrolling"),
+        comparison<&List::scroll, Rows::LookedUpItems>(
+            "scrollLookedUpRows", "scrolling by one of them", {1.15, 0, 1.5}, "#scrolling"),
     };
 }
