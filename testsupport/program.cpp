@@ -45,3 +45,8 @@ Program::Result Program::run(const QString &program,
     const bool finished = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
     return {finished ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
 }
+
+QStringList Program::lines(const QByteArray &output)
+{
+    return QString::fromUtf8(output).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}

@@ -37,6 +37,9 @@ Result run(const QString &program,
            const QStringList &arguments,
            const QByteArray &input = {},
            const QStringList &variables = {});
+
+/** The lines of an output that are not empty. */
+QStringList lines(const QByteArray &output);
 }
 
 #endif

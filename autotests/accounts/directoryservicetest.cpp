@@ -118,7 +118,7 @@ QStringList names(const QString &prefix, int count)
 QStringList output(const QString &program, const QStringList &arguments)
 {
     const Program::Result result = Program::run(program, arguments, {}, DirectoryService::variables());
-    return QString::fromUtf8(result.output).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    return Program::lines(result.output);
 }
 
 /** The groups of the accounts @p names, as printed by id. */

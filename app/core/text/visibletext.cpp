@@ -41,7 +41,7 @@ bool isInvisible(uint character)
     }
 }
 
-bool isRightToLeft(uint character)
+bool isReadFromRight(uint character)
 {
     return QChar::direction(character) == QChar::DirR || QChar::direction(character) == QChar::DirAL;
 }
@@ -110,6 +110,6 @@ QString VisibleText::isolated(const QString &text)
     const QString visible = fromText(text);
     const QVector<uint> characters = visible.toUcs4();
     const bool canChange =
-        QGuiApplication::isRightToLeft() || std::any_of(characters.begin(), characters.end(), isRightToLeft);
+        QGuiApplication::isRightToLeft() || std::any_of(characters.begin(), characters.end(), isReadFromRight);
     return canChange ? ReadingOrder::isolated(visible) : visible;
 }

@@ -15,11 +15,6 @@ QStringList noDisplay()
 {
     return {QStringLiteral("QT_QPA_PLATFORM="), QStringLiteral("DISPLAY="), QStringLiteral("WAYLAND_DISPLAY=")};
 }
-
-QStringList lines(const QByteArray &text)
-{
-    return QString::fromUtf8(text).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-}
 }
 
 /** What all commands have in common: help, wrong use, a missing display. */
@@ -82,7 +77,7 @@ void CommandLineTest::helps()
 
     const Program::Result result = Program::run(
         Program::path(), arguments, {}, {QStringLiteral("QT_QPA_PLATFORM=xcb"), QStringLiteral("DISPLAY=")});
-    const QStringList output = lines(result.output);
+    const QStringList output = Program::lines(result.output);
     QStringList help;
     for (const QString &helpLine : output) {
         help.append(helpLine.simplified());
@@ -133,7 +128,7 @@ void CommandLineTest::refusesWrongUsage()
 
     for (const QStringList &display : {QStringList(), noDisplay()}) {
         const Program::Result result = Program::run(Program::path(), arguments, {}, display);
-        QCOMPARE(lines(result.errors),
+        QCOMPARE(Program::lines(result.errors),
                  QStringList({QStringLiteral("%1: %2").arg(program, message),
                               QStringLiteral("%1: Try '%1 --help'.").arg(program)}));
         QCOMPARE(result.output, QByteArray());
@@ -156,7 +151,7 @@ void CommandLineTest::needsDisplayForWindows()
 
     const Program::Result result = Program::run(Program::path(), arguments, {}, noDisplay());
     QCOMPARE(
-        lines(result.errors),
+        Program::lines(result.errors),
         QStringList(QStringLiteral("ormel-users: There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set.")));
     QCOMPARE(result.output, QByteArray());
     QCOMPARE(result.status, 1);
@@ -176,7 +171,7 @@ void CommandLineTest::reportsOutputThatCannotBeWritten()
     const Program::Result result =
         Program::run(QStringLiteral("/bin/sh"),
                      {QStringLiteral("-c"), QStringLiteral("exec \"$0\" groups >/dev/full"), Program::path()});
-    QCOMPARE(lines(result.errors),
+    QCOMPARE(Program::lines(result.errors),
              QStringList(QStringLiteral("ormel-users: Cannot write the output: No space left on device")));
     QCOMPARE(result.status, 1);
 }

@@ -37,7 +37,7 @@ void ListCommandsTest::printsUsersAsTable()
     Sandbox::setAccounts(usersFile, groupsFile);
     const Program::Result result = Program::run({QStringLiteral("users")});
     QCOMPARE(
-        lines(result.output),
+        Program::lines(result.output),
         QStringList({
             QStringLiteral("Name    Full name    UID  Primary group  Admin  System  Groups"),
             QStringLiteral("root    root           0  root           no     yes     root"),
@@ -53,7 +53,7 @@ void ListCommandsTest::printsGroupsAsTable()
 {
     Sandbox::setAccounts(usersFile, groupsFile);
     const Program::Result result = Program::run({QStringLiteral("groups")});
-    QCOMPARE(lines(result.output),
+    QCOMPARE(Program::lines(result.output),
              QStringList({
                  QStringLiteral("Name           GID  System  Members"),
                  QStringLiteral("root             0  yes     root"),
@@ -69,12 +69,12 @@ void ListCommandsTest::printsGroupsAsTable()
 void ListCommandsTest::printsLargeIds()
 {
     Sandbox::setAccounts("big:x:3000000000:4000000000:Big:/:/bin/sh\n", "big:x:4000000000:\normel-admin:x:27:\n");
-    const QStringList table = lines(Program::run({QStringLiteral("users")}).output);
+    const QStringList table = Program::lines(Program::run({QStringLiteral("users")}).output);
     QCOMPARE(table.value(1).simplified(), QStringLiteral("big Big 3000000000 big no no big"));
     const QJsonArray users = jsonArray(Program::run({QStringLiteral("users"), QStringLiteral("--json")}).output);
     QCOMPARE(number(users.first().toObject(), "uid"), QStringLiteral("3000000000"));
     QCOMPARE(number(users.first().toObject(), "gid"), QStringLiteral("4000000000"));
-    const QStringList groups = lines(Program::run({QStringLiteral("groups"), QStringLiteral("--csv")}).output);
+    const QStringList groups = Program::lines(Program::run({QStringLiteral("groups"), QStringLiteral("--csv")}).output);
     QCOMPARE(groups.value(1), QStringLiteral("big,4000000000,big,,big,false"));
 }
 
@@ -83,7 +83,7 @@ void ListCommandsTest::printsCsv()
     Sandbox::setAccounts("alice:x:1000:1000:Alice \"A\" \x1b[2J, room:/home/alice:/bin/sh\n",
                          "alice:x:1000:\normel-admin:x:27:alice\n");
     const Program::Result result = Program::run({QStringLiteral("users"), QStringLiteral("--csv")});
-    QCOMPARE(lines(result.output),
+    QCOMPARE(Program::lines(result.output),
              QStringList({
                  QStringLiteral("name,fullName,uid,gid,primaryGroup,groups,admin,system,gecos,home,shell"),
                  QStringLiteral(u"alice,\"Alice \"\"A\"\" \u241b[2J\",1000,1000,alice,\"alice,ormel-admin\",true,false,"
@@ -97,9 +97,9 @@ void ListCommandsTest::printsChosenColumns()
     Sandbox::setAccounts(usersFile, groupsFile);
     const QStringList columns{QStringLiteral("--columns"), QStringLiteral("shell,name")};
     const QStringList command{QStringLiteral("users"), QStringLiteral("alice")};
-    QCOMPARE(lines(Program::run(command + columns).output),
+    QCOMPARE(Program::lines(Program::run(command + columns).output),
              QStringList({QStringLiteral("Shell      Name"), QStringLiteral("/bin/bash  alice")}));
-    QCOMPARE(lines(Program::run(command + columns + QStringList(QStringLiteral("--csv"))).output),
+    QCOMPARE(Program::lines(Program::run(command + columns + QStringList(QStringLiteral("--csv"))).output),
              QStringList({QStringLiteral("shell,name"), QStringLiteral("/bin/bash,alice")}));
     const QJsonObject object{
         {QStringLiteral("name"), QStringLiteral("alice")},
@@ -136,7 +136,7 @@ void ListCommandsTest::listsKinds()
     const QStringList arguments{
         command, option, QStringLiteral("--csv"), QStringLiteral("--columns"), QStringLiteral("name")};
     const Program::Result result = Program::run(arguments);
-    QCOMPARE(lines(result.output), names);
+    QCOMPARE(Program::lines(result.output), names);
     QCOMPARE(result.status, 0);
 }
 
@@ -226,7 +226,7 @@ void ListCommandsTest::printsNothingWithoutFiles()
     Sandbox::remove(path);
     const Program::Result result = Program::run(arguments);
     QCOMPARE(result.output, QByteArray());
-    QCOMPARE(lines(result.errors),
+    QCOMPARE(Program::lines(result.errors),
              QStringList(QStringLiteral("ormel-users: Cannot read '%1': No such file or directory").arg(path)));
     QCOMPARE(result.status, 3);
 }
@@ -234,7 +234,7 @@ void ListCommandsTest::printsNothingWithoutFiles()
 void ListCommandsTest::hidesControlCharacters()
 {
     Sandbox::setAccounts(usersFile, "ormel-admin:x:27:\nstaff\x1b[2J:x:50:al\tice\n");
-    const QStringList table = lines(Program::run({QStringLiteral("groups")}).output);
+    const QStringList table = Program::lines(Program::run({QStringLiteral("groups")}).output);
     QCOMPARE(table.last(), QStringLiteral(u"staff\u241b[2J     50  yes     al\u2409ice"));
 }
 

@@ -22,11 +22,6 @@ inline const char groupsFile[] = "root:x:0:\n"
                                  "alice:x:1000:\n"
                                  "nogroup:x:65534:\n";
 
-inline QStringList lines(const QByteArray &text)
-{
-    return QString::fromUtf8(text).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-}
-
 inline QJsonArray jsonArray(const QByteArray &text)
 {
     return QJsonDocument::fromJson(text).array();

@@ -34,9 +34,9 @@ void ListJsonTest::compareUsersWithGetentAndId()
     const Program::Result users = Program::run({QStringLiteral("users"), QStringLiteral("--json")});
     QCOMPARE(users.status, 0);
     const QJsonArray array = jsonArray(users.output);
-    const QStringList names =
-        lines(Program::run(QStringLiteral("/usr/bin/cut"), {QStringLiteral("-d:"), QStringLiteral("-f1"), passwdPath()})
-                  .output);
+    const QStringList names = Program::lines(
+        Program::run(QStringLiteral("/usr/bin/cut"), {QStringLiteral("-d:"), QStringLiteral("-f1"), passwdPath()})
+            .output);
     QCOMPARE(array.size(), names.size());
     QVERIFY(!names.isEmpty());
 
@@ -79,8 +79,8 @@ void ListJsonTest::agreesWithGetentOnGroupsOfTheMachine()
 {
     const QJsonArray array = jsonArray(Program::run({QStringLiteral("groups"), QStringLiteral("--json")}).output);
     const QStringList entries =
-        lines(Program::run(QStringLiteral("/usr/bin/getent"), {QStringLiteral("group")}).output);
-    const QStringList users = lines(Program::run(QStringLiteral("/usr/bin/cat"), {passwdPath()}).output);
+        Program::lines(Program::run(QStringLiteral("/usr/bin/getent"), {QStringLiteral("group")}).output);
+    const QStringList users = Program::lines(Program::run(QStringLiteral("/usr/bin/cat"), {passwdPath()}).output);
     QVERIFY(!entries.isEmpty());
     QVERIFY(!users.isEmpty());
     QCOMPARE(array.size(), entries.size());
@@ -169,7 +169,7 @@ void ListJsonTest::printsJsonOfManyUsers()
     const Program::Result result = Program::run({QStringLiteral("users"), QStringLiteral("--json")});
     QCOMPARE(result.status, 0);
     const QJsonArray users = jsonArray(result.output);
-    const QStringList entries = lines(Program::run(QStringLiteral("/usr/bin/cat"), {passwdPath()}).output);
+    const QStringList entries = Program::lines(Program::run(QStringLiteral("/usr/bin/cat"), {passwdPath()}).output);
     QCOMPARE(entries.size(), count);
     QCOMPARE(users.size(), count);
     for (int i = 0; i < count; ++i) {

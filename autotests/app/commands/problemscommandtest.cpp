@@ -18,11 +18,6 @@ namespace
 const char goodUsers[] = "root:x:0:0:root:/nonexistent:/bin/sh\n";
 const char goodGroups[] = "root:x:0:\n";
 
-QStringList lines(const QByteArray &text)
-{
-    return QString::fromUtf8(text).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-}
-
 Program::Result check(const QStringList &options = {})
 {
     return Program::run(QStringList(QStringLiteral("check")) + options);
@@ -80,7 +75,7 @@ void ProblemsCommandTest::listsProblems()
     Sandbox::setAccounts(goodUsers, "root:x:0:bob\n# comment\nstaff:*:0:alice\n");
     Sandbox::write(QStringLiteral("/etc/gshadow"), "root:*::bob\nstaff:*::alice\n");
     const Program::Result result = check();
-    QCOMPARE(lines(result.output),
+    QCOMPARE(Program::lines(result.output),
              QStringList({
                  QStringLiteral("/etc/group:3: error: Group 'staff' has the same GID as group 'root': 0"),
                  QStringLiteral("    To the system both are the same group, with the same rights."),
@@ -140,7 +135,7 @@ void ProblemsCommandTest::joinsFindingsAboutLimits()
     Sandbox::write(dropInPath(QStringLiteral("old")), "root soft core 0\n");
     const Program::Result text = check();
     QCOMPARE(
-        lines(text.output),
+        Program::lines(text.output),
         QStringList({
             QStringLiteral("/etc/security/limits.d/old: warning: 'old': PAM does not read this file: its name does "
                            "not end in .conf"),

@@ -126,8 +126,7 @@ void ScreenshotsTest::drawsAllPagesAndDialogs()
 void ScreenshotsTest::printsWhatItWrites()
 {
     const QTemporaryDir directory;
-    QStringList printed =
-        QString::fromLocal8Bit(takeScreenshots(directory.path()).output).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QStringList printed = Program::lines(takeScreenshots(directory.path()).output);
     printed.sort();
     QStringList expected;
     const QStringList names = pictureNames();
