@@ -8,6 +8,7 @@
 
 #include <QByteArray>
 #include <QMap>
+#include <QMetaType>
 #include <QStringList>
 #include <QVector>
 
@@ -25,5 +26,7 @@ struct BrokenAccounts {
     /** Writes the files to /etc. */
     void install() const;
 };
+
+Q_DECLARE_METATYPE(BrokenAccounts)
 
 #endif

@@ -159,8 +159,6 @@ QString kindsOf(const QList<Problem> &problems)
 }
 }
 
-Q_DECLARE_METATYPE(BrokenAccounts)
-
 /** Compares with pwck and grpck, which come with useradd and its like. */
 class CheckComparisonTest : public QObject
 {

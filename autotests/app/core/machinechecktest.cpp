@@ -7,6 +7,7 @@
 #include "brokenaccounts.h"
 #include "problemtexts.h"
 #include "sandbox.h"
+#include "texts.h"
 
 #include <QFileInfo>
 #include <QTest>
@@ -54,12 +55,6 @@ QString loopPath()
     return path("security/limits.d/loop.conf");
 }
 
-QStringList sorted(QStringList lines)
-{
-    lines.sort();
-    return lines;
-}
-
 /** A machine whose only user, bob, has the home directory @p home. */
 void setHomeOfBob(const QByteArray &home)
 {
@@ -72,8 +67,6 @@ void setHomeOfBob(const QByteArray &home)
     accounts.install();
 }
 }
-
-Q_DECLARE_METATYPE(BrokenAccounts)
 
 class MachineCheckTest : public QObject
 {
