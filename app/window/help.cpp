@@ -46,6 +46,11 @@ const struct {
             "checked only where /etc/shadow can be read.")},
     {QLatin1String("new-account"),
      kli18n("Enter the data of a new account. A note below a field says what is wrong with it.")},
+    {QLatin1String("commands"),
+     kli18n("These commands make the change. Copy them into a terminal in which you are root, or save them as a script "
+            "and run it as root. The script stops at the first command that fails. A note below the commands says what "
+            "they cannot change. They are for the accounts as they are now: if somebody changes these before you run "
+            "the commands, close the dialog and begin again.")},
 };
 
 QString paragraph(const QString &text)
@@ -60,7 +65,12 @@ QString textOf(const QString &page)
     return found == std::end(pages) ? QString() : paragraph(found->text.toString());
 }
 
-/** A row for each key. Tables in rich text are not mirrored by Qt. */
+QString heading(const QString &text)
+{
+    return QStringLiteral("<h3>%1</h3>").arg(text.toHtmlEscaped());
+}
+
+/** A heading and a row for each key; empty without keys. Tables in rich text are not mirrored by Qt. */
 QString keys(const QList<QAction *> &actions)
 {
     const bool isMirrored = QGuiApplication::isRightToLeft();
@@ -75,13 +85,12 @@ QString keys(const QList<QAction *> &actions)
             rows += row.arg(key.toHtmlEscaped(), name.toHtmlEscaped());
         }
     }
-    return (isMirrored ? QStringLiteral("<table align=\"right\">%1</table>") : QStringLiteral("<table>%1</table>"))
-        .arg(rows);
-}
-
-QString heading(const QString &text)
-{
-    return QStringLiteral("<h3>%1</h3>").arg(text.toHtmlEscaped());
+    if (rows.isEmpty()) {
+        return QString();
+    }
+    const QString table =
+        isMirrored ? QStringLiteral("<table align=\"right\">%1</table>") : QStringLiteral("<table>%1</table>");
+    return heading(i18nc("@title of a list of keys and what they do", "Keys")) + table.arg(rows);
 }
 }
 
@@ -94,8 +103,7 @@ QDialog *Help::createDialog(const QString &page, const QString &title, const QLi
     text->setObjectName(QStringLiteral("helpText"));
     text->setAccessibleName(dialog->windowTitle());
     text->setHtml(heading(title) + textOf(page)
-                  + paragraph(i18n("The window never changes an account, a group or a limit."))
-                  + heading(i18nc("@title of a list of keys and what they do", "Keys")) + keys(actions));
+                  + paragraph(i18n("The window never changes an account, a group or a limit.")) + keys(actions));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, dialog);
     QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
     auto *layout = new QVBoxLayout(dialog);

@@ -10,13 +10,16 @@
 
 struct Plan;
 
-/** Shows the commands of a plan. */
+/** Shows the commands of a plan. F1 opens help on them. */
 class CommandsDialog : public QDialog
 {
     Q_OBJECT
 
 public:
     CommandsDialog(const QString &title, const Plan &plan, QWidget *parent = nullptr);
+
+private:
+    void showHelp();
 };
 
 #endif

@@ -5,8 +5,10 @@
 
 #include "help.h"
 
+#include "commandsdialog.h"
 #include "dialogparts.h"
 #include "mainwindow.h"
+#include "plan.h"
 #include "texts.h"
 #include "windowfixture.h"
 
@@ -24,13 +26,13 @@
 namespace
 {
 /** The help dialog of @p window; null when there is none. */
-QDialog *helpDialog(const MainWindow &window)
+QDialog *helpDialog(const QWidget &window)
 {
     const auto *browser = window.findChild<QTextBrowser *>(text("helpText"));
     return browser ? qobject_cast<QDialog *>(browser->window()) : nullptr;
 }
 
-QString helpText(const MainWindow &window)
+QString helpText(const QWidget &window)
 {
     const auto *browser = window.findChild<QTextBrowser *>(text("helpText"));
     return browser ? browser->toPlainText() : QString();
@@ -50,6 +52,8 @@ private Q_SLOTS:
     void listsKeysFromTheRight();
     void closesByButton();
     void closesByEscape();
+    void tellsAboutCommands_data();
+    void tellsAboutCommands();
 };
 
 void HelpTest::init()
@@ -137,6 +141,41 @@ void HelpTest::closesByEscape()
     QVERIFY(dialog);
     QTest::keyClick(dialog, Qt::Key_Escape);
     QTRY_VERIFY(!dialog);
+}
+
+void HelpTest::tellsAboutCommands_data()
+{
+    QTest::addColumn<bool>("byKey");
+
+    QTest::newRow("F1") << true;
+    QTest::newRow("button") << false;
+}
+
+void HelpTest::tellsAboutCommands()
+{
+    QFETCH(bool, byKey);
+
+    Plan plan;
+    plan.add({"gpasswd", "--delete", "ada"}, "staff");
+    CommandsDialog dialog(text("Change the Groups of ada"), plan);
+    QVERIFY(open(dialog));
+    if (byKey) {
+        QTest::keyClick(&dialog, Qt::Key_F1);
+    } else {
+        dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Help)->click();
+    }
+    const QPointer<QDialog> help = helpDialog(dialog);
+    QVERIFY(help);
+    QVERIFY(QTest::qWaitForWindowActive(help));
+    const QStringList lines = helpText(dialog).split(QLatin1Char('\n'));
+    QCOMPARE(lines.first(), text("Commands"));
+    QVERIFY2(lines.value(1).startsWith(text("These commands make the change.")), qPrintable(lines.value(1)));
+    // There are no keys to list.
+    QCOMPARE(lines.size(), 3);
+    QCOMPARE(unnamedAccessibles(*help), QStringList());
+    QTest::keyClick(help, Qt::Key_Escape);
+    QTRY_VERIFY(!help);
+    QVERIFY(dialog.isVisible());
 }
 
 QTEST_MAIN(HelpTest)
