@@ -21,10 +21,9 @@ constexpr int handleWidth = 12;
 QLabel *PageLayout::addRow(QGridLayout *layout, const QString &title, QWidget *field)
 {
     auto *label = new QLabel(title, field->parentWidget());
-    label->setAlignment(Qt::AlignTop | Qt::AlignLeading);
     label->setBuddy(field);
     const int row = layout->rowCount();
-    layout->addWidget(label, row, 0);
+    layout->addWidget(label, row, 0, Qt::AlignTop);
     layout->addWidget(field, row, 1);
     layout->setColumnStretch(1, 1);
     return label;

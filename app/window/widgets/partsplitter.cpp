@@ -9,6 +9,16 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+namespace
+{
+/** The width of the bar that @p part shows when it has less height than it wants. */
+int barWidth(const QWidget &part)
+{
+    const auto *area = qobject_cast<const QScrollArea *>(&part);
+    return area ? area->verticalScrollBar()->sizeHint().width() : 0;
+}
+}
+
 PartSplitter::PartSplitter(Qt::Orientation orientation, QWidget *parent)
     : QSplitter(orientation, parent)
 {
@@ -32,8 +42,7 @@ bool PartSplitter::hasRoomForColumns() const
     int needed = handleWidth() * (count() - 1);
     for (int part = 0; part < count(); ++part) {
         const auto *area = qobject_cast<const QScrollArea *>(widget(part));
-        const int bar = area ? area->verticalScrollBar()->sizeHint().width() : 0;
-        needed += (area ? area->widget() : widget(part))->minimumSizeHint().width() + bar;
+        needed += (area ? area->widget() : widget(part))->minimumSizeHint().width() + barWidth(*widget(part));
     }
     return needed <= contentsRect().width();
 }
@@ -79,7 +88,8 @@ void PartSplitter::fitParts()
     QList<int> sizes;
     for (int part = 0; part < count(); ++part) {
         const QSize hint = widget(part)->sizeHint();
-        const int wanted = horizontal ? hint.width() : hint.height();
+        const int bar = hint.height() > height() ? barWidth(*widget(part)) : 0;
+        const int wanted = horizontal ? hint.width() + bar : hint.height();
         sizes.append(part == count() - 1 ? qMax(0, left) : wanted);
         left -= wanted;
     }

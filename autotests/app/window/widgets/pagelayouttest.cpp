@@ -5,11 +5,16 @@
 
 #include "pagelayout.h"
 
+#include "contentarea.h"
 #include "dialogparts.h"
 #include "partsplitter.h"
 
+#include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
 #include <QTest>
+#include <QVBoxLayout>
 
 namespace
 {
@@ -44,6 +49,8 @@ class PageLayoutTest : public QObject
 private Q_SLOTS:
     void givesWiderPagesToTheParts();
     void givesHigherPagesToTheLastPart();
+    void makesRoomForScrollBar();
+    void keepsTitleOnOneLine();
 };
 
 void PageLayoutTest::givesWiderPagesToTheParts()
@@ -68,6 +75,43 @@ void PageLayoutTest::givesHigherPagesToTheLastPart()
     page.page.resize(600, 700);
     QTRY_COMPARE(page.lower->height(), lower + 300);
     QCOMPARE(page.upper->height(), upper);
+}
+
+void PageLayoutTest::makesRoomForScrollBar()
+{
+    auto *form = new QWidget;
+    auto *column = new QVBoxLayout(form);
+    for (int i = 0; i < 20; ++i) {
+        auto *field = new QLineEdit;
+        field->setMinimumWidth(250);
+        column->addWidget(field);
+    }
+    auto *area = new ContentArea;
+    area->setWidget(form);
+    QWidget page;
+    PageLayout::arrange(&page, area, {new QLabel(QStringLiteral("beside"))});
+    page.resize(600, 300);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&page));
+    QTRY_VERIFY(area->verticalScrollBar()->isVisible());
+    QTRY_COMPARE(area->horizontalScrollBar()->maximum(), 0);
+    const int width = area->width();
+    page.resize(600, 900);
+    QTRY_VERIFY(!area->verticalScrollBar()->isVisible());
+    QTRY_VERIFY(area->width() < width);
+}
+
+void PageLayoutTest::keepsTitleOnOneLine()
+{
+    QWidget page;
+    auto *rows = new QGridLayout(&page);
+    auto *field = new QLabel(QStringLiteral("one\ntwo\nthree"), &page);
+    const QLabel *title = PageLayout::addRow(rows, QStringLiteral("Title:"), field);
+    page.resize(300, 400);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&page));
+    QCOMPARE(title->height(), title->sizeHint().height());
+    QCOMPARE(title->y(), field->y());
 }
 
 QTEST_MAIN(PageLayoutTest)
