@@ -56,6 +56,14 @@ QString visibleLines(QStringList lines)
     std::transform(lines.begin(), lines.end(), lines.begin(), VisibleText::fromText);
     return ReadingOrder::ofSentence(lines.join(QLatin1Char('\n')));
 }
+
+/** An empty @p text is hidden together with its @p title. */
+void showText(QLabel &title, QLabel &field, const QString &text)
+{
+    field.setText(text);
+    field.setVisible(!text.isEmpty());
+    title.setVisible(!text.isEmpty());
+}
 }
 
 LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
@@ -75,7 +83,7 @@ LimitsPage::LimitsPage(AccountStore *store, QWidget *parent)
     m_lines->setAccessibleName(KLocalizedString::removeAcceleratorMarker(title->text()));
     auto *explanations = new QGridLayout;
     m_meaning = PlainText::createLabel("lineMeaning", this);
-    PageLayout::addRow(explanations, i18nc("@label of a line", "Meaning:"), m_meaning);
+    m_meaningTitle = PageLayout::addRow(explanations, i18nc("@label of a line", "Meaning:"), m_meaning);
     m_problem = PlainText::createLabel("lineProblem", this);
     m_problemTitle = PageLayout::addRow(explanations, i18nc("@label of a line", "Problem:"), m_problem);
     m_decides = new LinkLabel(this);
@@ -235,10 +243,8 @@ int LimitsPage::currentPlace() const
 void LimitsPage::explain()
 {
     const int place = currentPlace();
-    m_meaning->setText(place < 0 ? QString() : visibleLines({m_model->meaningOf(place)}));
-    m_problem->setText(place < 0 ? QString() : visibleLines(m_analysis->problemsOf(place)));
-    m_problem->setVisible(!m_problem->text().isEmpty());
-    m_problemTitle->setVisible(!m_problem->text().isEmpty());
+    showText(*m_meaningTitle, *m_meaning, place < 0 ? QString() : visibleLines({m_model->meaningOf(place)}));
+    showText(*m_problemTitle, *m_problem, place < 0 ? QString() : visibleLines(m_analysis->problemsOf(place)));
     showAccounts(place);
 }
 

@@ -59,6 +59,7 @@ private:
     QTreeView *const m_lines;
     QLabel *m_meaning = nullptr;
     QLabel *m_problem = nullptr;
+    QLabel *m_meaningTitle = nullptr;
     QLabel *m_problemTitle = nullptr;
     LinkLabel *m_decides = nullptr;
     LimitAnalysis::Pointer m_analysis;
