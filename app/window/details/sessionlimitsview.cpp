@@ -12,6 +12,7 @@
 #include "plaintext.h"
 #include "readingorder.h"
 #include "table.h"
+#include "textarea.h"
 #include "visibletext.h"
 
 #include <KLocalizedString>
@@ -120,6 +121,7 @@ SessionLimitsView::SessionLimitsView(QWidget *parent)
                         this))
     , m_title(m_table->createTitleLabel())
     , m_explanation(new LinkLabel(this))
+    , m_explanationArea(new TextArea(m_explanation, this))
 {
     m_none->setAlignment(Qt::AlignTop | LeftToRight::lineStart());
     m_table->setObjectName(QStringLiteral("limitsTable"));
@@ -135,7 +137,7 @@ SessionLimitsView::SessionLimitsView(QWidget *parent)
     layout->addWidget(m_error);
     layout->addWidget(m_failure);
     layout->addWidget(m_table, 1);
-    layout->addWidget(m_explanation);
+    layout->addWidget(m_explanationArea);
     layout->addWidget(m_none, 1);
     m_table->viewport()->installEventFilter(this);
     connect(m_table, &QTreeWidget::itemSelectionChanged, this, &SessionLimitsView::showExplanation);
@@ -173,6 +175,8 @@ void SessionLimitsView::clear()
     Messages::show(*m_error, QString());
     Messages::show(*m_failure, QString());
     showRows({}, {});
+    // This is said of an account only.
+    m_none->hide();
 }
 
 void SessionLimitsView::show(const PamLimits::SessionLimits &limits,
@@ -226,7 +230,7 @@ void SessionLimitsView::showExplanation()
     const QList<QTreeWidgetItem *> selected = m_table->selectedItems();
     const int row = selected.isEmpty() ? -1 : m_table->indexOfTopLevelItem(selected.first());
     const bool isAsked = row >= 0 && row < m_items.size();
-    m_explanation->setVisible(isAsked);
+    m_explanationArea->setVisible(isAsked);
     if (isAsked) {
         const PamLimits::Item item = m_items.at(row);
         const QVector<Explanation> explanations = explain(m_limits, m_limits.outcomes(m_account, item), item);

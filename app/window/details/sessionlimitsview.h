@@ -15,6 +15,7 @@ class KMessageWidget;
 class LinkLabel;
 class QLabel;
 class Table;
+class TextArea;
 
 /** The limits in a session of an account, and the lines that decide them. */
 class SessionLimitsView : public QWidget
@@ -58,6 +59,7 @@ private:
     Table *const m_table;
     QLabel *const m_title;
     LinkLabel *const m_explanation;
+    TextArea *const m_explanationArea;
 };
 
 #endif

@@ -7,6 +7,8 @@
 
 #include <KMessageWidget>
 
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
 namespace
@@ -27,10 +29,12 @@ private Q_SLOTS:
     void init();
     void showsLimitsWithExplanations();
     void explainsSelectedLimit();
+    void showsAllOfExplanation();
     void getsNoWiderWithNameOfFile();
     void tellsThatSessionHasNoLimits();
     void tellsWhichRuleApplies();
     void tellsThatNoLimitApplies();
+    void tellsNothingWithoutUser();
     void tellsThatLimitsAreIncomplete();
 };
 
@@ -88,6 +92,31 @@ void UserLimitsTest::explainsSelectedLimit()
              }));
     page.select("ada");
     QVERIFY(!explanation->isVisible());
+}
+
+void UserLimitsTest::showsAllOfExplanation()
+{
+    QByteArray lines;
+    for (int i = 0; i < 10; ++i) {
+        lines += "* soft nproc " + QByteArray::number(100 + i) + '\n';
+    }
+    Sandbox::write(limitsPath(), lines);
+    ShownUsersPage page;
+    page.page.resize(640, 400);
+    page.select("bob");
+    page.limits->setCurrentIndex(page.limits->model()->index(0, 0));
+    auto *explanation = part<QLabel>(page.page, "limitExplanation");
+    QTRY_VERIFY(explanation->height() >= explanation->heightForWidth(explanation->width()));
+    // What does not fit can be scrolled to.
+    auto *area = qobject_cast<QScrollArea *>(explanation->parentWidget()->parentWidget());
+    QVERIFY(area);
+    QTRY_VERIFY(area->verticalScrollBar()->maximum() > 0);
+    QCOMPARE(area->horizontalScrollBar()->maximum(), 0);
+    QVERIFY(page.page.height() <= 400);
+
+    page.page.resize(900, 1600);
+    QTRY_COMPARE(area->verticalScrollBar()->maximum(), 0);
+    QTRY_COMPARE(area->height(), explanation->height());
 }
 
 void UserLimitsTest::getsNoWiderWithNameOfFile()
@@ -148,6 +177,18 @@ void UserLimitsTest::tellsThatNoLimitApplies()
     page.select("ada");
     QVERIFY(page.limits->isVisible() && labelOf(*page.limits)->isVisible());
     QVERIFY(!part<QLabel>(page.page, "noLimits")->isVisible());
+}
+
+void UserLimitsTest::tellsNothingWithoutUser()
+{
+    ShownUsersPage page;
+    page.select("root");
+    const auto *none = part<QLabel>(page.page, "noLimits");
+    QVERIFY(none->isVisible());
+    page.search->setText(QStringLiteral("nobody has this name"));
+    QTRY_VERIFY(!none->isVisible());
+    page.search->clear();
+    QTRY_VERIFY(none->isVisible());
 }
 
 void UserLimitsTest::tellsThatLimitsAreIncomplete()
