@@ -49,8 +49,8 @@ const struct {
     {QLatin1String("commands"),
      kli18n("These commands make the change. Copy them into a terminal in which you are root, or save them as a script "
             "and run it as root. The script stops at the first command that fails. A note below the commands says what "
-            "they cannot change. They are for the accounts as they are now: if somebody changes these before you run "
-            "the commands, close the dialog and begin again.")},
+            "they cannot change. The commands fit the accounts as they are now. If the accounts change before you run "
+            "them, close the dialog and begin again.")},
 };
 
 QString paragraph(const QString &text)

@@ -35,7 +35,7 @@ QByteArray Plan::toScript() const
 {
     QByteArray script = "#!/bin/sh\n" + comment(i18n("Read this before you run it as root."));
     if (holdsHash) {
-        script += comment(i18n("It contains a password hash: let nobody read it, and delete it after it was run."));
+        script += comment(i18n("It contains a password hash: let nobody read it, and delete it after running it."));
     }
     return script + "set -e\n" + toText();
 }

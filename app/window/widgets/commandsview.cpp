@@ -32,8 +32,9 @@ constexpr int minCharacters = 40;
 
 QString warning()
 {
-    return i18n("The commands contain a password hash. Let nobody read them; while they run, other users can see it in "
-                "the list of processes.");
+    return i18n(
+        "The commands contain a password hash. Let nobody read them; while they run, other users can see the hash "
+        "in the list of processes.");
 }
 
 QPushButton *createButton(const char *name, const char *icon, const QString &text)
