@@ -21,6 +21,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QResizeEvent>
 #include <QVBoxLayout>
 
 namespace
@@ -108,6 +109,20 @@ void CommandsView::setPlan(const Plan &plan, const QString &nothing)
     const QStringList notes = plan.holdsHash ? plan.notes + QStringList(warning()) : plan.notes;
     m_notes->setText(ReadingOrder::ofSentence(notes.join(QLatin1Char('\n'))));
     m_notes->setVisible(!notes.isEmpty());
+}
+
+QSize CommandsView::minimumSizeHint() const
+{
+    const QSize hint = QWidget::minimumSizeHint();
+    return {hint.width(), qMax(hint.height(), layout()->minimumHeightForWidth(qMax(width(), hint.width())))};
+}
+
+void CommandsView::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width()) {
+        updateGeometry();
+    }
 }
 
 void CommandsView::copy() const

@@ -25,6 +25,12 @@ public:
     /** Shows @p plan, or @p nothing where it has no commands. */
     void setPlan(const Plan &plan, const QString &nothing);
 
+    /** As high as its texts are when they are wrapped; a splitter does not ask for that. */
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     QWidget *createButtons();
     void copy() const;

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void tellsWhoseUidItIs();
     void showsCommands();
     void setsChosenHash();
+    void coversNothingInLittleRoom();
     void revealsPassword();
     void tellsMethodOfSystem();
     void exportsPicture();
@@ -149,6 +150,23 @@ void NewAccountPlanTest::setsChosenHash()
     QTest::keyClick(choice, Qt::Key_Down);
     QTest::keyClicks(page.password, QStringLiteral("s")); // which has another hash
     QCOMPARE(page.shownCommands(), QStringLiteral("useradd --create-home --user-group newest"));
+}
+
+void NewAccountPlanTest::coversNothingInLittleRoom()
+{
+    Page page;
+    page.resize(600, 360);
+    QVERIFY(page.open());
+    QTest::keyClicks(page.userName, QStringLiteral("newest"));
+    page.hashButton->click();
+    const auto *commands = part<QPlainTextEdit>(page, "commandsEdit");
+    const QWidget *buttons = part<QPushButton>(page, "copyCommandsButton")->parentWidget();
+    const auto *notes = part<QLabel>(page, "commandsNotes");
+    QTRY_VERIFY(notes->isVisible() && notes->height() >= notes->heightForWidth(notes->width()));
+    QVERIFY(commands->geometry().bottom() < buttons->y());
+    QVERIFY(buttons->geometry().bottom() < notes->y());
+    // What a window of 640x480 has for a page.
+    QVERIFY2(page.height() <= 390, qPrintable(QString::number(page.height())));
 }
 
 void NewAccountPlanTest::revealsPassword()
