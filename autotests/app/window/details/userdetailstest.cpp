@@ -96,6 +96,8 @@ void UserDetailsTest::leadsToGroups()
 {
     Sandbox::setAccounts("bob:x:1001:50::/:/bin/sh\n", "a b<%41>:x:50:\nclub:x:51:bob\n");
     ShownUsersPage page;
+    page.page.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&page.page));
     QStringList links;
     connect(&page.page, &AccountPage::followed, this, [&links](const AccountLink &link) {
         links.append(QString::number(int(link.kind)) + link.name);
