@@ -50,7 +50,7 @@ void writeAccounts()
 }
 
 /**
- * Ten rules for each user. But each hundredth is for a group, each hundredth has no item, and each fourth is for
+ * Ten rules for each user. But each hundredth is for a group, each hundredth has no item, and every other one is for
  * somebody who is gone.
  */
 void writeLimits()
@@ -59,7 +59,7 @@ void writeLimits()
     QByteArray rules;
     for (int i = 0; i < ruleCount; ++i) {
         const QByteArray number = QByteArray::number(i % accountCount);
-        const char *user = i % 4 == 3 ? "gone" : "user";
+        const char *user = i % 2 ? "gone" : "user";
         const char *item = i % 100 == 1 ? "none" : items[i / accountCount % 5];
         rules += (i % 100 == 2 ? "@group" : user) + number + (i < ruleCount / 2 ? " soft " : " hard ") + item + ' '
             + QByteArray::number(1024 + i % 100) + '\n';
