@@ -38,14 +38,14 @@ struct Group {
     bool nulls = false;
 };
 
-struct Failure {
+struct FailingBehaviour {
     const char *behaviour;
     Status status;
     int error;
 };
 
 constexpr uid_t ghostId = 7000;
-constexpr Failure failures[] = {
+constexpr FailingBehaviour failures[] = {
     {"again", NSS_STATUS_TRYAGAIN, EAGAIN},
     {"never enough room", NSS_STATUS_TRYAGAIN, ERANGE},
     {"not found", NSS_STATUS_NOTFOUND, ENOENT},
@@ -67,7 +67,7 @@ Status begin(int *error)
     if (behaves("slow")) {
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
     }
-    for (const Failure &failure : failures) {
+    for (const FailingBehaviour &failure : failures) {
         if (behaves(failure.behaviour)) {
             *error = failure.error;
             return failure.status;
@@ -76,7 +76,7 @@ Status begin(int *error)
     return NSS_STATUS_SUCCESS;
 }
 
-User user()
+User knownUser()
 {
     User user;
     if (behaves("spaces")) {
@@ -90,7 +90,7 @@ User user()
     return user;
 }
 
-Group group()
+Group knownGroup()
 {
     Group group;
     if (behaves("spaces")) {
@@ -182,7 +182,7 @@ Status giveUser(passwd *entry, char *memory, size_t size, int *error)
     entry->pw_uid = ghostId;
     entry->pw_gid = 7000;
     Buffer buffer(memory, size);
-    if (const User known = user(); !known.nulls) {
+    if (const User known = knownUser(); !known.nulls) {
         entry->pw_name = buffer.text(known.name);
         entry->pw_passwd = buffer.text("x");
         entry->pw_gecos = buffer.text(known.gecos);
@@ -197,7 +197,7 @@ Status giveGroup(::group *entry, char *memory, size_t size, int *error)
     if (const Status status = begin(error); status != NSS_STATUS_SUCCESS) {
         return status;
     }
-    const Group known = group();
+    const Group known = knownGroup();
     *entry = {};
     entry->gr_gid = known.gid;
     Buffer buffer(memory, size);

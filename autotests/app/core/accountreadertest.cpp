@@ -19,7 +19,7 @@
 
 namespace
 {
-QByteArray contentOf(const QString &path)
+QByteArray contentIfThere(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -201,7 +201,7 @@ void AccountReaderTest::endsProcessWhenDestroyed()
     {
         AccountReader reader(source);
         reader.start();
-        QTRY_VERIFY(!(pid = contentOf(mark).trimmed()).isEmpty());
+        QTRY_VERIFY(!(pid = contentIfThere(mark).trimmed()).isEmpty());
         QVERIFY(QFile::exists(text("/proc/") + QString::fromLatin1(pid)));
     }
     QVERIFY(!QFile::exists(text("/proc/") + QString::fromLatin1(pid)));

@@ -23,16 +23,16 @@
 /** The page of a new account, its parts, and the existing accounts. */
 namespace NewAccountParts
 {
-inline const char usersFile[] = "root:x:0:0:root:/root:/bin/bash\n"
-                                "alice:x:1000:1000::/home/alice:/bin/sh\n"
-                                "bob:x:1001:50::/home/bob:/bin/sh\n";
+inline const char existingUsers[] = "root:x:0:0:root:/root:/bin/bash\n"
+                                    "alice:x:1000:1000::/home/alice:/bin/sh\n"
+                                    "bob:x:1001:50::/home/bob:/bin/sh\n";
 
-inline const char groupsFile[] = "root:x:0:\n"
-                                 "ormel-admin:x:27:\n"
-                                 "audio:x:29:\n"
-                                 "staff:x:50:\n"
-                                 "video:x:44:\n"
-                                 "newbie:x:1003:\n";
+inline const char existingGroups[] = "root:x:0:\n"
+                                     "ormel-admin:x:27:\n"
+                                     "audio:x:29:\n"
+                                     "staff:x:50:\n"
+                                     "video:x:44:\n"
+                                     "newbie:x:1003:\n";
 
 inline QString facesPath()
 {

@@ -67,7 +67,7 @@ private Q_SLOTS:
 
 void NewAccountPageTest::init()
 {
-    Sandbox::setAccounts(usersFile, groupsFile);
+    Sandbox::setAccounts(existingUsers, existingGroups);
     Sandbox::remove(QStringLiteral("/etc/adduser.conf"));
     Sandbox::clear(facesPath());
 }

@@ -51,7 +51,7 @@ private Q_SLOTS:
 
 void NewAccountPasswordTest::init()
 {
-    Sandbox::setAccounts(usersFile, groupsFile);
+    Sandbox::setAccounts(existingUsers, existingGroups);
     s_gostIsMissing = false;
     s_waitsForGost = false;
 }

@@ -37,7 +37,7 @@ private Q_SLOTS:
 
 void NewAccountPlanTest::init()
 {
-    Sandbox::setAccounts(usersFile, groupsFile);
+    Sandbox::setAccounts(existingUsers, existingGroups);
     Sandbox::remove(QStringLiteral("/etc/adduser.conf"));
     Sandbox::clear(facesPath());
 }
