@@ -4,6 +4,7 @@
 */
 
 #include "program.h"
+#include "patience.h"
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -42,7 +43,7 @@ Program::Result Program::run(const QString &program,
     process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();
-    const bool finished = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
+    const bool finished = process.waitForFinished(patience) && process.exitStatus() == QProcess::NormalExit;
     return {finished ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
 }
 

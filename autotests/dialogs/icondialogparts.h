@@ -7,6 +7,7 @@
 #define ICONDIALOGPARTS_H
 
 #include "dialogparts.h"
+#include "patience.h"
 #include "picturefiles.h"
 #include "sandbox.h"
 
@@ -50,7 +51,7 @@ inline bool showWithPreview(UserIconDialog &dialog)
     preview(dialog)->setFixedSize(400, 400);
     dialog.resize(500, 600); // its own size leaves too little room, and the buttons would cover the preview
     dialog.show();
-    return QTest::qWaitForWindowExposed(&dialog);
+    return QTest::qWaitForWindowExposed(&dialog, patience);
 }
 
 /** Drags with the mouse in that preview. */

@@ -4,6 +4,7 @@
 */
 
 #include "iconselectstage.h"
+#include "patience.h"
 
 #include <QCoreApplication>
 #include <QTest>
@@ -32,7 +33,7 @@ Stage::Stage(const QSize &size, const QImage &image)
         widget.setImage(image);
     }
     m_window.show();
-    if (!QTest::qWaitForWindowExposed(&m_window)) {
+    if (!QTest::qWaitForWindowExposed(&m_window, patience)) {
         qFatal("The window does not appear");
     }
     move(QPoint(-5, -5)); // a move to the current position would not be delivered

@@ -5,6 +5,7 @@
 
 #include "bothkinds.h"
 #include "dialogkinds.h"
+#include "patience.h"
 #include "standin.h"
 
 #include <QAccessible>
@@ -193,7 +194,7 @@ void SelectDialogLookupsTest::looksUpVisibleRowsOnly()
         lookups = 0;
         paints.count = 0;
         operation(dialog);
-        QTRY_VERIFY2(paints.count > 0, name);
+        QTRY_VERIFY2_WITH_TIMEOUT(paints.count > 0, name, patience);
         QCoreApplication::processEvents();
         // The current row is asked for besides those that are painted.
         const int most = paints.count * visibleRows(dialog) + 10;

@@ -12,6 +12,7 @@
 #include "messagerecorder.h"
 #include "modellog.h"
 #include "openfiles.h"
+#include "patience.h"
 #include "program.h"
 
 #include <GroupListModel>
@@ -376,7 +377,7 @@ void FileChangesTest::readsFilesThatChangeAtAnyTime()
     QCOMPARE(changer.state(), QProcess::Running);
     recorder.reset();
     changer.kill();
-    changer.waitForFinished();
+    changer.waitForFinished(patience);
 
     qInfo("%d rounds, %d different warnings, memory from %zu to %zu", rounds, warnings.size(), memoryBefore, memory);
     QVERIFY(memory < memoryBefore + 65536);

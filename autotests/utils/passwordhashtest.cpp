@@ -5,6 +5,7 @@
 
 #include "localencoding.h"
 #include "messagerecorder.h"
+#include "patience.h"
 #include "randomscript.h"
 #include "saltdraws.h"
 #include "sandbox.h"
@@ -81,7 +82,7 @@ bool systemAccepts(const QString &user, const QByteArray &password)
     check.start(QStringLiteral("/sbin/unix_chkpwd"), {user, QStringLiteral("nonull")});
     check.write(password + '\0');
     check.closeWriteChannel();
-    return check.waitForFinished() && check.exitStatus() == QProcess::NormalExit && check.exitCode() == 0;
+    return check.waitForFinished(patience) && check.exitStatus() == QProcess::NormalExit && check.exitCode() == 0;
 }
 }
 

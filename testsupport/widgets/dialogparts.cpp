@@ -4,6 +4,7 @@
 */
 
 #include "dialogparts.h"
+#include "patience.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -71,7 +72,7 @@ void collectUnnamed(QAccessibleInterface *element, QStringList &unnamed)
 bool open(QDialog &dialog)
 {
     dialog.open();
-    return QTest::qWaitForWindowActive(&dialog);
+    return QTest::qWaitForWindowActive(&dialog, patience);
 }
 
 QStringList gridCells(const QGridLayout &layout)

@@ -10,6 +10,7 @@
 #include "generatedaccounts.h"
 #include "packetstream.h"
 #include "packing.h"
+#include "patience.h"
 #include "program.h"
 #include "readinglog.h"
 #include "sandbox.h"
@@ -137,7 +138,7 @@ void AccountReaderFaultsTest::failsWhenProgramIsSilent()
     QCOMPARE(log.message, text(silent));
     QVERIFY(log.users.isEmpty());
     // It is gone.
-    QTRY_VERIFY(log.reader.findChildren<QProcess *>().isEmpty());
+    QTRY_VERIFY_WITH_TIMEOUT(log.reader.findChildren<QProcess *>().isEmpty(), patience);
 }
 
 void AccountReaderFaultsTest::waitsForProgramThatIsAlive()

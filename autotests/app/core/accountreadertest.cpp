@@ -7,6 +7,7 @@
 
 #include "accountfixtures.h"
 #include "generatedaccounts.h"
+#include "patience.h"
 #include "readinglog.h"
 #include "sandbox.h"
 #include "texts.h"
@@ -170,7 +171,7 @@ void AccountReaderTest::startsFromTheBeginningWhileReading()
 {
     ReadingLog log;
     log.reader.start();
-    QTRY_VERIFY(!log.entries.isEmpty());
+    QTRY_VERIFY_WITH_TIMEOUT(!log.entries.isEmpty(), patience);
     Sandbox::setAccounts("eve:x:1002:50::/:/bin/sh\n", "staff:x:50:\n");
     QVERIFY(log.read());
     QCOMPARE(log.users.size(), 1);
@@ -182,11 +183,11 @@ void AccountReaderTest::reportsNothingAfterCancel()
     GeneratedAccounts::write(500);
     ReadingLog log;
     log.reader.start();
-    QTRY_VERIFY(!log.entries.isEmpty());
+    QTRY_VERIFY_WITH_TIMEOUT(!log.entries.isEmpty(), patience);
     log.reader.cancel();
     QVERIFY(!log.reader.isReading());
     log.entries.clear();
-    QTRY_VERIFY(log.reader.findChildren<QProcess *>().isEmpty());
+    QTRY_VERIFY_WITH_TIMEOUT(log.reader.findChildren<QProcess *>().isEmpty(), patience);
     QCOMPARE(log.entries, QStringList());
     QVERIFY(log.read());
     QCOMPARE(log.users.size(), 500);
@@ -201,7 +202,7 @@ void AccountReaderTest::endsProcessWhenDestroyed()
     {
         AccountReader reader(source);
         reader.start();
-        QTRY_VERIFY(!(pid = contentIfThere(mark).trimmed()).isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!(pid = contentIfThere(mark).trimmed()).isEmpty(), patience);
         QVERIFY(QFile::exists(text("/proc/") + QString::fromLatin1(pid)));
     }
     QVERIFY(!QFile::exists(text("/proc/") + QString::fromLatin1(pid)));

@@ -8,6 +8,7 @@
 #include "accountfixtures.h"
 #include "filewatcher.h"
 #include "limitsfixtures.h"
+#include "patience.h"
 #include "program.h"
 #include "sandbox.h"
 #include "texts.h"
@@ -21,8 +22,6 @@
 
 namespace
 {
-constexpr int patience = 120000;
-
 template<typename Record>
 QString names(const QVector<Record> &records)
 {

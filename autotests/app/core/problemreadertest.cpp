@@ -8,6 +8,7 @@
 #include "brokenaccounts.h"
 #include "packetstream.h"
 #include "packing.h"
+#include "patience.h"
 #include "sandbox.h"
 #include "writeproblems.h"
 
@@ -72,7 +73,7 @@ struct Report {
             ended = true;
         });
         reader.start();
-        if (!QTest::qWaitFor([this] { return ended; }, 240000)) {
+        if (!QTest::qWaitFor([this] { return ended; }, patience)) {
             qFatal("The check does not end");
         }
     }

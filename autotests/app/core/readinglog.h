@@ -7,6 +7,7 @@
 #define READINGLOG_H
 
 #include "accountreader.h"
+#include "patience.h"
 
 #include <QTest>
 
@@ -50,7 +51,7 @@ public:
         unreadable.clear();
         message.clear();
         reader.start();
-        return QTest::qWaitFor([this] { return hasEnded(); }, 240000);
+        return QTest::qWaitFor([this] { return hasEnded(); }, patience);
     }
 
     bool hasEnded() const

@@ -7,6 +7,7 @@
 
 #include "eventloopdelay.h"
 #include "hostilefaces.h"
+#include "patience.h"
 #include "peakmemory.h"
 #include "picturechild.h"
 #include "picturefiles.h"
@@ -29,7 +30,6 @@
 
 namespace
 {
-constexpr int patience = 120000;
 // Sanitizers take memory and time of their own.
 #ifdef __SANITIZE_ADDRESS__
 constexpr bool isSanitized = true;

@@ -4,6 +4,7 @@
 */
 
 #include "progress.h"
+#include "patience.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -19,7 +20,6 @@ namespace
 /** In milliseconds. Progress is shown after half a second. */
 constexpr int shortTime = 500;
 constexpr int longTime = 700;
-constexpr int patience = 60000;
 
 /** Two connected descriptors: what is written to the second can be read from the first. */
 using Channel = std::array<int, 2>;

@@ -5,6 +5,7 @@
 
 #include "dialogparts.h"
 #include "mainwindow.h"
+#include "patience.h"
 #include "recordmodel.h"
 #include "recordview.h"
 #include "shadowtools.h"
@@ -15,8 +16,6 @@
 
 namespace
 {
-constexpr int patience = 240000;
-
 /** Runs one of the tools that change accounts. */
 QByteArray run(const QByteArrayList &command)
 {

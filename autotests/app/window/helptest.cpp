@@ -8,6 +8,7 @@
 #include "commandsdialog.h"
 #include "dialogparts.h"
 #include "mainwindow.h"
+#include "patience.h"
 #include "plan.h"
 #include "texts.h"
 #include "windowfixture.h"
@@ -87,7 +88,7 @@ void HelpTest::tellsAboutEachPage()
     window.pages()->setCurrentWidget(window.pages()->findChild<QWidget *>(page));
     QTest::keyClick(&window, Qt::Key_F1);
     QVERIFY(helpDialog(window));
-    QVERIFY(QTest::qWaitForWindowActive(helpDialog(window)));
+    QVERIFY(QTest::qWaitForWindowActive(helpDialog(window), patience));
     QCOMPARE(helpText(window).section(QLatin1Char('\n'), 0, 0), title);
     QVERIFY2(helpText(window).contains(sentence), qPrintable(helpText(window)));
     QCOMPARE(unnamedAccessibles(*helpDialog(window)), QStringList());
@@ -129,7 +130,7 @@ void HelpTest::closesByButton()
     const QPointer<QDialog> dialog = helpDialog(window);
     QVERIFY(dialog);
     dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Close)->click();
-    QTRY_VERIFY(!dialog);
+    QTRY_VERIFY_WITH_TIMEOUT(!dialog, patience);
 }
 
 void HelpTest::closesByEscape()
@@ -140,7 +141,7 @@ void HelpTest::closesByEscape()
     const QPointer<QDialog> dialog = helpDialog(window);
     QVERIFY(dialog);
     QTest::keyClick(dialog, Qt::Key_Escape);
-    QTRY_VERIFY(!dialog);
+    QTRY_VERIFY_WITH_TIMEOUT(!dialog, patience);
 }
 
 void HelpTest::tellsAboutCommands_data()
@@ -166,7 +167,7 @@ void HelpTest::tellsAboutCommands()
     }
     const QPointer<QDialog> help = helpDialog(dialog);
     QVERIFY(help);
-    QVERIFY(QTest::qWaitForWindowActive(help));
+    QVERIFY(QTest::qWaitForWindowActive(help, patience));
     const QStringList lines = helpText(dialog).split(QLatin1Char('\n'));
     QCOMPARE(lines.first(), text("Commands"));
     QVERIFY2(lines.value(1).startsWith(text("These commands make the change.")), qPrintable(lines.value(1)));
@@ -174,7 +175,7 @@ void HelpTest::tellsAboutCommands()
     QCOMPARE(lines.size(), 3);
     QCOMPARE(unnamedAccessibles(*help), QStringList());
     QTest::keyClick(help, Qt::Key_Escape);
-    QTRY_VERIFY(!help);
+    QTRY_VERIFY_WITH_TIMEOUT(!help, patience);
     QVERIFY(dialog.isVisible());
 }
 

@@ -14,6 +14,7 @@
 #include "newaccountpage.h"
 #include "notelabel.h"
 #include "pageparts.h"
+#include "patience.h"
 #include "recordview.h"
 #include "sandbox.h"
 #include "userspage.h"
@@ -233,7 +234,7 @@ void HostileNamesTest::showsMarkupOfLinesAsText()
     const Page<LimitsPage> limits;
     auto *table = part<QTreeView>(limits.page, "linesTable");
     const auto *decides = part<QLabel>(limits.page, "lineDecides");
-    QTRY_COMPARE_WITH_TIMEOUT(shownText(*decides), QStringLiteral("<b>u"), 60000);
+    QTRY_COMPARE_WITH_TIMEOUT(shownText(*decides), QStringLiteral("<b>u"), patience);
     const auto *meaning = part<QLabel>(limits.page, "lineMeaning");
     QVERIFY(meaning->text().contains(QLatin1String("<b>u")));
     QCOMPARE(meaning->textFormat(), Qt::PlainText);
@@ -265,7 +266,7 @@ void HostileNamesTest::showsMarkupInToolTips()
     label.setText(QStringLiteral("<b>bold</b> ").repeated(20));
     label.resize(60, label.sizeHint().height());
     label.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&label));
+    QVERIFY(QTest::qWaitForWindowExposed(&label, patience));
     QVERIFY(label.isSqueezed());
     QHelpEvent event(QEvent::ToolTip, QPoint(1, 1), label.mapToGlobal(QPoint(1, 1)));
     QCoreApplication::sendEvent(&label, &event);

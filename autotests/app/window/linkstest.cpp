@@ -11,6 +11,7 @@
 #include "history.h"
 #include "linklabel.h"
 #include "mainwindow.h"
+#include "patience.h"
 #include "recordview.h"
 #include "sandbox.h"
 #include "texts.h"
@@ -267,7 +268,7 @@ void LinksTest::leadsFromLineToUser()
     auto *lines = part<QTreeView>(page, "linesTable");
     lines->setCurrentIndex(lines->model()->index(1, 0));
     auto *decides = part<QLabel>(page, "lineDecides");
-    QTRY_COMPARE_WITH_TIMEOUT(shownText(*decides), text("bob"), 60000);
+    QTRY_COMPARE_WITH_TIMEOUT(shownText(*decides), text("bob"), patience);
     Q_EMIT decides->linkActivated(user("bob").toUrl());
     QCOMPARE(place(window), text("users bob"));
     lines->setCurrentIndex(lines->model()->index(0, 0));

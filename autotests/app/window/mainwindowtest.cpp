@@ -11,6 +11,7 @@
 #include "icons.h"
 #include "icontheme.h"
 #include "limitsfixtures.h"
+#include "patience.h"
 #include "recordview.h"
 #include "sandbox.h"
 #include "texts.h"
@@ -128,7 +129,7 @@ void MainWindowTest::readsBeforeFirstPaintWhenTold()
     QVERIFY(waitUntilRead(window));
     QSignalSpy again(&window, &MainWindow::reloaded);
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(QTest::qWaitForWindowExposed(&window, patience));
     QTest::qWait(200);
     QCOMPARE(again.size(), 0);
     QCOMPARE(shownRows(*accountsView(window)).size(), 3);
@@ -279,7 +280,7 @@ void MainWindowTest::tellsAboutItself()
     QVERIFY(dialog->informativeText().contains(text("GNU Lesser General Public License")));
     QCOMPARE(dialog->iconPixmap().toImage().pixelColor(32, 32), QColor(Qt::blue));
     QTest::keyClick(dialog, Qt::Key_Escape);
-    QTRY_VERIFY(!dialog);
+    QTRY_VERIFY_WITH_TIMEOUT(!dialog, patience);
 }
 
 void MainWindowTest::quits()
@@ -287,7 +288,7 @@ void MainWindowTest::quits()
     MainWindow window;
     QVERIFY(open(window));
     QTest::keyClick(&window, Qt::Key_Q, Qt::ControlModifier);
-    QTRY_VERIFY(!window.isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(!window.isVisible(), patience);
 }
 
 void MainWindowTest::startsWithoutSettings()

@@ -4,6 +4,7 @@
 */
 
 #include "mainwindow.h"
+#include "patience.h"
 #include "recordview.h"
 #include "sandbox.h"
 #include "windowfixture.h"
@@ -123,7 +124,7 @@ void PageSizeTest::showsWholeTexts()
     const QMap<QString, QWidget *> pages = takePages(window, desk);
     desk.resize(window.size());
     desk.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&desk));
+    QVERIFY(QTest::qWaitForWindowExposed(&desk, patience));
     if (isRead) {
         window.reload();
         QVERIFY(waitUntilRead(window));
@@ -167,8 +168,8 @@ void PageSizeTest::showsAllColumnsAtFirst()
     QVERIFY(open(window));
     for (int page = 0; page < 2; ++page) {
         window.pages()->setCurrentIndex(page);
-        QTRY_COMPARE(accountsView(window)->horizontalScrollBar()->maximum(), 0);
-        QTRY_COMPARE(clippedTexts(window).join(QLatin1Char('|')), QString());
+        QTRY_COMPARE_WITH_TIMEOUT(accountsView(window)->horizontalScrollBar()->maximum(), 0, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(clippedTexts(window).join(QLatin1Char('|')), QString(), patience);
     }
 }
 

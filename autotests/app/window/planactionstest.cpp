@@ -10,6 +10,7 @@
 #include "filecontent.h"
 #include "groupspage.h"
 #include "pageparts.h"
+#include "patience.h"
 #include "recordview.h"
 #include "sandbox.h"
 #include "texts.h"
@@ -54,7 +55,7 @@ struct Opened {
     {
         page.resize(900, 700);
         page.show();
-        if (!QTest::qWaitForWindowActive(&page) || !readAccounts(store)) {
+        if (!QTest::qWaitForWindowActive(&page, patience) || !readAccounts(store)) {
             qFatal("The accounts were not read");
         }
         if (name) {

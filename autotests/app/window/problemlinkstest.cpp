@@ -5,6 +5,7 @@
 
 #include "dialogparts.h"
 #include "mainwindow.h"
+#include "patience.h"
 #include "problemaccounts.h"
 #include "problemspage.h"
 #include "recordview.h"
@@ -105,7 +106,7 @@ void ProblemLinksTest::leadsToLimits()
     QVERIFY(open(window));
     ProblemsPage &page = goToProblems(window);
     const auto *lines = part<QTreeView>(window, "linesTable");
-    QTRY_COMPARE(lines->model()->rowCount(), 2);
+    QTRY_COMPARE_WITH_TIMEOUT(lines->model()->rowCount(), 2, patience);
     auto *filter = part<QComboBox>(*window.pages()->widget(2), "lineFilter");
     filter->setCurrentIndex(1);
     selectProblem(page, "ghost");

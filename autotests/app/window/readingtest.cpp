@@ -8,6 +8,7 @@
 #include "dialogparts.h"
 #include "generatedaccounts.h"
 #include "mainwindow.h"
+#include "patience.h"
 #include "recordmodel.h"
 #include "recordview.h"
 #include "sandbox.h"
@@ -230,13 +231,13 @@ void ReadingTest::showsNewUsersLive()
     const QByteArray before = passwd.readAll();
     const RecordView &users = *window.users();
     replaceUsers(before + "carl:x:1003:50:Carl:/home/carl:/bin/sh\n");
-    QTRY_COMPARE_WITH_TIMEOUT(namesIn(users).join(QLatin1Char(' ')), text("ada bob carl root"), 60000);
+    QTRY_COMPARE_WITH_TIMEOUT(namesIn(users).join(QLatin1Char(' ')), text("ada bob carl root"), patience);
     const QModelIndex carl = users.recordModel()->find(text("carl"));
     QVERIFY(carl.data(RecordModel::NewsRole).toBool());
     QVERIFY(!carl.sibling(0, 0).data(RecordModel::NewsRole).toBool());
     QCOMPARE(users.currentName(), text("ada"));
     replaceUsers(before);
-    QTRY_COMPARE_WITH_TIMEOUT(namesIn(users).join(QLatin1Char(' ')), text("ada bob root"), 60000);
+    QTRY_COMPARE_WITH_TIMEOUT(namesIn(users).join(QLatin1Char(' ')), text("ada bob root"), patience);
     QCOMPARE(users.currentName(), text("ada"));
 }
 
@@ -252,7 +253,7 @@ void ReadingTest::keepsPlaceWhenUsersChange()
     const QString top = users.indexAt({}).data().toString();
     QSignalSpy reloaded(&window.window, &MainWindow::reloaded);
     replaceUsers("aaa:x:999:50::/:/bin/sh\naab:x:1999:50::/:/bin/sh\n" + many);
-    QVERIFY(reloaded.wait(60000));
+    QVERIFY(reloaded.wait(patience));
     QCOMPARE(users.model()->rowCount(), 302);
     QCOMPARE(users.currentName(), text("user200"));
     QCOMPARE(users.indexAt({}).data().toString(), top);
@@ -266,12 +267,12 @@ void ReadingTest::tellsThatUsersCannotBeRead()
     QVERIFY(!message->isVisible());
     QSignalSpy reloaded(&window.window, &MainWindow::reloaded);
     Sandbox::remove(passwdPath());
-    QVERIFY(reloaded.wait(60000));
+    QVERIFY(reloaded.wait(patience));
     QVERIFY(message->isVisible());
     QCOMPARE(message->text(), text("<qt>Cannot read '/etc/passwd': No such file or directory</qt>"));
     QCOMPARE(namesIn(*window.users()).size(), 3);
     replaceUsers("eve:x:1002:50::/:/bin/sh\n");
-    QVERIFY(reloaded.wait(60000));
+    QVERIFY(reloaded.wait(patience));
     QVERIFY(!message->isVisible());
     QCOMPARE(namesIn(*window.users()), QStringList(text("eve")));
 }

@@ -9,6 +9,7 @@
 #include "accountstore.h"
 #include "dialogparts.h"
 #include "pageparts.h"
+#include "patience.h"
 #include "recordview.h"
 #include "windowparts.h"
 
@@ -21,6 +22,10 @@ struct ShownAccountPage {
     {
         page.resize(900, 600);
         page.show();
+        page.activateWindow();
+        if (!QTest::qWaitForWindowActive(&page, patience)) {
+            qFatal("The page is not active");
+        }
         reload();
     }
 

@@ -10,6 +10,7 @@
 #include "icontheme.h"
 #include "mainwindow.h"
 #include "pageparts.h"
+#include "patience.h"
 #include "recordview.h"
 #include "sandbox.h"
 #include "texts.h"
@@ -229,7 +230,7 @@ void WindowAccessTest::drawsPicturesAsSharpAsTheScreen()
     for (const int page : {0, 1}) {
         window.pages()->setCurrentIndex(page);
         const auto *picture = part<QLabel>(*window.pages()->currentWidget(), "picture");
-        QTRY_VERIFY(!picture->pixmap(Qt::ReturnByValue).isNull());
+        QTRY_VERIFY_WITH_TIMEOUT(!picture->pixmap(Qt::ReturnByValue).isNull(), patience);
         const qreal ratio = picture->pixmap(Qt::ReturnByValue).devicePixelRatio();
         QCOMPARE(QString::number(ratio), scale);
     }

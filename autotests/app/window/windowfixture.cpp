@@ -10,6 +10,7 @@
 #include "limitsfixtures.h"
 #include "listpage.h"
 #include "mainwindow.h"
+#include "patience.h"
 #include "recordview.h"
 
 #include <QFile>
@@ -42,7 +43,7 @@ void prepareWindow()
 bool waitUntilRead(MainWindow &window)
 {
     QSignalSpy reloaded(&window, &MainWindow::reloaded);
-    return reloaded.isValid() && reloaded.wait(240000);
+    return reloaded.isValid() && reloaded.wait(patience);
 }
 
 bool waitUntilShown(const QWidget &window)
@@ -55,7 +56,7 @@ bool waitUntilShown(const QWidget &window)
 bool open(MainWindow &window)
 {
     window.show();
-    return waitUntilRead(window) && QTest::qWaitForWindowActive(&window) && waitUntilShown(window);
+    return waitUntilRead(window) && QTest::qWaitForWindowActive(&window, patience) && waitUntilShown(window);
 }
 
 RecordView *accountsView(const MainWindow &window)

@@ -6,6 +6,7 @@
 #include "windowparts.h"
 
 #include "accountstore.h"
+#include "patience.h"
 
 #include <KSqueezedTextLabel>
 
@@ -75,7 +76,7 @@ bool readAccounts(AccountStore &store)
 {
     QSignalSpy ended(&store, &AccountStore::ended);
     store.read();
-    return ended.isValid() && ended.wait(240000);
+    return ended.isValid() && ended.wait(patience);
 }
 
 QString fieldText(const QWidget &page, const char *title)

@@ -96,8 +96,6 @@ void UserDetailsTest::leadsToGroups()
 {
     Sandbox::setAccounts("bob:x:1001:50::/:/bin/sh\n", "a b<%41>:x:50:\nclub:x:51:bob\n");
     ShownUsersPage page;
-    page.page.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&page.page));
     QStringList links;
     connect(&page.page, &AccountPage::followed, this, [&links](const AccountLink &link) {
         links.append(QString::number(int(link.kind)) + link.name);
@@ -118,7 +116,6 @@ void UserDetailsTest::givesWholeTextOfCutField()
     const QString home = QLatin1String("/home") + QStringLiteral("/directory").repeated(40);
     Sandbox::setAccounts("ada:x:1000:50:Ada:" + home.toLatin1() + ":/bin/sh\n", groupsFile);
     ShownUsersPage page;
-    QVERIFY(QTest::qWaitForWindowActive(&page.page));
     const auto labels = page.page.findChildren<KSqueezedTextLabel *>();
     const auto found = std::find_if(
         labels.begin(), labels.end(), [&home](const KSqueezedTextLabel *label) { return label->fullText() == home; });

@@ -3,6 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "patience.h"
 #include "shownuserspage.h"
 
 #include <KMessageWidget>
@@ -106,17 +107,17 @@ void UserLimitsTest::showsAllOfExplanation()
     page.select("bob");
     page.limits->setCurrentIndex(page.limits->model()->index(0, 0));
     auto *explanation = part<QLabel>(page.page, "limitExplanation");
-    QTRY_VERIFY(explanation->height() >= explanation->heightForWidth(explanation->width()));
+    QTRY_VERIFY_WITH_TIMEOUT(explanation->height() >= explanation->heightForWidth(explanation->width()), patience);
     // What does not fit can be scrolled to.
     auto *area = qobject_cast<QScrollArea *>(explanation->parentWidget()->parentWidget());
     QVERIFY(area);
-    QTRY_VERIFY(area->verticalScrollBar()->maximum() > 0);
+    QTRY_VERIFY_WITH_TIMEOUT(area->verticalScrollBar()->maximum() > 0, patience);
     QCOMPARE(area->horizontalScrollBar()->maximum(), 0);
     QVERIFY(page.page.height() <= 400);
 
     page.page.resize(900, 1600);
-    QTRY_COMPARE(area->verticalScrollBar()->maximum(), 0);
-    QTRY_COMPARE(area->height(), explanation->height());
+    QTRY_COMPARE_WITH_TIMEOUT(area->verticalScrollBar()->maximum(), 0, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(area->height(), explanation->height(), patience);
 }
 
 void UserLimitsTest::getsNoWiderWithNameOfFile()
@@ -186,9 +187,9 @@ void UserLimitsTest::tellsNothingWithoutUser()
     const auto *none = part<QLabel>(page.page, "noLimits");
     QVERIFY(none->isVisible());
     page.search->setText(QStringLiteral("nobody has this name"));
-    QTRY_VERIFY(!none->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(!none->isVisible(), patience);
     page.search->clear();
-    QTRY_VERIFY(none->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(none->isVisible(), patience);
 }
 
 void UserLimitsTest::tellsThatLimitsAreIncomplete()

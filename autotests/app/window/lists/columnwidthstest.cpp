@@ -3,6 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "patience.h"
 #include "samplelist.h"
 
 #include <QHeaderView>
@@ -65,7 +66,7 @@ void ColumnWidthsTest::narrowsLongTextsForOthers()
     list.setRoom(whole - 30);
     QCOMPARE(list.view.columnWidth(UserModel::FullNameColumn), fullName - 30);
     QCOMPARE(list.view.columnWidth(UserModel::KindColumn), kind);
-    QTRY_VERIFY(!list.isScrolling());
+    QTRY_VERIFY_WITH_TIMEOUT(!list.isScrolling(), patience);
     list.setRoom(whole + 30);
     QCOMPARE(list.view.columnWidth(UserModel::FullNameColumn), fullName);
 }
@@ -77,7 +78,7 @@ void ColumnWidthsTest::scrollsWithoutRoomForAll()
     list.setRoom(list.characters(20));
     QCOMPARE(list.view.columnWidth(UserModel::NameColumn), login);
     QCOMPARE(list.view.columnWidth(UserModel::FullNameColumn), list.characters(16));
-    QTRY_VERIFY(list.isScrolling());
+    QTRY_VERIFY_WITH_TIMEOUT(list.isScrolling(), patience);
 }
 
 void ColumnWidthsTest::makesRoomForAnotherColumn()
@@ -88,7 +89,7 @@ void ColumnWidthsTest::makesRoomForAnotherColumn()
     QVERIFY(list.view.isColumnHidden(UserModel::GidColumn));
     gid->trigger();
     QVERIFY(!list.view.isColumnHidden(UserModel::GidColumn));
-    QTRY_VERIFY(!list.isScrolling());
+    QTRY_VERIFY_WITH_TIMEOUT(!list.isScrolling(), patience);
 }
 
 void ColumnWidthsTest::keepsChosenWidths()

@@ -3,6 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "patience.h"
 #include "samplelist.h"
 
 #include <QDialog>
@@ -81,7 +82,7 @@ void RecordListTest::leavesEscToTheWindowWithoutSearch()
     action.setShortcut(Qt::Key_Escape);
     list.list.addAction(&action);
     QSignalSpy triggered(&action, &QAction::triggered);
-    QVERIFY(QTest::qWaitForWindowActive(&list.list));
+    QVERIFY(QTest::qWaitForWindowActive(&list.list, patience));
     list.search->setFocus();
     QTest::keyClicks(list.search, text("a"));
     QTest::keyClick(list.search, Qt::Key_Escape);
@@ -116,7 +117,7 @@ void RecordListTest::leadsFromSearchToList()
     QFETCH(Qt::Key, key);
 
     List list;
-    QVERIFY(QTest::qWaitForWindowActive(&list.list));
+    QVERIFY(QTest::qWaitForWindowActive(&list.list, patience));
     list.view->setCurrentName(text("carl"));
     list.list.focusSearch();
     QCOMPARE(QApplication::focusWidget(), list.search);
@@ -231,7 +232,7 @@ void RecordListTest::showsHiddenRecord()
 void RecordListTest::findsRowsByTheirFirstLetters()
 {
     List list;
-    QVERIFY(QTest::qWaitForWindowActive(&list.list));
+    QVERIFY(QTest::qWaitForWindowActive(&list.list, patience));
     // Also after a click on another column.
     list.view->setCurrentIndex(list.model.index(0, UserModel::UidColumn));
     QTest::keyClicks(list.view, text("ca"));

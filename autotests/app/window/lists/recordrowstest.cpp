@@ -3,6 +3,7 @@
     SPDX-License-Identifier: LGPL-2.1-or-later
 */
 
+#include "patience.h"
 #include "samplelist.h"
 #include "windowparts.h"
 
@@ -74,7 +75,7 @@ void RecordRowsTest::copiesSelectedRows()
     list.view->setShownColumns({UserModel::NameColumn, UserModel::UidColumn, UserModel::KindColumn});
     list.view->setCurrentName(text("root"));
     list.addToSelection("ada");
-    QVERIFY(QTest::qWaitForWindowActive(&list.list));
+    QVERIFY(QTest::qWaitForWindowActive(&list.list, patience));
     list.view->setFocus();
     QTest::keyClick(list.view, Qt::Key_C, Qt::ControlModifier);
     const QClipboard &clipboard = *QGuiApplication::clipboard();
@@ -262,10 +263,10 @@ void RecordRowsTest::givesSentencesTheRoomThatIsLeft()
     const int cut = view.columnWidth(UserModel::NameColumn);
     QVERIFY(cut < length);
     view.resize(2 * length, 300);
-    QTRY_VERIFY(view.columnWidth(UserModel::NameColumn) > length);
+    QTRY_VERIFY_WITH_TIMEOUT(view.columnWidth(UserModel::NameColumn) > length, patience);
     QCOMPARE(view.header()->length(), view.viewport()->width());
     view.resize(length / 2, 300);
-    QTRY_COMPARE(view.columnWidth(UserModel::NameColumn), cut);
+    QTRY_COMPARE_WITH_TIMEOUT(view.columnWidth(UserModel::NameColumn), cut, patience);
 }
 
 void RecordRowsTest::remembersState()

@@ -5,6 +5,7 @@
 
 #include "problemmodel.h"
 
+#include "patience.h"
 #include "texts.h"
 
 #include <QAbstractItemModelTester>
@@ -90,17 +91,17 @@ void ProblemModelTest::sortsFewAtOnce()
 void ProblemModelTest::sortsManyLater()
 {
     m_model->setProblems(problems(many));
-    QTRY_COMPARE(m_model->rowCount(), many);
+    QTRY_COMPARE_WITH_TIMEOUT(m_model->rowCount(), many, patience);
     const QPersistentModelIndex worst = m_model->index(0, ProblemModel::AccountColumn);
     sort(*m_model, ProblemModel::AccountColumn);
     QCOMPARE(worst.row(), 0);
-    QTRY_COMPARE(shown(*m_model, 0), text("user0"));
+    QTRY_COMPARE_WITH_TIMEOUT(shown(*m_model, 0), text("user0"), patience);
     QCOMPARE(shown(*m_model, 10), text("user10"));
     QCOMPARE(worst.row(), many - 1);
     QCOMPARE(worst.data().toString(), shown(*m_model, many - 1));
     // The order is known from now on.
     sort(*m_model, ProblemModel::SeverityColumn);
-    QTRY_COMPARE(worst.row(), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(worst.row(), 0, patience);
     sort(*m_model, ProblemModel::AccountColumn);
     QCOMPARE(worst.row(), many - 1);
 }
@@ -108,17 +109,17 @@ void ProblemModelTest::sortsManyLater()
 void ProblemModelTest::sortsByTheLastColumn()
 {
     m_model->setProblems(problems(many));
-    QTRY_COMPARE(m_model->rowCount(), many);
+    QTRY_COMPARE_WITH_TIMEOUT(m_model->rowCount(), many, patience);
     QSignalSpy sorted(m_model.get(), &QAbstractItemModel::layoutChanged);
     sort(*m_model, ProblemModel::AccountColumn);
     sort(*m_model, ProblemModel::PlaceColumn);
-    QTRY_COMPARE(sorted.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(sorted.size(), 1, patience);
     QCOMPARE(shown(*m_model, 0), QStringLiteral("user%1").arg(many - 1));
     // A search does not wait for the new order.
     sort(*m_model, ProblemModel::AccountColumn);
     m_model->setSearch(SearchWords(text("user77")));
     QCOMPARE(shown(*m_model, 0), text("user7799"));
-    QTRY_COMPARE(shown(*m_model, 0), text("user77"));
+    QTRY_COMPARE_WITH_TIMEOUT(shown(*m_model, 0), text("user77"), patience);
     QCOMPARE(m_model->rowCount(), 111);
 }
 
@@ -129,7 +130,7 @@ void ProblemModelTest::showsManyWhenTheyAreSorted()
     QSignalSpy reset(m_model.get(), &QAbstractItemModel::modelReset);
     m_model->setProblems(problems(many));
     QCOMPARE(m_model->rowCount(), 100);
-    QTRY_COMPARE(m_model->rowCount(), many);
+    QTRY_COMPARE_WITH_TIMEOUT(m_model->rowCount(), many, patience);
     QCOMPARE(shown(*m_model, 0), text("user0"));
     QCOMPARE(reset.size(), 1);
 }
@@ -143,7 +144,7 @@ void ProblemModelTest::sortsThoseThatAreNotShownYet()
     QSignalSpy sorted(m_model.get(), &QAbstractItemModel::layoutChanged);
     m_model->setProblems(problems(many));
     sort(*m_model, ProblemModel::AccountColumn);
-    QTRY_COMPARE(m_model->rowCount(), many);
+    QTRY_COMPARE_WITH_TIMEOUT(m_model->rowCount(), many, patience);
     QCOMPARE(shown(*m_model, 0), text("user0"));
     QCOMPARE(sorted.size(), 0);
 }
@@ -155,7 +156,7 @@ void ProblemModelTest::forgetsManyForFew()
     QCOMPARE(m_model->rowCount(), 10);
     // The threads that still work are first in the queue.
     m_model->setProblems(problems(many + 1));
-    QTRY_VERIFY(m_model->rowCount() != 10);
+    QTRY_VERIFY_WITH_TIMEOUT(m_model->rowCount() != 10, patience);
     QCOMPARE(m_model->rowCount(), many + 1);
 }
 

@@ -5,6 +5,7 @@
 
 #include "usermodel.h"
 
+#include "patience.h"
 #include "processortime.h"
 #include "ranking.h"
 #include "texts.h"
@@ -289,7 +290,7 @@ void RecordModelTest::marksNews()
     QVERIFY(model.index(1, 2).data(RecordModel::NewsRole).toBool());
     QVERIFY(!model.index(0, 2).data(RecordModel::NewsRole).toBool());
     QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
-    QVERIFY(changed.wait(60000));
+    QVERIFY(changed.wait(patience));
     QVERIFY(!model.index(1, 2).data(RecordModel::NewsRole).toBool());
 }
 

@@ -10,6 +10,7 @@
 #include "dialogparts.h"
 #include "icontheme.h"
 #include "limitsfixtures.h"
+#include "patience.h"
 #include "recordmodel.h"
 #include "recordview.h"
 #include "sandbox.h"
@@ -180,7 +181,7 @@ void GroupsPageTest::showsGroup()
     QVERIFY(!part<QLabel>(page.page, "picture")->pixmap(Qt::ReturnByValue).isNull());
     QCOMPARE(fieldText(page.page, "GID:"), text("50"));
     QCOMPARE(part<QLabel>(page.page, "remarks")->text(), text("System group: the GID is below 1000"));
-    QTRY_VERIFY(!page.page.findChild<Details *>()->verticalScrollBar()->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(!page.page.findChild<Details *>()->verticalScrollBar()->isVisible(), patience);
     page.select("club");
     QCOMPARE(fieldText(page.page, "GID:"), text("2000"));
     QCOMPARE(part<QLabel>(page.page, "remarks")->text(), QString());

@@ -8,6 +8,7 @@
 #include "dialogparts.h"
 #include "eventloopdelay.h"
 #include "limitsfixtures.h"
+#include "patience.h"
 #include "texts.h"
 #include "windowparts.h"
 
@@ -64,7 +65,7 @@ struct Page {
     {
         return QTest::qWaitFor(
             [=] { return table->model()->rowCount() == count && label("lineDecides") != QStringLiteral("\u2026"); },
-            60000);
+            patience);
     }
 
     QString label(const char *name) const

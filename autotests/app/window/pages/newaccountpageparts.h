@@ -9,6 +9,7 @@
 #include "accountstore.h"
 #include "dialogparts.h"
 #include "newaccountpage.h"
+#include "patience.h"
 
 #include <GroupSelectDialog>
 
@@ -78,7 +79,7 @@ struct Page : Store, NewAccountPage {
     bool open()
     {
         show();
-        return QTest::qWaitForWindowActive(this);
+        return QTest::qWaitForWindowActive(this, patience);
     }
 
     QLabel *note(const QString &edit) const

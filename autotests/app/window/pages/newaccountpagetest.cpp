@@ -5,6 +5,7 @@
 
 #include "newaccountpageparts.h"
 #include "pageparts.h"
+#include "patience.h"
 #include "sandbox.h"
 #include "windowparts.h"
 
@@ -316,10 +317,10 @@ void NewAccountPageTest::stacksItsPartsInLittleRoom()
     auto *form = part<QScrollArea>(page, "newAccount");
     QVERIFY(!isStacked(page));
     page.resize(form->widget()->minimumSizeHint().width() + 60, 480);
-    QTRY_VERIFY(isStacked(page));
+    QTRY_VERIFY_WITH_TIMEOUT(isStacked(page), patience);
     QCOMPARE(form->horizontalScrollBar()->maximum(), 0);
     page.resize(1200, 700);
-    QTRY_VERIFY(!isStacked(page));
+    QTRY_VERIFY_WITH_TIMEOUT(!isStacked(page), patience);
 }
 
 void NewAccountPageTest::stacksItsPartsForCommands()
@@ -330,11 +331,11 @@ void NewAccountPageTest::stacksItsPartsForCommands()
     const auto *form = part<QScrollArea>(page, "newAccount");
     const int heading = part<QLabel>(page, "commandsHeading")->minimumWidth();
     page.resize(form->widget()->minimumSizeHint().width() + heading + 50, 700); // enough for the heading alone
-    QTRY_VERIFY(!isStacked(page));
+    QTRY_VERIFY_WITH_TIMEOUT(!isStacked(page), patience);
     // In some languages the buttons are wider than any sentence has to be.
     part<QPushButton>(page, "copyCommandsButton")->setMinimumWidth(heading + 50);
     page.userName->setText(QStringLiteral("newbie"));
-    QTRY_VERIFY(isStacked(page));
+    QTRY_VERIFY_WITH_TIMEOUT(isStacked(page), patience);
     QCOMPARE(form->horizontalScrollBar()->maximum(), 0);
 }
 
@@ -348,9 +349,10 @@ void NewAccountPageTest::stacksItsPartsForLines()
     page.userName->setText(QStringLiteral("a:b"));
     QCOMPARE(page.shownCommands(), QString());
     page.resize(form->widget()->minimumSizeHint().width() + word + 60, 480);
-    QTRY_VERIFY(isStacked(page));
+    QTRY_VERIFY_WITH_TIMEOUT(isStacked(page), patience);
     QVERIFY(heading->isVisible());
-    QTRY_VERIFY(heading->heightForWidth(heading->width()) < 3 * heading->fontMetrics().lineSpacing());
+    QTRY_VERIFY_WITH_TIMEOUT(heading->heightForWidth(heading->width()) < 3 * heading->fontMetrics().lineSpacing(),
+                             patience);
     QCOMPARE(form->horizontalScrollBar()->maximum(), 0);
 }
 

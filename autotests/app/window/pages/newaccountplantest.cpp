@@ -6,6 +6,7 @@
 #include "dialogsequence.h"
 #include "newaccountpageparts.h"
 #include "pageparts.h"
+#include "patience.h"
 #include "sandbox.h"
 #include "texts.h"
 #include "windowparts.h"
@@ -162,7 +163,7 @@ void NewAccountPlanTest::coversNothingInLittleRoom()
     const auto *commands = part<QPlainTextEdit>(page, "commandsEdit");
     const QWidget *buttons = part<QPushButton>(page, "copyCommandsButton")->parentWidget();
     const auto *notes = part<QLabel>(page, "commandsNotes");
-    QTRY_VERIFY(notes->isVisible() && notes->height() >= notes->heightForWidth(notes->width()));
+    QTRY_VERIFY_WITH_TIMEOUT(notes->isVisible() && notes->height() >= notes->heightForWidth(notes->width()), patience);
     QVERIFY(commands->geometry().bottom() < buttons->y());
     QVERIFY(buttons->geometry().bottom() < notes->y());
     // What a window of 640x480 has for a page.

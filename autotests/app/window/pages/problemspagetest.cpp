@@ -8,6 +8,7 @@
 #include "accountstore.h"
 #include "dialogparts.h"
 #include "eventloopdelay.h"
+#include "patience.h"
 #include "problemaccounts.h"
 #include "problemstore.h"
 #include "recordview.h"
@@ -61,7 +62,7 @@ struct Page {
     {
         QSignalSpy ended(&problems, &ProblemStore::ended);
         accounts.read();
-        if (!ended.wait(240000)) {
+        if (!ended.wait(patience)) {
             qFatal("The machine was not checked");
         }
     }
@@ -307,14 +308,14 @@ void ProblemsPageTest::staysUsableWithManyProblems()
     EventLoopDelay delay;
     page.check();
     // They are shown when they are sorted.
-    QVERIFY(QTest::qWaitFor([&page] { return page.view->model()->rowCount() >= count; }, 240000));
+    QVERIFY(QTest::qWaitFor([&page] { return page.view->model()->rowCount() >= count; }, patience));
     const qint64 reading = delay.takeLongest().work;
     QVERIFY2(reading <= longestDelay, qPrintable(QString::number(reading)));
     qRegisterMetaType<QList<QPersistentModelIndex>>();
     qRegisterMetaType<QAbstractItemModel::LayoutChangeHint>();
     QSignalSpy sorted(page.view->model(), &QAbstractItemModel::layoutChanged);
     page.page.list()->view()->sortByColumn(1, Qt::AscendingOrder);
-    QVERIFY(QTest::qWaitFor([&sorted] { return !sorted.isEmpty(); }, 240000));
+    QVERIFY(QTest::qWaitFor([&sorted] { return !sorted.isEmpty(); }, patience));
     part<QLineEdit>(page.page, "searchField")->setText(text("user4711"));
     QCOMPARE(shownRows(*page.view).constFirst().section(QLatin1Char('|'), 2, 2), text("user4711"));
     const qint64 sorting = delay.takeLongest().work;
@@ -341,7 +342,7 @@ void ProblemsPageTest::checksAgainWhenFilesChange()
     page.check();
     QCOMPARE(page.view->model()->rowCount(), 0);
     Sandbox::write(path, content);
-    QVERIFY(QTest::qWaitFor([&page] { return page.view->model()->rowCount() == 1; }, 240000));
+    QVERIFY(QTest::qWaitFor([&page] { return page.view->model()->rowCount() == 1; }, patience));
 }
 
 QTEST_MAIN(ProblemsPageTest)

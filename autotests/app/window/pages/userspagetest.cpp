@@ -6,6 +6,7 @@
 #include "shownuserspage.h"
 
 #include "generatedaccounts.h"
+#include "patience.h"
 #include "program.h"
 #include "writeaccounts.h"
 
@@ -174,7 +175,7 @@ void UsersPageTest::showsUserOfLastTimeInView()
     page.list()->restoreState(settings);
     QVERIFY(readAccounts(store));
     page.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&page));
+    QVERIFY(QTest::qWaitForWindowExposed(&page, patience));
     QCOMPARE(part<QLabel>(page, "title")->text(), QStringLiteral("user99"));
     const RecordView *view = page.list()->view();
     const QRect current = view->visualRect(view->currentIndex());

@@ -9,6 +9,7 @@
 #include "hostilefaces.h"
 #include "icontheme.h"
 #include "limitsfixtures.h"
+#include "patience.h"
 #include "peakmemory.h"
 #include "picturefiles.h"
 #include "recordview.h"
@@ -33,8 +34,6 @@
 
 namespace
 {
-constexpr int patience = 120000;
-
 // The address sanitizer reads its options from the environment in each process.
 #ifdef __SANITIZE_ADDRESS__
 constexpr bool isSanitized = true;

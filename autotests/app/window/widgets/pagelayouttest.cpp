@@ -8,6 +8,7 @@
 #include "contentarea.h"
 #include "dialogparts.h"
 #include "partsplitter.h"
+#include "patience.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -56,24 +57,24 @@ private Q_SLOTS:
 void PageLayoutTest::givesWiderPagesToTheParts()
 {
     Page page;
-    QVERIFY(QTest::qWaitForWindowExposed(&page.page));
+    QVERIFY(QTest::qWaitForWindowExposed(&page.page, patience));
     page.holdBorders("listColumns");
     const int list = page.list->width();
     const int upper = page.upper->width();
     page.page.resize(900, 400);
-    QTRY_COMPARE(page.upper->width(), upper + 300);
+    QTRY_COMPARE_WITH_TIMEOUT(page.upper->width(), upper + 300, patience);
     QCOMPARE(page.list->width(), list);
 }
 
 void PageLayoutTest::givesHigherPagesToTheLastPart()
 {
     Page page;
-    QVERIFY(QTest::qWaitForWindowExposed(&page.page));
+    QVERIFY(QTest::qWaitForWindowExposed(&page.page, patience));
     page.holdBorders("listParts");
     const int upper = page.upper->height();
     const int lower = page.lower->height();
     page.page.resize(600, 700);
-    QTRY_COMPARE(page.lower->height(), lower + 300);
+    QTRY_COMPARE_WITH_TIMEOUT(page.lower->height(), lower + 300, patience);
     QCOMPARE(page.upper->height(), upper);
 }
 
@@ -92,13 +93,13 @@ void PageLayoutTest::makesRoomForScrollBar()
     PageLayout::arrange(&page, area, {new QLabel(QStringLiteral("beside"))});
     page.resize(600, 300);
     page.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&page));
-    QTRY_VERIFY(area->verticalScrollBar()->isVisible());
-    QTRY_COMPARE(area->horizontalScrollBar()->maximum(), 0);
+    QVERIFY(QTest::qWaitForWindowExposed(&page, patience));
+    QTRY_VERIFY_WITH_TIMEOUT(area->verticalScrollBar()->isVisible(), patience);
+    QTRY_COMPARE_WITH_TIMEOUT(area->horizontalScrollBar()->maximum(), 0, patience);
     const int width = area->width();
     page.resize(600, 900);
-    QTRY_VERIFY(!area->verticalScrollBar()->isVisible());
-    QTRY_VERIFY(area->width() < width);
+    QTRY_VERIFY_WITH_TIMEOUT(!area->verticalScrollBar()->isVisible(), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(area->width() < width, patience);
 }
 
 void PageLayoutTest::keepsTitleOnOneLine()
@@ -109,7 +110,7 @@ void PageLayoutTest::keepsTitleOnOneLine()
     const QLabel *title = PageLayout::addRow(rows, QStringLiteral("Title:"), field);
     page.resize(300, 400);
     page.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&page));
+    QVERIFY(QTest::qWaitForWindowExposed(&page, patience));
     QCOMPARE(title->height(), title->sizeHint().height());
     QCOMPARE(title->y(), field->y());
 }
