@@ -74,7 +74,7 @@ GroupsPage::GroupsPage(AccountStore *store, GroupModel *model, QWidget *parent)
     connect(m_members, &MemberList::followed, this, &AccountPage::followed);
     connect(m_limits, &SessionLimitsView::followed, this, &AccountPage::followed);
     connect(store, &AccountStore::groupsRead, this, &GroupsPage::showGroups);
-    connect(store, &AccountStore::usersRead, this, &GroupsPage::showMembers);
+    connect(store, &AccountStore::usersRead, this, &GroupsPage::showNewMembers);
     connect(store, &AccountStore::limitsRead, this, &GroupsPage::showLimits);
 }
 
@@ -112,10 +112,29 @@ void GroupsPage::showRecord(int record)
 
 void GroupsPage::showMembers()
 {
+    m_hasNewUsers = false;
     const int record = list()->view()->currentRecord();
     if (record != -1) {
         m_members->showMembers(m_model->at(record), store()->users());
     }
+}
+
+/** Very many members take a while, in which the page that is shown would not answer. */
+void GroupsPage::showNewMembers()
+{
+    if (isVisible()) {
+        showMembers();
+    } else {
+        m_hasNewUsers = true;
+    }
+}
+
+void GroupsPage::showEvent(QShowEvent *event)
+{
+    if (m_hasNewUsers) {
+        showMembers();
+    }
+    AccountPage::showEvent(event);
 }
 
 void GroupsPage::showLimits()

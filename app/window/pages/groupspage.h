@@ -23,12 +23,14 @@ public:
 
 protected:
     void showRecord(int record) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     GroupsPage(AccountStore *store, GroupModel *model, QWidget *parent);
     QWidget *createGroupPart();
     void showGroups();
     void showMembers();
+    void showNewMembers();
     void showLimits();
     void changeMembers();
 
@@ -36,6 +38,8 @@ private:
     GroupDetails *const m_details;
     MemberList *const m_members;
     SessionLimitsView *const m_limits;
+    /** Whether users were read since the members were shown. */
+    bool m_hasNewUsers = false;
 };
 
 #endif

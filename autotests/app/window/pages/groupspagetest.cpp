@@ -76,6 +76,7 @@ private Q_SLOTS:
     void tellsMembersFromPrimaryMembers();
     void leadsToMembers();
     void countsMembers();
+    void showsNewMembersWhenItIsShown();
     void makesRoomForMembersOfEachGroup();
     void showsLimitsOfGroup();
     void leavesOutRangesOfPrimaryGroups();
@@ -236,6 +237,17 @@ void GroupsPageTest::countsMembers()
     };
     QCOMPARE(title("staff"), text("3 &members"));
     QCOMPARE(title("ada"), text("1 &member"));
+}
+
+void GroupsPageTest::showsNewMembersWhenItIsShown()
+{
+    Page page;
+    page.select("ada");
+    page.page.hide();
+    Sandbox::setAccounts(QByteArray(usersFile).replace("Ada Byron", "Ada King"), groupsFile);
+    page.reload();
+    page.page.show();
+    QCOMPARE(shownRows(*page.members), QStringList(text("ada|No|Yes|Ada King|1000")));
 }
 
 void GroupsPageTest::makesRoomForMembersOfEachGroup()
